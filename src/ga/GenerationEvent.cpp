@@ -1,0 +1,100 @@
+#include <wx/event.h>
+#include <wx/thread.h>
+
+#include <atomic>
+#include <chrono>
+#include <ctime>
+#include <memory>
+#include <thread>
+
+#include "CContainer.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// How many notices may wait in the receiver's queue before the search waits for it to catch up. A toolkit
+/// empties its queue before it looks at the mouse or paints, so a search that posts faster than its notices
+/// are handled would freeze the window; small enough to keep Stop prompt, large enough to cost nothing.
+constexpr int MAX_OUTSTANDING = 64;
+
+/// How long a full queue may stand still before its receiver counts as gone.
+constexpr auto PATIENCE = 2s;
+constexpr auto POLL_INTERVAL = 200us;
+
+/// Counts itself for as long as it exists, so that the poster knows how many of its notices the receiver
+/// still has before it, whoever the receiver is.
+class CGenerationEvent : public wxCommandEvent {
+public:
+    CGenerationEvent(int nGeneration, std::shared_ptr<std::atomic<int>> pOutstanding)
+        : wxCommandEvent(wxEVT_COMMAND_MENU_SELECTED, ID_GENERATION_DONE),
+          m_pOutstanding(std::move(pOutstanding)) {
+        SetInt(nGeneration);
+        ++*m_pOutstanding;
+    }
+    CGenerationEvent(const CGenerationEvent& other)
+        : wxCommandEvent(other), m_pOutstanding(other.m_pOutstanding) {
+        ++*m_pOutstanding;
+    }
+    CGenerationEvent& operator=(const CGenerationEvent&) = delete;
+    ~CGenerationEvent() override { --*m_pOutstanding; }
+
+    [[nodiscard]] wxEvent* Clone() const override { return new CGenerationEvent(*this); }
+
+private:
+    std::shared_ptr<std::atomic<int>> m_pOutstanding;
+};
+
+/// Posts one notice per generation, and keeps the receiver's queue short.
+class CPostingSink : public CGenerationSink {
+public:
+    CPostingSink(wxEvtHandler* pReceiver, const CRelaxed<bool>& bStop)
+        : m_pReceiver(pReceiver), m_bStop(bStop) {}
+
+    void GenerationDone(int nGeneration) override {
+        if (m_pReceiver == nullptr) {
+            return;
+        }
+        WaitForReceiver();
+        m_pReceiver->AddPendingEvent(CGenerationEvent(nGeneration, m_pOutstanding));
+    }
+
+private:
+    /// Once the queue is full, waits until it is empty, until the search is stopped, or until the receiver
+    /// has handled nothing for so long that it counts as gone: then the search goes on without it until it
+    /// stirs again. A search on the window's own thread never waits, since nobody else would handle notices.
+    void WaitForReceiver() {
+        int nSeen = *m_pOutstanding;
+        m_bGone = m_bGone && nSeen >= m_nSeenWhenGone;
+        if (nSeen < MAX_OUTSTANDING || m_bGone || wxThread::IsMain()) {
+            return;
+        }
+        auto lastProgress = std::chrono::steady_clock::now();
+        while (nSeen > 0 && !m_bStop) {
+            std::this_thread::sleep_for(POLL_INTERVAL);
+            const int nNow = *m_pOutstanding;
+            const auto now = std::chrono::steady_clock::now();
+            if (nNow < nSeen) {
+                lastProgress = now;
+            } else if (now - lastProgress > PATIENCE) {
+                m_bGone = true;
+                m_nSeenWhenGone = nNow;
+                return;
+            }
+            nSeen = nNow;
+        }
+    }
+
+    wxEvtHandler* m_pReceiver;
+    const CRelaxed<bool>& m_bStop;
+    std::shared_ptr<std::atomic<int>> m_pOutstanding = std::make_shared<std::atomic<int>>(0);
+    bool m_bGone = false;
+    int m_nSeenWhenGone = 0;
+};
+
+}  // namespace
+
+void CContainer::RunGA(int nPopulation, int nGenerations) {
+    CPostingSink sink(m_pEventHandler, m_bStop);
+    RunSearch(nPopulation, nGenerations, static_cast<unsigned int>(std::time(nullptr)), sink);
+}
