@@ -1,0 +1,37 @@
+#include "BenchmarkSets.h"
+
+#include <array>
+
+namespace support {
+namespace {
+
+using enum EPiece;
+
+constexpr std::array MIXED = {Convex, Star, Convex, Comb};
+constexpr std::array RECTANGLES = {AlignedRectangle};
+constexpr std::array CONVEX = {Convex};
+constexpr std::array CONCAVE = {Star, Comb};
+
+constexpr std::array SETS = {
+    SBenchmarkSet{{"mixed", MIXED, 16}, 25},       SBenchmarkSet{{"rectangles", RECTANGLES, 4}, 100},
+    SBenchmarkSet{{"convex", CONVEX, 16}, 100},    SBenchmarkSet{{"concave", CONCAVE, 64}, 100},
+    SBenchmarkSet{{"concave", CONCAVE, 16}, 1000},
+};
+
+}  // namespace
+
+std::span<const SBenchmarkSet> BenchmarkSets() {
+    return SETS;
+}
+
+std::vector<CPolygon> MakeBenchmarkPieces(const SBenchmarkKind& kind, int nPieces) {
+    constexpr uint64_t SEED = 20;
+    CSeededRandom random(SEED);
+    std::vector<CPolygon> pieces;
+    for (size_t i = 0; i < static_cast<size_t>(nPieces); ++i) {
+        pieces.push_back(MakeSizedPiece(random, kind.m_Pieces[i % kind.m_Pieces.size()], kind.m_nVertices));
+    }
+    return pieces;
+}
+
+}  // namespace support

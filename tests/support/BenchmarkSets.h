@@ -1,0 +1,36 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "Pieces.h"
+
+namespace support {
+
+/// A kind of generated set, for any number of pieces. Pieces measure 20 to 60 units whatever their number, so
+/// that a larger set grows taller in its strip, not wider or finer.
+struct SBenchmarkKind {
+    std::string_view m_Name;
+    std::span<const EPiece> m_Pieces;  ///< taken in turn
+    int m_nVertices;
+};
+
+/// A benchmark set: a kind with its usual number of pieces.
+struct SBenchmarkSet {
+    SBenchmarkKind m_Kind;
+    int m_nPieces;
+};
+
+/// Mixed 25 × 16, rectangles 100 × 4, convex 100 × 16, concave 100 × 64, concave 1000 × 16.
+[[nodiscard]] std::span<const SBenchmarkSet> BenchmarkSets();
+
+/// The same pieces for the same kind and number, on every machine.
+[[nodiscard]] std::vector<CPolygon> MakeBenchmarkPieces(const SBenchmarkKind& kind, int nPieces);
+
+/// The benchmark set's own pieces.
+[[nodiscard]] inline std::vector<CPolygon> MakeBenchmarkPieces(const SBenchmarkSet& set) {
+    return MakeBenchmarkPieces(set.m_Kind, set.m_nPieces);
+}
+
+}  // namespace support

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <vector>
+
+#include "CSeededRandom.h"
+#include "Vector.h"
+
+namespace support {
+
+/// Vertices in order; counter-clockwise unless said otherwise.
+using Outline = std::vector<mgVector3>;
+
+[[nodiscard]] Outline RectangleOutline(float fWidth, float fHeight);
+
+/// nVertices on an ellipse whose box is about fWidth × fHeight, at random angles.
+[[nodiscard]] Outline ConvexOutline(CSeededRandom& random, int nVertices, float fWidth, float fHeight);
+
+/// As ConvexOutline, each vertex drawn towards the centre by a random factor: concave, never self-crossing.
+[[nodiscard]] Outline StarOutline(CSeededRandom& random, int nVertices, float fWidth, float fHeight);
+
+/// A bar with teeth of random heights that point up or down; nVertices is rounded down to a multiple of four.
+[[nodiscard]] Outline CombOutline(CSeededRandom& random, int nVertices, float fWidth, float fHeight);
+
+/// A letter L, T, U or Z of random whole sizes.
+[[nodiscard]] Outline LetterOutline(CSeededRandom& random);
+
+/// Random points joined in random order, so the outline crosses itself.
+[[nodiscard]] Outline ScribbleOutline(CSeededRandom& random, int nVertices);
+
+/// No area, too few vertices, vertices on one line, or repeated ones.
+[[nodiscard]] Outline DegenerateOutline(CSeededRandom& random);
+
+/// Rounds every coordinate to a multiple of fStep.
+[[nodiscard]] Outline Snapped(Outline outline, float fStep);
+
+[[nodiscard]] Outline Moved(Outline outline, float fX, float fY);
+
+[[nodiscard]] Outline Scaled(Outline outline, float fFactor);
+
+/// The same outline walked the other way round.
+[[nodiscard]] Outline Reversed(Outline outline);
+
+}  // namespace support
