@@ -1,0 +1,8 @@
+#pragma once
+
+#include "BatchOptions.h"
+
+/// The whole job: checks the polygon files, searches, prints the seed and the best height after the engine's
+/// lines, and draws the best packing. Whatever goes wrong is said on standard error.
+/// @return the status to exit with.
+[[nodiscard]] int RunBatch(const SBatchOptions& options);

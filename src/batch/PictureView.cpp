@@ -1,0 +1,48 @@
+#include "PictureView.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// Up to this size, texts and lines have their natural sizes.
+constexpr double COMMON_EXTENT = 600.0;
+
+}  // namespace
+
+SPictureView FindPictureView(const SPacking& packing) {
+    SPictureView view{0.0, packing.m_fStripWidth, 0.0, std::max(packing.m_fHeight, 0.0F), 1.0};
+    for (const CPolygon& polygon : packing.m_Placed) {
+        for (const CPoint& point : polygon.m_Points) {
+            const mgVector3 world = point.m_Position + polygon.m_ReferencePoint;
+            view.m_Left = std::min<double>(view.m_Left, world.x);
+            view.m_Right = std::max<double>(view.m_Right, world.x);
+            view.m_Bottom = std::min<double>(view.m_Bottom, world.y);
+            view.m_Top = std::max<double>(view.m_Top, world.y);
+        }
+    }
+    const double extent = std::max(view.m_Top - view.m_Bottom, view.m_Right - view.m_Left);
+    view.m_Scale = std::max(1.0, extent / COMMON_EXTENT);
+    return view;
+}
+
+bool IsFinite(const SPacking& packing) {
+    const auto isFinite = [](const CPolygon& polygon) {
+        return std::all_of(polygon.m_Points.begin(), polygon.m_Points.end(), [&polygon](const CPoint& point) {
+            const mgVector3 world = point.m_Position + polygon.m_ReferencePoint;
+            return std::isfinite(world.x) && std::isfinite(world.y);
+        });
+    };
+    return std::isfinite(packing.m_fStripWidth) && std::isfinite(packing.m_fHeight) &&
+           std::all_of(packing.m_Placed.begin(), packing.m_Placed.end(), isFinite);
+}
+
+double FindScaleStep(double top) {
+    const double power = std::pow(10.0, std::floor(std::log10(std::max(top, 1.0) / 10.0)));
+    for (const double factor : {1.0, 2.0, 5.0}) {
+        if (top <= 10.0 * factor * power) {
+            return factor * power;
+        }
+    }
+    return 10.0 * power;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <span>
+
+#include "Polygon.h"
+
+/// A packing to be drawn.
+struct SPacking {
+    std::span<const CPolygon> m_Placed;  ///< in drop order, at their reference points
+    float m_fStripWidth = 400.0F;
+    float m_fHeight = 0.0F;  ///< how high the packing reaches
+};
+
+/// The part of the plane that a packing and its strip take, in world coordinates.
+struct SPictureView {
+    double m_Left = 0.0;
+    double m_Right = 0.0;
+    double m_Bottom = 0.0;
+    double m_Top = 0.0;
+    double m_Scale =
+        1.0;  ///< how much texts and lines grow, so that a tall picture stays readable as a whole
+};
+
+/// Also encloses what sticks out of the strip: pieces wider than it, and vertices outside their boxes.
+[[nodiscard]] SPictureView FindPictureView(const SPacking& packing);
+
+/// Whether every number of the packing is finite.
+[[nodiscard]] bool IsFinite(const SPacking& packing);
+
+/// The distance between the marks of a scale from 0 to `top`: 1, 2 or 5 times a power of ten, and at most ten
+/// steps.
+[[nodiscard]] double FindScaleStep(double top);

@@ -1,0 +1,60 @@
+#include "PolygonPaths.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "PolygonFile.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool IsPolygonName(const fs::path& name) {
+    return name.extension() == ".pol" && name.native().front() != '.';
+}
+
+/// The folder's polygon files by name, and why it could not be listed; empty for a folder that could.
+std::string ListFolder(const std::string& folder, std::vector<std::string>& files) {
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        if (IsPolygonName(entry->path().filename())) {
+            files.push_back(entry->path().native());
+        }
+    }
+    if (error) {
+        return error.message();
+    }
+    std::sort(files.begin(), files.end());
+    return files.empty() ? "the folder holds no .pol files" : "";
+}
+
+void NoteFault(SPolygonPaths& found, const std::string& path, const std::string& reason) {
+    if (!reason.empty()) {
+        found.m_Faults.push_back(path + ": " + reason);
+    }
+}
+
+void CheckFile(SPolygonPaths& found, const std::string& file) {
+    NoteFault(found, file, FindPolygonFileFault(file.c_str()));
+    found.m_Files.push_back(file);
+}
+
+}  // namespace
+
+SPolygonPaths FindPolygonFiles(std::span<const std::string> paths) {
+    SPolygonPaths found;
+    for (const std::string& path : paths) {
+        std::error_code error;
+        if (!fs::is_directory(path, error)) {
+            CheckFile(found, path);
+            continue;
+        }
+        std::vector<std::string> files;
+        NoteFault(found, path, ListFolder(path, files));
+        for (const std::string& file : files) {
+            CheckFile(found, file);
+        }
+    }
+    return found;
+}
