@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "CContainer.h"
+#include "Outlines.h"
+
+/// Comparisons of the engine with the plain reference. Each runs both on the same input and returns the first
+/// difference in words, or nothing when they agree bit for bit.
+namespace reference {
+
+/// The profile analysis of one outline.
+[[nodiscard]] std::string FindProfileDifference(const support::Outline& outline);
+
+/// One hit test each way; `direction` need not be end − start.
+[[nodiscard]] std::string FindHitDifference(const mgVector3& point, const mgVector3& start,
+                                            const mgVector3& end, const mgVector3& direction);
+
+/// How far one polygon falls onto another, and where they touch.
+[[nodiscard]] std::string FindApproachDifference(const CPolygon& moving, CPolygon& obstacle);
+
+/// One placement of the container's polygons: fitness, resting places, contacts.
+[[nodiscard]] std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome);
+
+/// A whole search.
+struct SSearchCase {
+    std::vector<CPolygon> m_Polygons;
+    float m_fContainerWidth = 400.0F;
+    float m_fMutationProbability = 0.01F;
+    int m_nPopulation = 10;
+    int m_nGenerations = 10;
+    unsigned int m_nSeed = 1;
+    int m_nStopAt = -1;  ///< the generation whose report answers with a request to stop; −1: none
+};
+
+/// Console lines, progress reports with the statistics that they find, the last population, the best
+/// chromosome, and the number of draws.
+[[nodiscard]] std::string FindSearchDifference(const SSearchCase& searchCase);
+
+}  // namespace reference

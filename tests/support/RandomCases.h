@@ -1,0 +1,9 @@
+#pragma once
+
+namespace support {
+
+/// How many random cases a test tries: the given number in the ordinary run, a multiple of it where the
+/// environment variable NESTRIX_CASES_FACTOR says so, as it does for the long run.
+[[nodiscard]] int RandomCases(int nOrdinary);
+
+}  // namespace support
