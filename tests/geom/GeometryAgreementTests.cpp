@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "Agreement.h"
+#include "FamilyParameter.h"
+#include "Pieces.h"
+#include "RandomCases.h"
+
+// The geometry against the plain reference, bit for bit: hit tests, profiles, approach distances.
+
+namespace {
+
+using namespace support;
+
+/// Coordinates from a handful of values, so that equal ones meet all the time, with a few unreal ones.
+float Coordinate(CSeededRandom& random) {
+    constexpr float INFINITE = std::numeric_limits<float>::infinity();
+    if (random.Percent(3)) {
+        return random.Pick({INFINITE, -INFINITE, std::numeric_limits<float>::quiet_NaN(), -0.0F, 1e-45F,
+                            std::numeric_limits<float>::max()});
+    }
+    return random.Percent(50) ? static_cast<float>(random.Range(-3, 3)) : random.Between(-50.0F, 50.0F);
+}
+
+mgVector3 Position(CSeededRandom& random) {
+    const float x = Coordinate(random);
+    const float y = Coordinate(random);
+    return {x, y, 0.0F};
+}
+
+TEST(RandomHitTests, AgreeWithThePlainReference) {
+    CSeededRandom random(1);
+    const int nCases = RandomCases(200'000);
+    for (int i = 0; i < nCases; ++i) {
+        const mgVector3 point = Position(random);
+        const mgVector3 start = Position(random);
+        const mgVector3 end = Position(random);
+        const mgVector3 direction = random.Percent(80) ? end - start : Position(random);
+        ASSERT_EQ(reference::FindHitDifference(point, start, end, direction), "") << "case " << i;
+    }
+}
+
+Outline RandomOutline(CSeededRandom& random) {
+    Outline outline(random.Index(9));
+    for (mgVector3& vertex : outline) {
+        vertex = Position(random);
+    }
+    return outline;
+}
+
+TEST(RandomOutlines, HaveTheProfilesOfThePlainReference) {
+    CSeededRandom random(2);
+    const int nCases = RandomCases(50'000);
+    for (int i = 0; i < nCases; ++i) {
+        ASSERT_EQ(reference::FindProfileDifference(RandomOutline(random)), "") << "case " << i;
+    }
+}
+
+TEST(LargeOutlines, HaveTheProfilesOfThePlainReference) {
+    CSeededRandom random(3);
+    for (const int nVertices : {255, 256, 257, 1000}) {
+        EXPECT_EQ(reference::FindProfileDifference(StarOutline(random, nVertices, 50, 50)), "");
+        EXPECT_EQ(reference::FindProfileDifference(CombOutline(random, nVertices, 50, 50)), "");
+        EXPECT_EQ(reference::FindProfileDifference(ScribbleOutline(random, nVertices)), "");
+    }
+}
+
+class RandomPieces : public testing::TestWithParam<SFamily> {};
+
+Outline OutlineOf(const CPolygon& polygon) {
+    Outline outline;
+    for (const CPoint& point : polygon.m_Points) {
+        outline.push_back(point.m_Position);
+    }
+    return outline;
+}
+
+TEST_P(RandomPieces, HaveTheProfilesOfThePlainReference) {
+    CSeededRandom random(4);
+    for (const CPolygon& polygon : MakeSet(random, GetParam(), RandomCases(500))) {
+        ASSERT_EQ(reference::FindProfileDifference(OutlineOf(polygon)), "");
+    }
+}
+
+/// A place near the other one: often exactly in line with it, sometimes overlapping it.
+mgVector3 PlaceNear(CSeededRandom& random) {
+    const float x = random.Percent(30)   ? 0.0F
+                    : random.Percent(50) ? static_cast<float>(5 * random.Range(-9, 9))
+                                         : random.Between(-70.0F, 70.0F);
+    const float y =
+        random.Percent(50) ? static_cast<float>(5 * random.Range(-9, 20)) : random.Between(-70.0F, 700.0F);
+    return {x, y, 0.0F};
+}
+
+TEST_P(RandomPieces, ApproachEachOtherAsInThePlainReference) {
+    CSeededRandom random(5);
+    const int nPairs = RandomCases(1000);
+    for (int i = 0; i < nPairs; ++i) {
+        std::vector<CPolygon> pair = MakeSet(random, GetParam(), 2);
+        pair[0].m_ReferencePoint = PlaceNear(random);
+        pair[1].m_ReferencePoint = random.Percent(70) ? mgVector3() : PlaceNear(random);
+        ASSERT_EQ(reference::FindApproachDifference(pair[0], pair[1]), "") << "pair " << i;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, RandomPieces, testing::ValuesIn(AllFamilies().begin(), AllFamilies().end()),
+                         FamilyTestName);
+
+}  // namespace
