@@ -4,29 +4,37 @@
 #include <vector>
 
 #include "CContainer.h"
-#include "SBox.h"
-
-/// One polygon that has been dropped.
-struct SDrop {
-    int m_nPolygon = 0;          ///< index in the polygon set
-    mgVector3 m_ReferencePoint;  ///< where it came to rest
-};
+#include "CDropField.h"
+#include "SDrop.h"
 
 /// Turns chromosomes into packings of one polygon set, and keeps the working storage between them. For one
 /// thread at a time; whoever places on another thread makes a placement of his own.
+///
+/// Defined by the walk: every drop asks all that is placed, latest first. Most drops take the short cut of
+/// CDropField instead, which gives the same packing bit for bit.
 class CPlacement {
 public:
+    /// How many drops took which way, and how many layouts could take no short cut at all.
+    struct SCounts {
+        size_t m_nShort = 0;
+        size_t m_nWalked = 0;
+        size_t m_nWalkedLayouts = 0;
+    };
+
     /// @param polygons the set; it must outlive the placement and stay as it is.
     /// @param fTotalHeight the height of all polygons in one column. They fall from twice that height.
     CPlacement(std::span<const CPolygon> polygons, float fTotalHeight, float fStripWidth);
 
     /// Drops the genes' polygons in ascending order of their keys and returns the packing's fitness. Genes
     /// of unknown polygons are skipped.
-    /// @param pContacts hears of every contact; may be null.
+    /// @param pContacts hears of every contact; may be null. With it, every drop walks: the short cut does
+    ///        not know which of several equal contacts comes first.
     float Place(std::span<const SGene> genes, CContactSink* pContacts = nullptr);
 
     /// The last packing, in drop order.
     [[nodiscard]] std::span<const SDrop> Drops() const { return m_Drops; }
+
+    [[nodiscard]] const SCounts& Counts() const { return m_Counts; }
 
 private:
     struct SRest {
@@ -34,11 +42,17 @@ private:
         mgVector3 m_Contact;
     };
 
-    [[nodiscard]] SRest FindRest(const SDrop& falling) const;
+    void SortGenes(std::span<const SGene> genes);
+    [[nodiscard]] bool CanTakeShortCuts() const;
+    [[nodiscard]] float FindFall(const SDrop& falling, CContactSink* pContacts);
+    [[nodiscard]] SRest Walk(const SDrop& falling) const;
 
     std::span<const CPolygon> m_Polygons;
     float m_fTotalHeight;
     float m_fStartY;
+    CDropField m_Field;
     std::vector<SGene> m_Sorted;
     std::vector<SDrop> m_Drops;
+    bool m_bShortCuts = false;
+    SCounts m_Counts;
 };

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+/// Finds what lies in an x range of the strip, highest first. The strip is cut into columns of equal width;
+/// each keeps the placed polygons that reach into it, sorted by height. New polygons usually lie on
+/// top, so insertion is cheap, and a drop looks at little more than the skyline below it.
+class CColumnIndex {
+public:
+    struct SEntry {
+        float m_fHigh;  ///< nothing of the polygon's upper profile lies higher
+        int m_nDrop;
+    };
+
+    /// Columns over x from 0 to fWidth, the outer two reaching to infinity; each holds up to nCapacity.
+    void Reset(float fWidth, size_t nColumns, size_t nCapacity);
+
+    void Clear();
+
+    /// Enters a polygon in every column that [fLeft, fRight] touches; the two may come in either order.
+    void Insert(float fLeft, float fRight, SEntry entry);
+
+    /// Calls `visit(entry)` for the entries of each column that the range touches, highest first,
+    /// until it returns false: then goes on with the next column. Polygons in several columns come several
+    /// times.
+    template <class TVisit>
+    void Visit(float fLeft, float fRight, const TVisit& visit) const {
+        const SColumns columns = ColumnsOf(fLeft, fRight);
+        for (size_t nColumn = columns.m_nFirst; nColumn <= columns.m_nLast; ++nColumn) {
+            const SEntry* const pColumn = m_Entries.data() + nColumn * m_nCapacity;
+            for (size_t nEntry = m_Counts[nColumn]; nEntry > 0; --nEntry) {
+                if (!visit(pColumn[nEntry - 1])) {
+                    break;
+                }
+            }
+        }
+    }
+
+private:
+    struct SColumns {
+        size_t m_nFirst;
+        size_t m_nLast;
+    };
+
+    [[nodiscard]] SColumns ColumnsOf(float fLeft, float fRight) const;
+
+    float m_fColumnsPerUnit = 0.0F;
+    size_t m_nCapacity = 0;
+    std::vector<size_t> m_Counts;   ///< entries per column
+    std::vector<SEntry> m_Entries;  ///< m_nCapacity places per column, lowest first
+};
