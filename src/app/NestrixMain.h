@@ -1,0 +1,18 @@
+#pragma once
+
+/// The application's face: the application, its window, the scrolled form, the worker thread.
+
+#include <wx/app.h>
+
+#include "CNestrixFrame.h"
+#include "CNestrixScrolledWindow.h"
+#include "CPolyThread.h"
+
+class CNestrixApp : public wxApp {
+public:
+    /// Shows the window, then fills it: deliberately in this order, since the canvases can be set up only
+    /// once they are on the screen.
+    bool OnInit() override;
+};
+
+wxDECLARE_APP(CNestrixApp);

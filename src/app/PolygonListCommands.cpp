@@ -1,0 +1,37 @@
+#include <wx/filedlg.h>
+#include <wx/listbox.h>
+
+#include "CNestrixFrame.h"
+#include "FormControls.h"
+
+/// Kept for a command that does nothing yet, deliberately.
+void CNestrixFrame::OnMenuNext(wxCommandEvent&) {}
+
+/// A file chosen twice stands twice in the list and is packed twice, deliberately.
+void CNestrixFrame::OnAdd(wxCommandEvent&) {
+    wxFileDialog dialog(this, "Choose a polygon file", "./", "", "Polygon File (*.pol)|*.pol",
+                        wxFD_OPEN | wxFD_MULTIPLE, wxDefaultPosition);
+    auto* pList = FindControl<wxListBox>(*this, "ID_LST_POLYGON");
+    if (dialog.ShowModal() != wxID_OK || pList == nullptr) {
+        return;
+    }
+    wxArrayString paths;
+    dialog.GetPaths(paths);
+    if (!paths.IsEmpty()) {
+        pList->Insert(paths, pList->GetCount());
+    }
+}
+
+void CNestrixFrame::OnRemove(wxCommandEvent&) {
+    auto* pList = FindControl<wxListBox>(*this, "ID_LST_POLYGON");
+    const int nSelection = pList != nullptr ? pList->GetSelection() : wxNOT_FOUND;
+    if (nSelection != wxNOT_FOUND) {
+        pList->Delete(static_cast<unsigned int>(nSelection));
+    }
+}
+
+void CNestrixFrame::OnClear(wxCommandEvent&) {
+    if (auto* pList = FindControl<wxListBox>(*this, "ID_LST_POLYGON")) {
+        pList->Clear();
+    }
+}

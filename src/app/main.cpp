@@ -1,0 +1,17 @@
+#include <cstdio>
+#include <cstdlib>
+
+#include "NestrixMain.h"
+
+// Registers the factory of the application object, which checks first that the program and the toolkit were
+// built with the same options.
+wxIMPLEMENT_APP_NO_MAIN(CNestrixApp);
+
+int main(int argc, char** argv) {
+    // Whoever reads the output through a pipe sees each line when it is written.
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    // The toolkit's canvases draw through GLX, which a Wayland desktop offers to X11 programs only. The
+    // user's own choice of a backend is respected.
+    setenv("GDK_BACKEND", "x11", 0);
+    return wxEntry(argc, argv);
+}
