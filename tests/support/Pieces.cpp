@@ -87,6 +87,12 @@ CPolygon MakeHuge(CSeededRandom& random) {
     return MakePolygon(Scaled(SoundOutline(random), fFactor));
 }
 
+CPolygon MakeEndless(CSeededRandom& random) {
+    CPolygon polygon = MakePolygon(AlignedOutline(random));
+    polygon.m_BoundingBoxMax.y = std::numeric_limits<float>::infinity();
+    return polygon;
+}
+
 constexpr std::array ONLY_ALIGNED = {AlignedRectangle};
 constexpr std::array ONLY_RECTANGLES = {Rectangle};
 constexpr std::array ONLY_CONVEX = {Convex};
@@ -102,10 +108,11 @@ constexpr std::array WITH_LOOSE_BOXES = {AlignedRectangle, Star, LooseBox, Loose
 constexpr std::array WITH_SELF_CROSSING = {AlignedRectangle, SelfCrossing, SelfCrossing};
 constexpr std::array WITH_NOT_FINITE = {AlignedRectangle, Convex, Star, Comb, Lattice, NotFinite};
 constexpr std::array WITH_NEGATIVE_LOCAL = {NegativeLocal, AlignedRectangle};
-constexpr std::array WITH_HUGE = {AlignedRectangle, Convex, Huge};
+constexpr std::array WITH_HUGE = {AlignedRectangle, Convex, NegativeLocal, Huge};
+constexpr std::array WITH_ENDLESS = {AlignedRectangle, AlignedRectangle, AlignedRectangle, Endless};
 constexpr std::array EVERYTHING = {AlignedRectangle, Rectangle, Convex,        Star,     Comb,
                                    Letter,           Lattice,   Clockwise,     LooseBox, Degenerate,
-                                   SelfCrossing,     NotFinite, NegativeLocal, Huge};
+                                   SelfCrossing,     NotFinite, NegativeLocal, Huge,     Endless};
 
 constexpr std::array FAMILIES = {
     SFamily{"aligned rectangles", ONLY_ALIGNED},
@@ -123,6 +130,7 @@ constexpr std::array FAMILIES = {
     SFamily{"infinities among others", WITH_NOT_FINITE},
     SFamily{"negative local coordinates", WITH_NEGATIVE_LOCAL},
     SFamily{"huge pieces among others", WITH_HUGE},
+    SFamily{"endless boxes among aligned rectangles", WITH_ENDLESS},
     SFamily{"everything", EVERYTHING},
     SFamily{"one piece repeated", SOUND, 1},
     SFamily{"three pieces repeated", SOUND, 3},
@@ -144,6 +152,8 @@ CPolygon MakePiece(CSeededRandom& random, EPiece piece) {
             return MakeNegativeLocal(random);
         case Huge:
             return MakeHuge(random);
+        case Endless:
+            return MakeEndless(random);
         default:
             return MakePolygon(OutlineOf(random, piece, random.Range(3, 20)));
     }

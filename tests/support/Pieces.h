@@ -19,11 +19,12 @@ enum class EPiece {
     Lattice,    ///< a star whose vertices lie on a coarse lattice: vertical sides, repeated vertices, ties
     Clockwise,  ///< any of the above the wrong way round
     Degenerate,
-    LooseBox,       ///< a box smaller than, larger than, beside or inverse to its outline
-    SelfCrossing,   //
+    LooseBox,  ///< a box smaller than, larger than, beside or inverse to its outline
+    SelfCrossing,
     NotFinite,      ///< some coordinates or box edges infinite or not a number
     NegativeLocal,  ///< the local origin is anywhere but in the lower-left corner
-    Huge            ///< magnitudes up to the end of the float range
+    Huge,           ///< magnitudes up to the end of the float range
+    Endless  ///< an aligned rectangle with an infinitely tall box: fitness may be infinite or no number
 };
 
 /// One analysed piece with a random number of vertices.
