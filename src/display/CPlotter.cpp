@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 #include "CanvasText.h"
 
@@ -19,6 +20,14 @@ constexpr float LABEL_OFFSET = 8.0F;    ///< labels begin left of the plot area,
 /// are then drawn on the frame's first line.
 float PixelsPerUnit(float fPixels, float fRange) {
     return fRange > 0.0F ? fPixels / fRange : 0.0F;
+}
+
+void AddVertices(unsigned int nMode, std::span<const mgVector3> positions) {
+    glBegin(nMode);
+    for (const mgVector3& position : positions) {
+        glVertex2f(position.x, position.y);
+    }
+    glEnd();
 }
 
 }  // namespace
@@ -147,18 +156,22 @@ void CPlotter::DrawFrame() {
 }
 
 void CPlotter::DrawCurve() {
-    AddCurve(GL_LINE_STRIP);
-    m_Surface.SetPointSize(2.0F);
-    AddCurve(GL_POINTS);
-    m_Surface.SetPointSize(1.0F);
-}
-
-void CPlotter::AddCurve(unsigned int nMode) {
-    glBegin(nMode);
+    // Thinned in physical pixels, drawn in the view's: the two differ by the screen's scale.
+    const float fScale = m_Surface.Scale();
+    m_Thinner.Begin(static_cast<int>(std::ceil(m_fHeight * fScale)));
     for (const mgVector3& point : m_Points) {
-        glVertex2f(point.x * m_fScaleX + m_RightMargin, (point.y - m_fMinY) * m_fScaleY + m_BottomMargin);
+        const float fX = point.x * m_fScaleX + m_RightMargin;
+        const float fY = (point.y - m_fMinY) * m_fScaleY + m_BottomMargin;
+        m_Thinner.Add({fX * fScale, fY * fScale, 0.0F});
     }
-    glEnd();
+    m_Thinner.End();
+    glPushMatrix();
+    glScalef(1.0F / fScale, 1.0F / fScale, 1.0F);
+    AddVertices(GL_LINE_STRIP, m_Thinner.Line());
+    m_Surface.SetPointSize(2.0F);
+    AddVertices(GL_POINTS, m_Thinner.Dots());
+    m_Surface.SetPointSize(1.0F);
+    glPopMatrix();
 }
 
 void CPlotter::DrawLabels() {

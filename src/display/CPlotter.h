@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "CCurveThinner.h"
 #include "CGLSurface.h"
 #include "Geom.h"
 
@@ -59,9 +60,9 @@ private:
     void DrawFrame();
     void DrawCurve();
     void DrawLabels();
-    void AddCurve(unsigned int nMode);
 
     CGLSurface m_Surface;
+    CCurveThinner m_Thinner;
     bool m_bSetUp = false;       ///< OpenGL and the font are ready
     bool m_bViewPending = true;  ///< the plotter was off the screen when it was last reshaped
 
