@@ -8,6 +8,7 @@ namespace {
 
 /// Odd, so that the middle of a rectangle is on the grid.
 constexpr int GRID_LINES = 15;
+constexpr double CLEARLY_MORE = 1.05;
 
 struct SExtent {
     double m_Low = std::numeric_limits<double>::infinity();
@@ -64,11 +65,13 @@ SLabelPoint FindLabelPoint(const CPolygon& polygon) {
     }
     const int nMiddle = GRID_LINES / 2;
     SLabelPoint best{across.At(nMiddle), upward.At(nMiddle), 0.0};
+    best.m_Room = RoomAt(polygon, best.m_X, best.m_Y);
     for (int i = 0; i < GRID_LINES * GRID_LINES; ++i) {
         const double x = across.At(i % GRID_LINES);
         const double y = upward.At(i / GRID_LINES);
         const double room = RoomAt(polygon, x, y);
-        if (room > best.m_Room) {
+        // A little more room is not worth leaving the middle for.
+        if (room > CLEARLY_MORE * best.m_Room) {
             best = {x, y, room};
         }
     }
