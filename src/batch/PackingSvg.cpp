@@ -76,7 +76,7 @@ private:
 
     void DrawScale() {
         const double top = std::max(m_Packing.m_fHeight, 0.0F);
-        const double step = FindScaleStep(top);
+        const double step = FindScaleStep(m_View.Extent());
         BeginLines("scale", SCALE_COLOUR, 0.8);
         for (int i = 0; i * step <= top; ++i) {
             Line(-Sized(5.0), i * step, 0.0, i * step);

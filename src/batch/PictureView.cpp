@@ -21,8 +21,7 @@ SPictureView FindPictureView(const SPacking& packing) {
             view.m_Top = std::max<double>(view.m_Top, world.y);
         }
     }
-    const double extent = std::max(view.m_Top - view.m_Bottom, view.m_Right - view.m_Left);
-    view.m_Scale = std::max(1.0, extent / COMMON_EXTENT);
+    view.m_Scale = std::max(1.0, view.Extent() / COMMON_EXTENT);
     return view;
 }
 
@@ -37,10 +36,10 @@ bool IsFinite(const SPacking& packing) {
            std::all_of(packing.m_Placed.begin(), packing.m_Placed.end(), isFinite);
 }
 
-double FindScaleStep(double top) {
-    const double power = std::pow(10.0, std::floor(std::log10(std::max(top, 1.0) / 10.0)));
+double FindScaleStep(double extent) {
+    const double power = std::pow(10.0, std::floor(std::log10(std::max(extent, 1.0) / 10.0)));
     for (const double factor : {1.0, 2.0, 5.0}) {
-        if (top <= 10.0 * factor * power) {
+        if (extent <= 10.0 * factor * power) {
             return factor * power;
         }
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <span>
 
 #include "Polygon.h"
@@ -27,6 +28,6 @@ struct SPictureView {
 /// Whether every number of the packing is finite.
 [[nodiscard]] bool IsFinite(const SPacking& packing);
 
-/// The distance between the marks of a scale from 0 to `top`: 1, 2 or 5 times a power of ten, and at most ten
-/// steps.
-[[nodiscard]] double FindScaleStep(double top);
+/// The distance between the marks of a scale along a picture of this size: 1, 2 or 5 times a power of ten,
+/// and at most ten steps.
+[[nodiscard]] double FindScaleStep(double extent);
