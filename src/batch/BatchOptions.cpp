@@ -27,19 +27,24 @@ std::string CheckProbability(const std::string& text) {
 void Describe(CLI::App& app, SBatchOptions& options) {
     app.footer(FOOTER);
     app.add_option("PATH", options.m_Paths, "\".pol\" files, or folders whose *.pol files are taken by name")
-        ->required();
+        ->required()
+        ->type_name("");
     app.add_option("--population", options.m_nPopulation, "chromosomes in each generation")
-        ->check(CLI::Range(1, MOST_CHROMOSOMES))
+        ->check(CLI::Range(1, MOST_CHROMOSOMES).description(""))
+        ->type_name("N")
         ->capture_default_str();
     app.add_option("--generations", options.m_nGenerations, "generations bred after the first")
-        ->check(CLI::Range(0, std::numeric_limits<int>::max()))
+        ->check(CLI::Range(0, std::numeric_limits<int>::max()).description(""))
+        ->type_name("N")
         ->capture_default_str();
     app.add_option("--mutation", options.m_fMutation, "chance that a child is mutated, 0 to 1")
         ->check(CheckProbability)
+        ->type_name("P")
         ->capture_default_str();
     app.add_option("--seed", options.m_Seed,
-                   "start of the random numbers: the same seed repeats a search (default: the clock)");
-    app.add_option("--svg", options.m_SvgPath, "draw the best packing into this file");
+                   "start of the random numbers: the same seed repeats a search (default: the clock)")
+        ->type_name("S");
+    app.add_option("--svg", options.m_SvgPath, "draw the best packing into this file")->type_name("FILE");
 }
 
 }  // namespace

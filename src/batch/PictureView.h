@@ -18,8 +18,11 @@ struct SPictureView {
     double m_Right = 0.0;
     double m_Bottom = 0.0;
     double m_Top = 0.0;
-    double m_Scale =
-        1.0;  ///< how much texts and lines grow, so that a tall picture stays readable as a whole
+    /// How much texts and lines grow, so that a tall picture stays readable as a whole.
+    double m_Scale = 1.0;
+
+    /// The longer side.
+    [[nodiscard]] double Extent() const { return std::max(m_Right - m_Left, m_Top - m_Bottom); }
 };
 
 /// Also encloses what sticks out of the strip: pieces wider than it, and vertices outside their boxes.
