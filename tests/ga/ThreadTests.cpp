@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "BenchmarkSets.h"
+#include "CContainer.h"
+#include "CStdoutCapture.h"
+
+// A search on one thread while another does all that a window may do meanwhile. The thread sanitizer watches.
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// Counts the generations where another thread can see it.
+class CCounter final : public CGenerationSink {
+public:
+    void GenerationDone(int nGeneration) override {
+        m_nDone = nGeneration + 1;
+        m_nDone.notify_all();
+    }
+
+    std::atomic<int> m_nDone = 0;
+};
+
+class SearchOnAThread : public testing::Test {
+protected:
+    static constexpr int POPULATION = 8;
+    static constexpr int PIECES = 12;
+    static constexpr int ENDLESS = 1'000'000'000;
+
+    void SetUp() override {
+        m_Container.m_Polygons = support::MakeBenchmarkPieces(support::BenchmarkSets()[0].m_Kind, PIECES);
+    }
+
+    void TearDown() override {
+        m_Container.m_bStop = true;
+        if (m_Thread.joinable()) {
+            m_Thread.join();
+        }
+        g_MutationProbability = 0.01F;
+        if (HasFailure()) {
+            const std::string text = m_Silence.Text();  // the failures' own words are in it
+            std::fputs(text.c_str() + (text.size() > 4000 ? text.size() - 4000 : 0), stderr);
+        }
+    }
+
+    void Start(int nGenerations) {
+        m_Thread = std::thread([this, nGenerations] {
+            m_Container.RunSearch(POPULATION, nGenerations, 1, m_Counter);
+            m_bReturned = true;
+        });
+    }
+
+    void WaitForGeneration(int nGeneration) {
+        for (int nDone = m_Counter.m_nDone; nDone <= nGeneration; nDone = m_Counter.m_nDone) {
+            m_Counter.m_nDone.wait(nDone);
+        }
+    }
+
+    const support::CStdoutCapture m_Silence;  ///< before the thread that prints, so that it outlives it
+    CContainer m_Container;
+    CCounter m_Counter;
+    std::thread m_Thread;
+    std::atomic<bool> m_bReturned = false;
+};
+
+TEST_F(SearchOnAThread, ReturnsSoonAfterAnotherThreadAsksItToStop) {
+    Start(ENDLESS);
+    WaitForGeneration(3);
+    m_Container.m_bStop = true;
+    m_Thread.join();
+    EXPECT_TRUE(m_bReturned);
+    EXPECT_GE(m_Counter.m_nDone, 4);
+    EXPECT_EQ(m_Container.m_Population.size(), static_cast<size_t>(POPULATION));
+}
+
+TEST_F(SearchOnAThread, StopsWhateverTheMomentOfTheRequest) {
+    for (int nRound = 0; nRound < 50; ++nRound) {
+        m_Container.m_Population.clear();
+        m_Counter.m_nDone = 0;
+        Start(ENDLESS);
+        WaitForGeneration(nRound % 5);
+        std::this_thread::sleep_for(nRound * 7us);
+        m_Container.m_bStop = true;
+        m_Thread.join();
+        ASSERT_EQ(m_Container.m_Population.size(), static_cast<size_t>(POPULATION));
+    }
+}
+
+TEST_F(SearchOnAThread, HandsOutWholeBestChromosomesAllTheTime) {
+    Start(ENDLESS);
+    WaitForGeneration(0);
+    std::vector<CPolygon> placed;
+    float fBefore = m_Container.CopyBestChromosome().m_fFitness;
+    for (int i = 0; i < 2000 || m_Counter.m_nDone < 50; ++i) {
+        const CChromosome best = m_Container.CopyBestChromosome();
+        ASSERT_EQ(best.m_nGenes, PIECES);
+        // The fitness belongs to these genes and to no others.
+        ASSERT_EQ(m_Container.PlaceChromosome(best, placed, nullptr), best.m_fFitness);
+        ASSERT_GE(best.m_fFitness, fBefore);
+        fBefore = best.m_fFitness;
+    }
+}
+
+TEST_F(SearchOnAThread, BearsEveryReadAndWriteThatAWindowMakes) {
+    Start(ENDLESS);
+    WaitForGeneration(0);
+    for (int i = 0; i < 20'000 || m_Counter.m_nDone < 50; ++i) {
+        g_MutationProbability = static_cast<float>(i % 100) / 100.0F;
+        ASSERT_EQ(m_Container.PopulationSize(), POPULATION);
+        ASSERT_LE(m_Container.m_fWorstFitness, m_Container.m_fBestFitness);
+        ASSERT_GT(m_Container.m_fTotalHeight, 0.0F);
+        ASSERT_LT(m_Container.m_fAverageFitness, m_Container.m_fTotalHeight);
+        ASSERT_EQ(m_Container.m_Polygons.size(), static_cast<size_t>(PIECES));
+    }
+    EXPECT_FALSE(m_bReturned);
+}
+
+TEST_F(SearchOnAThread, RunsToItsEndUnderRequestsThatComeToNothing) {
+    // Another thread reads the request all the time and never makes it.
+    Start(300);
+    while (!m_bReturned) {
+        ASSERT_FALSE(m_Container.m_bStop);
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(m_Counter.m_nDone, 301);
+}
+
+TEST_F(SearchOnAThread, HasTheSameHistoryAsOnTheMainThread) {
+    Start(50);
+    m_Thread.join();
+    const CChromosome best = m_Container.m_BestChromosome;
+    CContainer again;
+    again.m_Polygons = m_Container.m_Polygons;
+    CCounter counter;
+    again.RunSearch(POPULATION, 50, 1, counter);
+    EXPECT_EQ(again.m_BestChromosome.m_fFitness, best.m_fFitness);
+    EXPECT_TRUE(std::equal(best.Genes().begin(), best.Genes().end(), again.m_BestChromosome.Genes().begin()));
+}
+
+}  // namespace
