@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "CVirtualDisplay.h"
+#include "SanitizerDefaults.h"
 
 namespace {
 
@@ -47,6 +48,26 @@ int RunInsideToolkit(int argc, char** argv) {
 }
 
 }  // namespace
+
+// The sanitizers call these, by these names, before main; without them nobody does.
+extern "C" {
+
+const char* __lsan_default_suppressions();
+const char* __lsan_default_options();
+const char* __tsan_default_options();
+
+const char* __lsan_default_suppressions() {
+    return support::TOOLKIT_LEAKS;
+}
+
+const char* __lsan_default_options() {
+    return "print_suppressions=0";
+}
+
+const char* __tsan_default_options() {
+    return support::TOOLKIT_RACES;
+}
+}
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
