@@ -14,7 +14,7 @@ struct SBatchOptions {
     std::vector<std::string> m_Paths;  ///< polygon files, and folders of them
     int m_nPopulation = 200;
     int m_nGenerations = 500;
-    float m_fMutation = 0.3F;            ///< the chance that a child is mutated, 0 .. 1
+    float m_fMutation = 0.1F;            ///< the chance that a child is mutated, 0 .. 1
     std::optional<unsigned int> m_Seed;  ///< absent: seed with the clock
     std::string m_SvgPath;               ///< where to draw the best packing; empty: nowhere
 };

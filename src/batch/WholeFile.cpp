@@ -97,7 +97,7 @@ std::string FindOutputFault(const std::string& path) {
         return std::strerror(EISDIR);
     }
     const fs::path place = IsSpecial(target) ? target : FolderOf(target) / ".";
-    return access(place.c_str(), W_OK) == 0 ? "" : std::strerror(errno);
+    return faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0 ? "" : std::strerror(errno);
 }
 
 std::string WriteWholeFile(const std::string& path, std::string_view content) {

@@ -1,0 +1,121 @@
+#include "BatchProgram.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <sstream>
+#include <vector>
+
+#include "CTemporaryFolder.h"
+#include "TextFiles.h"
+
+using support::CTemporaryFolder;
+
+namespace {
+
+int ExitStatusOf(int nWaitStatus) {
+    return WIFEXITED(nWaitStatus) ? WEXITSTATUS(nWaitStatus) : -1;
+}
+
+}  // namespace
+
+std::string SBatchResult::ValueOf(const std::string& label) const {
+    std::istringstream lines(m_Output);
+    std::string value;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with(label)) {
+            value = line.substr(label.size());
+        }
+    }
+    return value;
+}
+
+SBatchResult RunBatchProgram(const std::string& arguments, const std::string& before) {
+    const CTemporaryFolder scratch;
+    // The command's own redirections come later in the line and win.
+    const std::string command = before + "\n" NESTRIX_BATCH " >" + scratch.PathOf("out") + " 2>" +
+                                scratch.PathOf("err") + " " + arguments;
+    SBatchResult result;
+    result.m_nStatus = ExitStatusOf(std::system(command.c_str()));
+    result.m_Output = ReadFile(scratch.PathOf("out"));
+    result.m_Errors = ReadFile(scratch.PathOf("err"));
+    return result;
+}
+
+CRunningBatch::CRunningBatch(const std::string& arguments) {
+    std::vector<std::string> words{NESTRIX_BATCH};
+    std::istringstream stream(arguments);
+    for (std::string word; stream >> word;) {
+        words.push_back(word);
+    }
+    std::vector<char*> argv;
+    for (std::string& word : words) {
+        argv.push_back(word.data());
+    }
+    argv.push_back(nullptr);
+
+    int pipeEnds[2] = {-1, -1};
+    EXPECT_EQ(pipe2(pipeEnds, O_CLOEXEC), 0);
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_adddup2(&actions, pipeEnds[1], STDOUT_FILENO);
+    EXPECT_EQ(posix_spawn(&m_nProcess, NESTRIX_BATCH, &actions, nullptr, argv.data(), environ), 0);
+    posix_spawn_file_actions_destroy(&actions);
+    close(pipeEnds[1]);
+    m_pPipe = fdopen(pipeEnds[0], "r");
+}
+
+CRunningBatch::~CRunningBatch() {
+    if (m_nProcess > 0) {
+        kill(m_nProcess, SIGKILL);
+        WaitForEnd();
+    }
+    CloseOutput();
+}
+
+bool CRunningBatch::ReadLine(std::string& line) {
+    line.clear();
+    for (int c = std::fgetc(m_pPipe); c != EOF; c = std::fgetc(m_pPipe)) {
+        line.push_back(static_cast<char>(c));
+        if (c == '\n') {
+            break;
+        }
+    }
+    m_Output += line;
+    return !line.empty();
+}
+
+bool CRunningBatch::ReadUntil(const std::string& start) {
+    std::string line;
+    while (ReadLine(line)) {
+        if (line.starts_with(start)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void CRunningBatch::Signal(int nSignal) const {
+    EXPECT_EQ(kill(m_nProcess, nSignal), 0);
+}
+
+void CRunningBatch::CloseOutput() {
+    if (m_pPipe != nullptr) {
+        std::fclose(m_pPipe);
+        m_pPipe = nullptr;
+    }
+}
+
+int CRunningBatch::WaitForEnd() {
+    std::string line;
+    while (m_pPipe != nullptr && ReadLine(line)) {
+    }
+    int nWaitStatus = 0;
+    EXPECT_EQ(waitpid(m_nProcess, &nWaitStatus, 0), m_nProcess);
+    m_nProcess = -1;
+    return ExitStatusOf(nWaitStatus);
+}

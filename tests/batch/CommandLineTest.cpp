@@ -1,0 +1,79 @@
+#include <gmock/gmock.h>
+
+#include "BatchProgram.h"
+
+using testing::HasSubstr;
+
+namespace {
+
+/// Runs with options that are at fault, on files that are not.
+SBatchResult RunWithBadOptions(const std::string& options) {
+    return RunBatchProgram(NESTRIX_SAMPLES "/squares " + options);
+}
+
+void ExpectRefused(const SBatchResult& result, const std::string& complaint) {
+    EXPECT_EQ(result.m_nStatus, 2);
+    EXPECT_EQ(result.m_Output, "");
+    EXPECT_THAT(result.m_Errors, HasSubstr(complaint));
+}
+
+}  // namespace
+
+TEST(CommandLine, HelpNamesEveryOptionAndExitsWithZero) {
+    const SBatchResult result = RunBatchProgram("--help");
+    EXPECT_EQ(result.m_nStatus, 0);
+    for (char const* const pOption : {"PATH", "--population", "--generations", "--mutation", "--seed",
+                                      "--svg", "Ctrl-C", "Exit status"}) {
+        EXPECT_THAT(result.m_Output, HasSubstr(pOption));
+    }
+    EXPECT_EQ(result.m_Errors, "");
+}
+
+TEST(CommandLine, WithoutAPathIsRefused) {
+    ExpectRefused(RunBatchProgram("--generations 1"), "PATH is required");
+}
+
+TEST(CommandLine, UnknownOptionIsRefused) {
+    ExpectRefused(RunWithBadOptions("--speed 3"), "--speed");
+}
+
+TEST(CommandLine, OptionWithoutItsValueIsRefused) {
+    ExpectRefused(RunWithBadOptions("--seed"), "--seed");
+}
+
+TEST(CommandLine, PopulationOutsideOneToAMillionIsRefused) {
+    ExpectRefused(RunWithBadOptions("--population 0"), "--population");
+    ExpectRefused(RunWithBadOptions("--population -3"), "--population");
+    ExpectRefused(RunWithBadOptions("--population 1000001"), "--population");
+}
+
+TEST(CommandLine, NegativeGenerationsAreRefused) {
+    ExpectRefused(RunWithBadOptions("--generations -1"), "--generations");
+}
+
+TEST(CommandLine, MutationThatIsNoProbabilityIsRefused) {
+    ExpectRefused(RunWithBadOptions("--mutation 1.01"), "--mutation");
+    ExpectRefused(RunWithBadOptions("--mutation -0.01"), "--mutation");
+    ExpectRefused(RunWithBadOptions("--mutation nan"), "--mutation");
+    ExpectRefused(RunWithBadOptions("--mutation often"), "--mutation");
+}
+
+TEST(CommandLine, SeedBeyondAnUnsignedIntIsRefused) {
+    ExpectRefused(RunWithBadOptions("--seed 4294967296"), "--seed");
+    ExpectRefused(RunWithBadOptions("--seed -1"), "--seed");
+}
+
+TEST(CommandLine, BothEndsOfTheProbabilityAreAccepted) {
+    EXPECT_EQ(RunWithBadOptions("--generations 1 --population 4 --mutation 0").m_nStatus, 0);
+    EXPECT_EQ(RunWithBadOptions("--generations 1 --population 4 --mutation 1").m_nStatus, 0);
+}
+
+TEST(CommandLine, GreatestSeedIsAcceptedAndPrinted) {
+    const SBatchResult result = RunWithBadOptions("--generations 0 --seed 4294967295");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.ValueOf("Seed: "), "4294967295");
+}
+
+TEST(CommandLine, HelpOnAFullDiskFails) {
+    EXPECT_EQ(RunBatchProgram("--help >/dev/full").m_nStatus, 1);
+}

@@ -1,0 +1,116 @@
+#include <gmock/gmock.h>
+#include "BatchProgram.h"
+#include "CCommaLocale.h"
+#include "CTemporaryFolder.h"
+#include "TextFiles.h"
+
+using support::CCommaLocale;
+using support::CTemporaryFolder;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+
+namespace {
+
+const std::string SMALL_SEARCH = NESTRIX_SAMPLES "/squares --population 20 --generations 5 --seed 7";
+
+/// The shell commands that switch to a decimal comma.
+std::string SwitchToDecimalComma() {
+    return std::string("export LOCPATH=") + CCommaLocale::Folder() + " LC_ALL=" + CCommaLocale::Name();
+}
+
+}  // namespace
+
+TEST(SmallSearch, PrintsAndDrawsWhatItAlwaysHas) {
+    const CTemporaryFolder folder;
+    const SBatchResult result = RunBatchProgram(SMALL_SEARCH + " --svg " + folder.PathOf("packing.svg"));
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.m_Errors, "");
+    EXPECT_EQ(result.m_Output, ReadFile("golden/squares.txt"));
+    EXPECT_EQ(ReadFile(folder.PathOf("packing.svg")), ReadFile("golden/squares.svg"));
+}
+
+TEST(SmallSearch, RepeatsItselfWithTheSameSeed) {
+    const CTemporaryFolder folder;
+    const std::string search = NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed 11 --svg ";
+    const SBatchResult first = RunBatchProgram(search + folder.PathOf("first.svg"));
+    const SBatchResult second = RunBatchProgram(search + folder.PathOf("second.svg"));
+    EXPECT_EQ(first.m_nStatus, 0);
+    EXPECT_EQ(first.m_Output, second.m_Output);
+    EXPECT_EQ(ReadFile(folder.PathOf("first.svg")), ReadFile(folder.PathOf("second.svg")));
+}
+
+TEST(SmallSearch, DiffersWithAnotherSeed) {
+    const std::string search = NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed ";
+    EXPECT_NE(RunBatchProgram(search + "11").m_Output, RunBatchProgram(search + "12").m_Output);
+}
+
+TEST(SmallSearch, WithoutASeedSaysWhichOneRepeatsIt) {
+    const std::string search = NESTRIX_SAMPLES "/concave --population 10 --generations 3";
+    const SBatchResult first = RunBatchProgram(search);
+    const SBatchResult again = RunBatchProgram(search + " --seed " + first.ValueOf("Seed: "));
+    EXPECT_EQ(first.m_nStatus, 0);
+    EXPECT_EQ(first.m_Output, again.m_Output);
+}
+
+TEST(SmallSearch, EndsWithSeedAndBestHeight) {
+    const SBatchResult result = RunBatchProgram(SMALL_SEARCH);
+    EXPECT_THAT(result.m_Output, MatchesRegex(".*\nSeed: 7\nBest height: [0-9]+\\.[0-9]+\n"));
+}
+
+TEST(BestHeight, IsTheStackedHeightLessTheBestFitness) {
+    const SBatchResult result = RunBatchProgram(SMALL_SEARCH);
+    const float fStacked = 90.0F + 75.0F + 60.0F + 45.0F + 30.0F;
+    const float fFitness = std::stof(result.ValueOf("Best Chromosome so far is "));
+    EXPECT_EQ(std::stof(result.ValueOf("Best height: ")), fStacked - fFitness);
+}
+
+TEST(BestHeight, OfOnePieceIsItsOwn) {
+    const CTemporaryFolder folder;
+    const SBatchResult result =
+        RunBatchProgram(folder.Write("a.pol", SquareFile(20.0F)) + " --population 3 --generations 2");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.ValueOf("Best height: "), "20.000000");
+}
+
+TEST(ZeroGenerations, GiveTheBestOfTheFirst) {
+    const SBatchResult result = RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 0 --seed 1");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_THAT(result.m_Output, MatchesRegex("Seed: 1\nBest height: [0-9.]+\n"));
+}
+
+TEST(DecimalComma, ChangesNeitherLinesNorPicture) {
+    const CTemporaryFolder folder;
+    const SBatchResult result = RunBatchProgram(
+        SMALL_SEARCH + " --mutation 0.1 --svg " + folder.PathOf("packing.svg"), SwitchToDecimalComma());
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.m_Output, ReadFile("golden/squares.txt"));
+    EXPECT_EQ(ReadFile(folder.PathOf("packing.svg")), ReadFile("golden/squares.svg"));
+}
+
+TEST(StandardOutput, ThatCannotBeWrittenFails) {
+    const SBatchResult result = RunBatchProgram(SMALL_SEARCH + " >/dev/full");
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_THAT(result.m_Errors, HasSubstr("standard output could not be written"));
+}
+
+TEST(StandardOutput, ThatCannotBeWrittenFailsWithoutAnyGeneration) {
+    EXPECT_EQ(RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 0 >/dev/full").m_nStatus, 1);
+}
+
+TEST(StandardOutput, ThatNobodyReadsAnyMoreEndsTheSearch) {
+    CRunningBatch batch(NESTRIX_SAMPLES "/squares --generations 2000000000");
+    ASSERT_TRUE(batch.ReadUntil("Generation 1 "));
+    batch.CloseOutput();
+    EXPECT_EQ(batch.WaitForEnd(), 1);
+}
+
+TEST(EndlessPolygons, GiveNoHeightAndNoPicture) {
+    const CTemporaryFolder folder;
+    const std::string huge = "3\n0,0\n1,0\n0,3e38\n;1,3e38\n0,0\n";
+    const std::string piece = folder.Write("huge.pol", huge);
+    const SBatchResult result =
+        RunBatchProgram(piece + " " + piece + " --generations 1 --svg " + folder.PathOf("packing.svg"));
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_THAT(result.m_Errors, HasSubstr("too large"));
+    EXPECT_EQ(EntryCount(folder.Path()), 1);
+}

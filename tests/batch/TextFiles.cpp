@@ -1,0 +1,36 @@
+#include "TextFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "PolygonMaking.h"
+
+namespace fs = std::filesystem;
+
+std::string ReadFile(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        ADD_FAILURE() << "cannot read " << path;
+    }
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
+std::string SquareFile(float fSide) {
+    return support::PolygonFileText(support::MakeSquare(fSide));
+}
+
+int CountOf(const std::string& part, const std::string& text) {
+    int nCount = 0;
+    for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size())) {
+        ++nCount;
+    }
+    return nCount;
+}
+
+int EntryCount(const fs::path& folder) {
+    return static_cast<int>(std::distance(fs::directory_iterator(folder), {}));
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+/// The content of a file; fails the running test where it cannot be read.
+[[nodiscard]] std::string ReadFile(const std::filesystem::path& path);
+
+/// A polygon file with one square.
+[[nodiscard]] std::string SquareFile(float fSide);
+
+/// How often `part` occurs in `text`.
+[[nodiscard]] int CountOf(const std::string& part, const std::string& text);
+
+/// How many entries the folder holds.
+[[nodiscard]] int EntryCount(const std::filesystem::path& folder);
