@@ -36,7 +36,7 @@ std::vector<SSample> LoadSamples(const fs::path& folder) {
     std::vector<SSample> samples;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
         if (IsPolygonFile(entry.path())) {
-            samples.emplace_back(entry.path().lexically_relative(SAMPLES));
+            samples.push_back({entry.path().lexically_relative(SAMPLES), {}});
             EXPECT_TRUE(samples.back().m_Polygon.ReadPolygon(entry.path().c_str()));
         }
     }
