@@ -105,10 +105,14 @@ void CNestrixFrame::Initialize() {
     m_pTxtTotalPop = FindControl<wxTextCtrl>(*this, "ID_TXT_TOTAL_POP");
 }
 
-/// A form without the placeholder leaves the canvas where it was created.
+/// A form without the placeholder leaves the canvas where it was created. There is nothing to type into a
+/// canvas: Tab passes over it, and over the placeholder around it.
 void CNestrixFrame::Plant(wxWindow* pCanvas, const char* pPlaceholder) {
     const wxLogNull quiet;
-    wxXmlResource::Get()->AttachUnknownControl(pPlaceholder, pCanvas, m_pScrolledWindow);
+    pCanvas->SetCanFocus(false);
+    if (wxXmlResource::Get()->AttachUnknownControl(pPlaceholder, pCanvas, m_pScrolledWindow)) {
+        pCanvas->GetParent()->SetCanFocus(false);
+    }
 }
 
 CPlotter* CNestrixFrame::PlantPlotter(const char* pPlaceholder) {

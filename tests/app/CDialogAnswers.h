@@ -1,0 +1,27 @@
+#pragma once
+
+#include <wx/modalhook.h>
+
+#include <string>
+#include <vector>
+
+namespace support {
+
+/// While it lives, no dialog comes up: each is answered at once, and its message kept.
+class CDialogAnswers : public wxModalDialogHook {
+public:
+    /// @param nAnswer what every dialog returns, wxID_OK or wxID_CANCEL.
+    explicit CDialogAnswers(int nAnswer) : m_nAnswer(nAnswer) { Register(); }
+
+    /// "caption: text" of each message box, the message of each file dialog.
+    [[nodiscard]] const std::vector<std::string>& Messages() const { return m_Messages; }
+
+protected:
+    int Enter(wxDialog* pDialog) override;
+
+private:
+    int m_nAnswer;
+    std::vector<std::string> m_Messages;
+};
+
+}  // namespace support

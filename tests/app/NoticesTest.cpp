@@ -1,0 +1,108 @@
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <thread>
+
+#include "CPolyDisplay.h"
+#include "CStdoutCapture.h"
+#include "EventPump.h"
+#include "FrameFixture.h"
+
+namespace {
+
+using support::FrameFixture;
+
+/// The least work a generation can be, so that notices come as fast as they can.
+constexpr int POPULATION = 2;
+
+class Notices : public FrameFixture {
+protected:
+    void SetUp() override {
+        FrameFixture::SetUp();
+        ListSquares(2);
+    }
+};
+
+TEST_F(Notices, AreAllHandledHoweverFastTheyCome) {
+    constexpr int GENERATIONS = 20000;
+    SetRun(POPULATION, GENERATIONS);
+    (void)support::PrintedBy([this] {
+        wxCommandEvent event(wxEVT_BUTTON, XRCID("ID_BTN_RUN_GA"));
+        m_pFrame->ProcessWindowEvent(event);
+        AwaitEndOfRun();
+    });
+    const auto& points = m_pFrame->m_pBestPlotter->m_Points;
+    ASSERT_EQ(points.size(), GENERATIONS + 1U);
+    for (size_t i = 0; i < points.size(); ++i) {
+        ASSERT_EQ(points[i].x, static_cast<float>(i));
+    }
+    EXPECT_EQ(m_pFrame->m_pGauge->GetValue(), m_pFrame->m_pGauge->GetRange());
+    EXPECT_EQ(Text("ID_TXT_AVG_FITNESS"),
+              std::to_string(static_cast<float>(m_pFrame->m_Container.m_fAverageFitness)));
+    EXPECT_EQ(Text("ID_TXT_BEST_FITNESS"),
+              std::to_string(static_cast<float>(m_pFrame->m_Container.m_fBestFitness)));
+    EXPECT_EQ(Text("ID_TXT_TOTAL_POP"), "2");
+}
+
+/// Counts the notices it hears.
+class CCountingHandler : public wxEvtHandler {
+public:
+    CCountingHandler() {
+        Bind(
+            wxEVT_MENU, [this](wxCommandEvent&) { ++m_nHeard; }, ID_GENERATION_DONE);
+    }
+    int m_nHeard = 0;
+};
+
+TEST_F(Notices, DoNotStallASearchOnTheWindowsOwnThread) {
+    CCountingHandler handler;
+    CContainer container;
+    container.m_pEventHandler = &handler;
+    (void)support::PrintedBy([&container] { container.RunGA(POPULATION, 1000); });
+    support::PumpPending();
+    EXPECT_EQ(handler.m_nHeard, 1001);
+}
+
+TEST_F(Notices, DoNotStallASearchWhoseReceiverHandlesNothing) {
+    CCountingHandler handler;
+    CContainer container;
+    container.m_pEventHandler = &handler;
+    const std::string printed = support::PrintedBy([&container] {
+        std::thread search([&container] { container.RunGA(POPULATION, 1000); });
+        search.join();
+    });
+    EXPECT_THAT(printed, testing::HasSubstr("Generation 1000 has been created"));
+    // Not one is lost: they wait for the day that the receiver wakes up.
+    support::PumpPending();
+    EXPECT_EQ(handler.m_nHeard, 1001);
+}
+
+TEST_F(Notices, DoNotKeepASearchFromStoppingWhoseReceiverHandlesNothing) {
+    CCountingHandler handler;
+    CContainer container;
+    container.m_pEventHandler = &handler;
+    std::atomic<bool> bEnded = false;
+    const auto stopped = [&] {
+        std::thread search([&] {
+            container.RunGA(POPULATION, 1000000);
+            bEnded = true;
+        });
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        const auto begin = std::chrono::steady_clock::now();
+        container.m_bStop = true;
+        search.join();
+        return std::chrono::steady_clock::now() - begin;
+    };
+    (void)support::PrintedBy([&] { EXPECT_LT(stopped(), std::chrono::milliseconds(300)); });
+    EXPECT_TRUE(bEnded);
+}
+
+TEST_F(Notices, ComeNoFurtherThanTheWindowThatCloses) {
+    SetRun(POPULATION, 1000000);
+    Press("ID_BTN_RUN_GA");
+    ASSERT_TRUE(support::PumpUntil([this] { return m_pFrame->m_pBestPlotter->m_Points.size() > 1000; }));
+    (void)support::PrintedBy([this] { CloseFrame(); });
+    support::PumpPending();
+}
+
+}  // namespace

@@ -1,0 +1,217 @@
+#include <gmock/gmock.h>
+
+#include "CPolyDisplay.h"
+#include "CStdoutCapture.h"
+#include "EventPump.h"
+#include "FrameFixture.h"
+
+namespace {
+
+using support::FrameFixture;
+using support::PrintedBy;
+using support::PumpUntil;
+using testing::HasSubstr;
+using testing::Not;
+
+class RunControl : public FrameFixture {
+protected:
+    [[nodiscard]] CContainer& Container() { return m_pFrame->m_Container; }
+    [[nodiscard]] size_t PointCount() const { return m_pFrame->m_pBestPlotter->m_Points.size(); }
+
+    /// A whole run, with all that it prints.
+    std::string RunToItsEnd() {
+        return PrintedBy([this] {
+            wxCommandEvent event(wxEVT_BUTTON, XRCID("ID_BTN_RUN_GA"));
+            m_pFrame->ProcessWindowEvent(event);
+            AwaitEndOfRun();
+        });
+    }
+};
+
+TEST_F(RunControl, ClearsTheLastRunAndStartsNoneWhenTheListIsEmpty) {
+    ListSquares(3);
+    SetRun(4, 5);
+    RunToItsEnd();
+    EXPECT_EQ(PointCount(), 6U);
+    const CPolyThread* pFinished = m_pFrame->m_pThread;
+    Press("ID_BTN_CLEAR");
+    SetRun(4, 30);
+    EXPECT_EQ(Press("ID_BTN_RUN_GA"), "");
+    EXPECT_EQ(PointCount(), 0U);
+    EXPECT_TRUE(Container().m_Polygons.empty());
+    EXPECT_TRUE(Container().m_Population.empty());
+    EXPECT_EQ(m_pFrame->m_nGenerations, 30);
+    EXPECT_EQ(m_pFrame->m_pBestPlotter->m_fMaxX, 30.0F);
+    EXPECT_EQ(m_pFrame->m_pThread, pFinished);
+}
+
+TEST_F(RunControl, StartsNoThreadWhenTheListHasNeverHeldAnything) {
+    EXPECT_EQ(Press("ID_BTN_RUN_GA"), "");
+    EXPECT_EQ(m_pFrame->m_pThread, nullptr);
+}
+
+TEST_F(RunControl, TakesItsParametersFromTheForm) {
+    ListSquares(3);
+    SetRun(7, 4);
+    Control<wxSlider>("ID_SLIDER_MUTATION").SetValue(25);
+    Control<wxSlider>("ID_SLIDER_CULL_THRESHOLD").SetValue(40);
+    RunToItsEnd();
+    EXPECT_EQ(Container().m_Polygons.size(), 3U);
+    EXPECT_EQ(Container().PopulationSize(), 7);
+    EXPECT_EQ(Container().m_fCullThreshold, 0.4F);
+    EXPECT_EQ(static_cast<float>(g_MutationProbability), 0.25F);
+    EXPECT_EQ(m_pFrame->m_nGenerations, 4);
+    EXPECT_EQ(Container().m_pEventHandler, m_pFrame);
+    EXPECT_EQ(Container().m_pContactDisplay, m_pFrame->m_pDisplay);
+}
+
+TEST_F(RunControl, PrintsItsBeginningItsGenerationsAndItsEnd) {
+    ListSquares(2);
+    SetRun(2, 1);
+    const std::string printed = RunToItsEnd();
+    EXPECT_THAT(printed, HasSubstr("Thread Run returned: 0\n"));
+    EXPECT_THAT(printed, HasSubstr("Inside the entry code\n"));
+    EXPECT_THAT(printed, HasSubstr("Newly Created 2\n"));
+    EXPECT_THAT(printed, HasSubstr("Generation 1 has been created with 2 many individuals\n"));
+    EXPECT_THAT(printed, testing::EndsWith("Thread Exited\n"));
+}
+
+TEST_F(RunControl, SpansThePlotsOverAllGenerations) {
+    ListSquares(2);
+    SetRun(2, 12);
+    RunToItsEnd();
+    for (const CPlotter* pPlotter :
+         {m_pFrame->m_pAvgPlotter, m_pFrame->m_pBestPlotter, m_pFrame->m_pTotalPopPlotter}) {
+        EXPECT_EQ(pPlotter->m_fMaxX, 12.0F);
+        EXPECT_EQ(pPlotter->m_Points.size(), 13U);
+    }
+}
+
+TEST_F(RunControl, ReportsABadFileTwiceAndPacksTheOthers) {
+    ListSquares(1);
+    const std::string missing = m_Folder.PathOf("missing.pol");
+    List().Append(missing);
+    ListSquares(1);
+    SetRun(2, 0);
+    const std::string printed = RunToItsEnd();
+    const std::string line = "Couldn't Load Polygon " + missing + "\n";
+    EXPECT_THAT(printed, HasSubstr(line + line));
+    EXPECT_EQ(Container().m_Polygons.size(), 2U);
+}
+
+TEST_F(RunControl, GoesAheadWhenEveryFileIsBad) {
+    List().Append(m_Folder.PathOf("missing.pol"));
+    SetRun(3, 2);
+    EXPECT_THAT(RunToItsEnd(), HasSubstr("Generation 2 has been created with 3 many individuals\n"));
+    EXPECT_TRUE(Container().m_Polygons.empty());
+    EXPECT_EQ(PointCount(), 3U);
+}
+
+TEST_F(RunControl, OpensAndPrintsPathsWithAnyCharacters) {
+    const std::string square = "4\n0,0\n1,0\n1,1\n0,1\n;1,1\n0,0\n";
+    for (const char* pName : {"Größe \xE6\xBC\xA2.pol", "two  blanks.pol", "100%s%n.pol", "quote\"s'.pol"}) {
+        List().Append(wxString::FromUTF8(m_Folder.Write(pName, square)));
+    }
+    const std::string missing = m_Folder.PathOf("läßt %d fehlen.pol");
+    List().Append(wxString::FromUTF8(missing));
+    SetRun(2, 0);
+    const std::string line = "Couldn't Load Polygon " + missing + "\n";
+    EXPECT_THAT(RunToItsEnd(), HasSubstr(line + line));
+    EXPECT_EQ(Container().m_Polygons.size(), 4U);
+}
+
+TEST_F(RunControl, LoadsAFileTwiceThatIsListedTwice) {
+    ListSquares(1);
+    List().Append(List().GetString(0));
+    SetRun(2, 0);
+    RunToItsEnd();
+    EXPECT_EQ(Container().m_Polygons.size(), 2U);
+}
+
+TEST_F(RunControl, RefusesASecondRunWhileOneIsRunning) {
+    StartLongRun();
+    CPolyThread* pRunning = m_pFrame->m_pThread;
+    SetRun(3, 7);
+    const std::string printed = Press("ID_BTN_RUN_GA");
+    EXPECT_THAT(printed, HasSubstr("Algorithm thread is already running\n"));
+    EXPECT_THAT(printed, Not(HasSubstr("Thread Run returned")));
+    EXPECT_EQ(m_pFrame->m_pThread, pRunning);
+    EXPECT_EQ(m_pFrame->m_nGenerations, 1000000);
+    EXPECT_EQ(Container().m_Polygons.size(), 5U);
+}
+
+TEST_F(RunControl, StopsAtOnceAndForgetsTheThread) {
+    StartLongRun();
+    ASSERT_TRUE(PumpUntil([this] { return PointCount() > 2; }));
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_THAT(Press("ID_BTN_STOP"), HasSubstr("Thread Exited\n"));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(300));
+    EXPECT_EQ(m_pFrame->m_pThread, nullptr);
+    EXPECT_TRUE(Container().m_bStop);
+}
+
+TEST_F(RunControl, StopsARunThatHasHardlyBegun) {
+    for (int i = 0; i < 50; ++i) {
+        List().Clear();
+        StartLongRun();
+        Press("ID_BTN_STOP");
+        ASSERT_EQ(m_pFrame->m_pThread, nullptr);
+    }
+}
+
+TEST_F(RunControl, HandlesNoticesThatWereStillQueuedWhenItStopped) {
+    StartLongRun();
+    ASSERT_TRUE(PumpUntil([this] { return Container().PopulationSize() == 100; }));
+    wxMilliSleep(20);
+    const size_t nBefore = PointCount();
+    Press("ID_BTN_STOP");
+    support::PumpPending();
+    EXPECT_GT(PointCount(), nBefore);
+}
+
+TEST_F(RunControl, StopsNothingWithoutARun) {
+    EXPECT_EQ(Press("ID_BTN_STOP"), "");
+    EXPECT_TRUE(Container().m_bStop);
+    EXPECT_EQ(m_pFrame->m_pThread, nullptr);
+}
+
+TEST_F(RunControl, RunsAgainAfterAStop) {
+    StartLongRun();
+    Press("ID_BTN_STOP");
+    support::PumpPending();
+    SetRun(4, 3);
+    EXPECT_THAT(RunToItsEnd(), HasSubstr("Generation 3 has been created with 4 many individuals\n"));
+    EXPECT_EQ(PointCount(), 4U);
+}
+
+TEST_F(RunControl, RunsTwiceInARow) {
+    ListSquares(3);
+    SetRun(4, 3);
+    RunToItsEnd();
+    SetRun(5, 2);
+    EXPECT_THAT(RunToItsEnd(), HasSubstr("Generation 2 has been created with 5 many individuals\n"));
+    EXPECT_EQ(PointCount(), 3U);
+    EXPECT_EQ(Container().PopulationSize(), 5);
+    EXPECT_EQ(Container().m_Polygons.size(), 3U);
+}
+
+TEST_F(RunControl, StopsAFinishedRunWithoutAWord) {
+    ListSquares(2);
+    SetRun(2, 1);
+    RunToItsEnd();
+    EXPECT_EQ(Press("ID_BTN_STOP"), "");
+    EXPECT_EQ(m_pFrame->m_pThread, nullptr);
+}
+
+TEST_F(RunControl, EndsWithTheWindow) {
+    StartLongRun();
+    ASSERT_TRUE(PumpUntil([this] { return PointCount() > 2; }));
+    EXPECT_THAT(PrintedBy([this] { CloseFrame(); }), HasSubstr("Thread Exited\n"));
+}
+
+TEST_F(RunControl, EndsWithTheWindowWhenItHasHardlyBegun) {
+    StartLongRun();
+    EXPECT_THAT(PrintedBy([this] { CloseFrame(); }), HasSubstr("Thread Exited\n"));
+}
+
+}  // namespace
