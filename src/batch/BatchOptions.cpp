@@ -24,6 +24,11 @@ std::string CheckProbability(const std::string& text) {
     return bNumber && probability >= 0.0 && probability <= 1.0 ? "" : text + " is not between 0 and 1";
 }
 
+/// An empty name is what a script passes whose variable is not set.
+std::string CheckFileName(const std::string& text) {
+    return text.empty() ? "a file name is missing" : "";
+}
+
 void Describe(CLI::App& app, SBatchOptions& options) {
     app.footer(FOOTER);
     app.add_option("PATH", options.m_Paths, "\".pol\" files, or folders whose *.pol files are taken by name")
@@ -44,7 +49,9 @@ void Describe(CLI::App& app, SBatchOptions& options) {
     app.add_option("--seed", options.m_Seed,
                    "start of the random numbers: the same seed repeats a search (default: the clock)")
         ->type_name("S");
-    app.add_option("--svg", options.m_SvgPath, "draw the best packing into this file")->type_name("FILE");
+    app.add_option("--svg", options.m_SvgPath, "draw the best packing into this file")
+        ->check(CheckFileName)
+        ->type_name("FILE");
 }
 
 }  // namespace

@@ -53,33 +53,47 @@ bool LoadPolygons(const SBatchOptions& options, CContainer& container) {
     return found.m_Faults.empty();
 }
 
-void Search(const SBatchOptions& options, unsigned int nSeed, CContainer& container) {
-    const CStopSignals signals(container.m_bStop);
+void Search(const SBatchOptions& options, unsigned int nSeed, const CStopSignals& signals,
+            CContainer& container) {
     CBatchProgress progress(container, signals);
     g_MutationProbability = options.m_fMutation;
     container.RunSearch(options.m_nPopulation, options.m_nGenerations, nSeed, progress);
     if (signals.WasRequested()) {
-        std::fprintf(stderr, "nestrix-batch: stopped after generation %d of %d\n", progress.LastGeneration(),
-                     options.m_nGenerations);
+        Complain("stopped after generation " + std::to_string(progress.LastGeneration()) + " of " +
+                 std::to_string(options.m_nGenerations));
     }
 }
 
 void PrintResult(unsigned int nSeed, float fHeight) {
     const CNumericLocale numericLocale;
     std::printf("Seed: %u\n", nSeed);
-    std::printf("Best height: %f\n", static_cast<double>(fHeight));
+    if (std::isfinite(fHeight)) {
+        std::printf("Best height: %f\n", static_cast<double>(fHeight));
+    }
 }
 
-/// @return why the packing could not be drawn; empty on success.
+std::string WriteFault(const std::string& path, const std::string& reason) {
+    return reason.empty() ? "" : "cannot write " + path + ": " + reason;
+}
+
+/// Why a picture could not be written, as far as that shows before the search. Empty without a fault.
+std::string FindPictureFault(const std::string& path) {
+    return path.empty() ? "" : WriteFault(path, FindOutputFault(path));
+}
+
+/// Draws the best packing, if a picture is wanted.
+/// @return why it could not be drawn; empty on success.
 std::string DrawResult(const CContainer& container, float fHeight, const std::string& path) {
+    if (path.empty()) {
+        return {};
+    }
     std::vector<CPolygon> placed;
     (void)container.PlaceChromosome(container.m_BestChromosome, placed, nullptr);
     const std::string picture = DrawPackingSvg({placed, container.m_fContainerWidth, fHeight});
     if (picture.empty()) {
         return "the packing is too large to draw";
     }
-    const std::string fault = WriteWholeFile(path, picture);
-    return fault.empty() ? "" : "cannot write " + path + ": " + fault;
+    return WriteFault(path, WriteWholeFile(path, picture));
 }
 
 }  // namespace
@@ -89,15 +103,14 @@ int RunBatch(const SBatchOptions& options) {
     if (!LoadPolygons(options, container)) {
         return BATCH_BAD_INPUT;
     }
-    if (!options.m_SvgPath.empty()) {
-        const std::string fault = FindOutputFault(options.m_SvgPath);
-        if (!fault.empty()) {
-            Complain("cannot write " + options.m_SvgPath + ": " + fault);
-            return BATCH_FAILED;
-        }
+    if (const std::string fault = FindPictureFault(options.m_SvgPath); !fault.empty()) {
+        Complain(fault);
+        return BATCH_FAILED;
     }
+    // Lives until the picture is written, so that a second Ctrl-C does not cost the result.
+    const CStopSignals signals(container.m_bStop);
     const unsigned int nSeed = options.m_Seed.value_or(static_cast<unsigned int>(std::time(nullptr)));
-    Search(options, nSeed, container);
+    Search(options, nSeed, signals, container);
 
     const float fHeight = container.m_fTotalHeight - container.m_fBestFitness;
     PrintResult(nSeed, fHeight);
@@ -105,12 +118,9 @@ int RunBatch(const SBatchOptions& options) {
         Complain("the polygons are too large: their packing has no finite height");
         return BATCH_FAILED;
     }
-    if (!options.m_SvgPath.empty()) {
-        const std::string fault = DrawResult(container, fHeight, options.m_SvgPath);
-        if (!fault.empty()) {
-            Complain(fault);
-            return BATCH_FAILED;
-        }
+    if (const std::string fault = DrawResult(container, fHeight, options.m_SvgPath); !fault.empty()) {
+        Complain(fault);
+        return BATCH_FAILED;
     }
     return BATCH_DONE;
 }

@@ -65,9 +65,15 @@ bool CloseAfter(bool bWritten, int nDescriptor) {
     return bWritten && bClosed;
 }
 
+/// A pipe without a reader is refused: opening it would wait for one, maybe for ever.
 bool WriteDirectly(const fs::path& target, std::string_view content) {
-    const int nDescriptor = open(target.c_str(), O_WRONLY | O_CLOEXEC);
-    return nDescriptor >= 0 && CloseAfter(WriteAll(nDescriptor, content), nDescriptor);
+    const int nDescriptor = open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
+    if (nDescriptor < 0) {
+        return false;
+    }
+    const int nFlags = fcntl(nDescriptor, F_GETFL);
+    const bool bWaits = fcntl(nDescriptor, F_SETFL, nFlags & ~O_NONBLOCK) == 0;
+    return CloseAfter(bWaits && WriteAll(nDescriptor, content), nDescriptor);
 }
 
 bool ReplaceFile(const fs::path& target, std::string_view content) {

@@ -63,6 +63,10 @@ TEST(CommandLine, SeedBeyondAnUnsignedIntIsRefused) {
     ExpectRefused(RunWithBadOptions("--seed -1"), "--seed");
 }
 
+TEST(CommandLine, EmptyNameForThePictureIsRefused) {
+    ExpectRefused(RunWithBadOptions("--svg ''"), "--svg");
+}
+
 TEST(CommandLine, BothEndsOfTheProbabilityAreAccepted) {
     EXPECT_EQ(RunWithBadOptions("--generations 1 --population 4 --mutation 0").m_nStatus, 0);
     EXPECT_EQ(RunWithBadOptions("--generations 1 --population 4 --mutation 1").m_nStatus, 0);

@@ -8,6 +8,7 @@ using support::CCommaLocale;
 using support::CTemporaryFolder;
 using testing::HasSubstr;
 using testing::MatchesRegex;
+using testing::Not;
 
 namespace {
 
@@ -55,6 +56,13 @@ TEST(SmallSearch, WithoutASeedSaysWhichOneRepeatsIt) {
 TEST(SmallSearch, EndsWithSeedAndBestHeight) {
     const SBatchResult result = RunBatchProgram(SMALL_SEARCH);
     EXPECT_THAT(result.m_Output, MatchesRegex(".*\nSeed: 7\nBest height: [0-9]+\\.[0-9]+\n"));
+}
+
+TEST(DocumentedPicture, IsWhatItsCommandDraws) {
+    const CTemporaryFolder folder;
+    const std::string picture = folder.PathOf("packing.svg");
+    ASSERT_EQ(RunBatchProgram(NESTRIX_SAMPLES "/concave --seed 1 --svg " + picture).m_nStatus, 0);
+    EXPECT_EQ(ReadFile(picture), ReadFile(NESTRIX_SAMPLES "/../docs/images/packing.svg"));
 }
 
 TEST(BestHeight, IsTheStackedHeightLessTheBestFitness) {
@@ -112,5 +120,6 @@ TEST(EndlessPolygons, GiveNoHeightAndNoPicture) {
         RunBatchProgram(piece + " " + piece + " --generations 1 --svg " + folder.PathOf("packing.svg"));
     EXPECT_EQ(result.m_nStatus, 1);
     EXPECT_THAT(result.m_Errors, HasSubstr("too large"));
+    EXPECT_THAT(result.m_Output, Not(HasSubstr("Best height")));
     EXPECT_EQ(EntryCount(folder.Path()), 1);
 }

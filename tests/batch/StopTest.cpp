@@ -57,6 +57,19 @@ TEST(Termination, StopsTheSearchAndStillWritesTheResult) {
     ExpectResultAfter(SIGTERM);
 }
 
+TEST(CtrlC, PressedTwiceStillWritesTheResult) {
+    const CTemporaryFolder folder;
+    CRunningBatch batch(ENDLESS_SEARCH + " --svg " + folder.PathOf("packing.svg"));
+    ASSERT_TRUE(batch.ReadUntil("Generation 1 "));
+    batch.Signal(SIGINT);
+    ASSERT_TRUE(batch.ReadUntil("Seed: "));
+    batch.Signal(SIGINT);
+    // The second signal may find the program already done, so its status is open.
+    (void)batch.WaitForEnd();
+    EXPECT_THAT(ReadFile(folder.PathOf("packing.svg")), HasSubstr("</svg>"));
+    EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
 TEST(CtrlC, ThatAlsoEndsTheReaderOfThePipeStillDrawsThePicture) {
     const CTemporaryFolder folder;
     CRunningBatch batch(ENDLESS_SEARCH + " --svg " + folder.PathOf("packing.svg"));

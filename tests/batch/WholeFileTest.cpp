@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -67,6 +68,23 @@ TEST(WholeFile, LeavesADeviceADevice) {
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
     EXPECT_EQ(WriteWholeFile("/dev/full", "content"), "No space left on device");
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
+
+TEST(WholeFile, DoesNotWaitForTheReaderOfAPipe) {
+    const CTemporaryFolder folder;
+    ASSERT_EQ(mkfifo(folder.PathOf("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(WriteWholeFile(folder.PathOf("pipe"), "content"), "No such device or address");
+}
+
+TEST(WholeFile, ReachesTheReaderOfAPipeWhole) {
+    const CTemporaryFolder folder;
+    ASSERT_EQ(mkfifo(folder.PathOf("pipe").c_str(), 0600), 0);
+    const int nReader = open(folder.PathOf("pipe").c_str(), O_RDONLY | O_NONBLOCK);
+    EXPECT_EQ(WriteWholeFile(folder.PathOf("pipe"), "content"), "");
+    char content[16] = {};
+    EXPECT_EQ(read(nReader, content, sizeof content), 7);
+    EXPECT_STREQ(content, "content");
+    close(nReader);
 }
 
 TEST(WholeFile, CannotReplaceAFolder) {
