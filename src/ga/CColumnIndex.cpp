@@ -24,12 +24,3 @@ void CColumnIndex::Insert(float fLeft, float fRight, SEntry entry) {
         pColumn[nPlace] = entry;
     }
 }
-
-CColumnIndex::SColumns CColumnIndex::ColumnsOf(float fLeft, float fRight) const {
-    const auto columnOf = [this](float fX) {
-        const float fLast = static_cast<float>(m_Counts.size() - 1);
-        return static_cast<size_t>(std::clamp(fX * m_fColumnsPerUnit, 0.0F, fLast));
-    };
-    // Monotonic, so that ranges with a common point have a common column.
-    return {columnOf(std::min(fLeft, fRight)), columnOf(std::max(fLeft, fRight))};
-}

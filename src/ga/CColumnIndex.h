@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -44,7 +45,15 @@ private:
         size_t m_nLast;
     };
 
-    [[nodiscard]] SColumns ColumnsOf(float fLeft, float fRight) const;
+    /// Monotonic, so that ranges with a common point have a common column.
+    [[nodiscard]] size_t ColumnOf(float fX) const {
+        const float fLast = static_cast<float>(m_Counts.size() - 1);
+        return static_cast<size_t>(std::clamp(fX * m_fColumnsPerUnit, 0.0F, fLast));
+    }
+
+    [[nodiscard]] SColumns ColumnsOf(float fLeft, float fRight) const {
+        return {ColumnOf(std::min(fLeft, fRight)), ColumnOf(std::max(fLeft, fRight))};
+    }
 
     float m_fColumnsPerUnit = 0.0F;
     size_t m_nCapacity = 0;

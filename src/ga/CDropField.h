@@ -7,9 +7,9 @@
 
 #include "CColumnIndex.h"
 #include "CCornerIndex.h"
+#include "CProfileSet.h"
+#include "CRestingHalves.h"
 #include "SDrop.h"
-#include "SProfile.h"
-#include "Sweep.h"
 
 /// Everything placed in the strip, indexed so that a drop looks at few obstacles and still falls exactly as
 /// far as if it had asked all of them, latest first, by FindApproach.
@@ -25,7 +25,7 @@ public:
     CDropField(std::span<const CPolygon> polygons, float fStartY, float fStripWidth);
 
     /// Whether the field can take all the set's polygons; without it, nothing below may be called.
-    [[nodiscard]] bool IsUsable() const { return !m_Profiles.empty(); }
+    [[nodiscard]] bool IsUsable() const { return m_bUsable; }
 
     /// Whether the field can take a polygon at this offset.
     [[nodiscard]] bool IsInReach(float fX) const { return fX >= -m_fLargestOffset && fX <= m_fLargestOffset; }
@@ -50,10 +50,7 @@ private:
 
     /// The upper profile of a placed polygon.
     struct SPlacedHalf {
-        size_t m_nX;  ///< where in m_PlacedX its block begins
-        size_t m_nY;  ///< and in m_PlacedY
-        float m_fLow;
-        float m_fHigh;
+        CRestingHalves::SPlace m_Place;
         uint64_t m_nQuery;  ///< the last query that looked at it
     };
 
@@ -68,7 +65,9 @@ private:
 
     [[nodiscard]] SFalling Lift(const SDrop& drop, std::span<const SDrop> placed);
 
-    [[nodiscard]] SMovedHalf UpperProfile(const SPlacedHalf& place, const SDrop& obstacle) const;
+    [[nodiscard]] const SHalfProfile& UpperProfile(const SDrop& drop) const {
+        return m_Profiles.Of(drop.m_nPolygon).m_Back;
+    }
 
     /// The stop with the smallest gap below `stop`, vertical sides apart, among the obstacles younger than
     /// nAfter; `stop` if there is none.
@@ -89,17 +88,17 @@ private:
     [[nodiscard]] std::optional<bool> IsReached(const SFalling& falling, const SStop& stop, int nObstacle);
 
     std::span<const CPolygon> m_Polygons;
-    std::vector<SProfile> m_Profiles;
     float m_fStripWidth;
-    float m_fLargestOffset = 0.0F;
+    float m_fLargestX;  ///< of any polygon, local, in absolute value
+    float m_fLargestOffset;
+    CProfileSet m_Profiles;
+    bool m_bUsable;
     size_t m_nColumns = 1;
     size_t m_nCapacity = 0;
-    bool m_bAnyVerticals = false;
 
-    std::vector<float> m_FallingX;  ///< the x block of the falling polygon
+    std::vector<float> m_FallingX;  ///< the lower profile's block of x of the falling polygon
+    CRestingHalves m_Resting;
     std::vector<SPlacedHalf> m_Placed;
-    std::vector<float> m_PlacedX;
-    std::vector<float> m_PlacedY;
     CColumnIndex m_Columns;
     CCornerIndex m_Corners;
     uint64_t m_nQuery = 0;

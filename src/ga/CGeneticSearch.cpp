@@ -1,5 +1,6 @@
 #include "CGeneticSearch.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -126,7 +127,17 @@ void CGeneticSearch::BreedChild(CChromosome& child) {
     const int nPolygons = static_cast<int>(m_Container.m_Polygons.size());
     child.Mutate(0, nPolygons - 1, 0.0F, m_Container.m_fContainerWidth);
     m_Container.ValidateChromosome(child);
-    child.m_fFitness = m_Placement.Place(child.Genes());
+    child.m_fFitness = Evaluate(child, first, second);
+}
+
+float CGeneticSearch::Evaluate(const CChromosome& child, const CChromosome& first,
+                               const CChromosome& second) {
+    for (const CChromosome* pParent : {&first, &second}) {
+        if (std::ranges::equal(child.Genes(), pParent->Genes())) {
+            return pParent->m_fFitness;
+        }
+    }
+    return m_Placement.Place(child.Genes());
 }
 
 CChromosome& CGeneticSearch::SelectParent(int nIndex) {

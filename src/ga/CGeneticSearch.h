@@ -29,6 +29,10 @@ private:
     void BreedChild(CChromosome& child);
     [[nodiscard]] CChromosome& SelectParent(int nIndex);
 
+    /// The child's fitness, which is that of a parent if their genes are the same.
+    [[nodiscard]] float Evaluate(const CChromosome& child, const CChromosome& first,
+                                 const CChromosome& second);
+
     /// Divides the population's fitness values, in m_Shares, by their sum.
     void NormaliseShares(float fTotalFitness);
     void PrintGeneration() const;

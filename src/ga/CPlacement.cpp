@@ -35,8 +35,11 @@ float CPlacement::Place(std::span<const SGene> genes, CContactSink* pContacts) {
 }
 
 void CPlacement::SortGenes(std::span<const SGene> genes) {
-    m_Sorted.assign(genes.begin(), genes.end());
-    std::qsort(m_Sorted.data(), m_Sorted.size(), sizeof(SGene), GeneSortCallBack);
+    m_Sorted.clear();
+    for (const SGene& gene : genes) {
+        m_Sorted.push_back({gene});
+    }
+    std::qsort(m_Sorted.data(), m_Sorted.size(), sizeof(SSortedGene), GeneSortCallBack);
     std::erase_if(m_Sorted, [this](const SGene& gene) {
         return gene.m_nPolygon < 0 || gene.m_nPolygon >= static_cast<int>(m_Polygons.size());
     });

@@ -47,11 +47,15 @@ private:
     [[nodiscard]] float FindFall(const SDrop& falling, CContactSink* pContacts);
     [[nodiscard]] SRest Walk(const SDrop& falling) const;
 
+    /// A gene of a size that the C library's qsort moves in whole words. The order that equal keys end in
+    /// does not depend on the size.
+    struct alignas(16) SSortedGene : SGene {};
+
     std::span<const CPolygon> m_Polygons;
     float m_fTotalHeight;
     float m_fStartY;
     CDropField m_Field;
-    std::vector<SGene> m_Sorted;
+    std::vector<SSortedGene> m_Sorted;
     std::vector<SDrop> m_Drops;
     bool m_bShortCuts = false;
     SCounts m_Counts;

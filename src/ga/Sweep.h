@@ -1,14 +1,14 @@
 #pragma once
 
-#include "SProfile.h"
+#include "CProfileSet.h"
 
-/// A half profile moved to its place in the strip.
+/// A half profile moved to its place in the strip: its blocks of x and y, laid out as in SHalfProfile.
 struct SMovedHalf {
     const SHalfProfile* m_pHalf;
-    const float* m_pX;  ///< laid out as SHalfProfile::m_X
-    const float* m_pY;  ///< laid out as SHalfProfile::m_Y
-    float m_fLow;       ///< nothing of it lies lower
-    float m_fHigh;      ///< nor higher
+    const float* m_pX;
+    const float* m_pY;
+    float m_fLow;   ///< nothing of it lies lower
+    float m_fHigh;  ///< nor higher
 };
 
 /// The smallest gap between the points and the edges below them, or fCut if none is smaller.

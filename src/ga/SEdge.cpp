@@ -1,0 +1,55 @@
+#include "SEdge.h"
+
+#include <cmath>
+
+namespace {
+
+bool IsTame(const mgVector3& position) {
+    return ::IsTame(position.x) && ::IsTame(position.y);
+}
+
+bool AreTame(const std::vector<CPoint>& points) {
+    return std::all_of(points.begin(), points.end(), [](const CPoint& p) { return IsTame(p.m_Position); });
+}
+
+bool RunsRight(const SEdge& edge) {
+    const bool bRight = edge.m_Direction.x > 0.0F && edge.m_Start.x <= edge.m_End.x;
+    const bool bVertical = edge.IsVertical() && edge.m_Start.x == edge.m_End.x;
+    return IsTame(edge.m_Direction) && (bRight || bVertical);
+}
+
+bool RunsLeft(const SEdge& edge) {
+    return IsTame(edge.m_Direction) && edge.m_Direction.x < 0.0F && edge.m_Start.x >= edge.m_End.x;
+}
+
+}  // namespace
+
+double SEdge::LargestRise(float fReach) const {
+    const double length =
+        std::abs(static_cast<double>(m_Direction.x)) + static_cast<double>(fReach) * 0x1p-22;
+    return m_Direction.x < 0.0F ? -Slope() * length : Slope() * length;
+}
+
+std::vector<SEdge> EdgesOf(const CPolygon& polygon, const std::vector<CLine>& lines) {
+    std::vector<SEdge> edges;
+    edges.reserve(lines.size());
+    for (const CLine& line : lines) {
+        edges.push_back(
+            {polygon.PositionOf(line.m_nStart), polygon.PositionOf(line.m_nEnd), line.m_Direction});
+    }
+    return edges;
+}
+
+bool IsTame(float fCoordinate) {
+    constexpr float LARGEST = 1e18F;
+    return std::abs(fCoordinate) <= LARGEST;
+}
+
+bool IsTame(const CPolygon& polygon) {
+    const std::vector<SEdge> front = EdgesOf(polygon, polygon.m_FrontLines);
+    const std::vector<SEdge> back = EdgesOf(polygon, polygon.m_BackLines);
+    return IsTame(polygon.m_BoundingBoxMin) && IsTame(polygon.m_BoundingBoxMax) &&
+           AreTame(polygon.m_Points) && AreTame(polygon.m_FrontPoints) && AreTame(polygon.m_BackPoints) &&
+           std::all_of(front.begin(), front.end(), RunsRight) &&
+           std::all_of(back.begin(), back.end(), RunsLeft);
+}
