@@ -47,12 +47,12 @@ std::string FindClampDifference(const CContainer& container, CChromosome& chromo
     return {};
 }
 
-/// Five layouts of one random set.
-void ExpectAgreementOnOneSet(const SFamily& family, uint64_t nSeed, int nPieces) {
+/// Some layouts of one random set; nPieces = 0: of random size.
+void ExpectAgreementOnOneSet(const SFamily& family, uint64_t nSeed, int nPieces, int nLayouts = 5) {
     CSeededRandom random(nSeed);
     CContainer container;
     FillContainer(container, random, family, nPieces > 0 ? nPieces : RandomSetSize(random));
-    for (int nLayout = 0; nLayout < 5; ++nLayout) {
+    for (int nLayout = 0; nLayout < nLayouts; ++nLayout) {
         const int nPolygons = static_cast<int>(container.m_Polygons.size());
         CChromosome chromosome = MakeChromosome(random, nPolygons, container.m_fContainerWidth);
         if (random.Percent(80)) {
@@ -77,7 +77,33 @@ TEST_P(RandomLayouts, OfOnePieceArePlacedAsThePlainReferencePlacesThem) {
 }
 
 TEST_P(RandomLayouts, OfTwoHundredPiecesArePlacedAsThePlainReferencePlacesThem) {
-    ExpectAgreementOnOneSet(GetParam(), 2000, 200);
+    for (uint64_t nSeed = 2000; nSeed < 2005 && !HasFatalFailure(); ++nSeed) {
+        ExpectAgreementOnOneSet(GetParam(), nSeed, 200);
+    }
+}
+
+TEST_P(RandomLayouts, OfAThousandPiecesArePlacedAsThePlainReferencePlacesThem) {
+    ExpectAgreementOnOneSet(GetParam(), 2100, 1000, 1);
+}
+
+TEST_P(RandomLayouts, CollideWithTheSamePiecesAsInThePlainReference) {
+    for (uint64_t nSeed = 4000; nSeed < 4050; ++nSeed) {
+        CSeededRandom random(nSeed);
+        std::vector<CPolygon> placed = MakeSet(random, GetParam(), 30);
+        for (CPolygon& polygon : placed) {
+            const float fX = random.Quarter(-50, 200);
+            const float fY = random.Quarter(-60, 200);
+            polygon.m_ReferencePoint = {fX, fY, 0.0F};
+        }
+        std::vector<CPolygon> engine;
+        std::vector<CPolygon> plain;
+        CContainer().GetCollidablePolygonList(placed.back(), placed, engine);
+        reference::GetCollidablePolygonList(placed.back(), placed, plain);
+        ASSERT_EQ(engine.size(), plain.size()) << "seed " << nSeed;
+        for (size_t i = 0; i < engine.size(); ++i) {
+            ASSERT_EQ(engine[i].m_ReferencePoint, plain[i].m_ReferencePoint) << "seed " << nSeed;
+        }
+    }
 }
 
 TEST_P(RandomLayouts, HaveTheSameTotalHeightAsInThePlainReference) {

@@ -39,6 +39,8 @@ float MakeOffset(CSeededRandom& random, float fWidth, EOffsets offsets) {
             return random.Between(-fWidth, 2.0F * fWidth);
         case EOffsets::Columns:
             return random.Pick({0.0F, 40.0F, fWidth});
+        case EOffsets::Far:
+            return 16'777'000.0F + static_cast<float>(random.Range(0, 500));
         case EOffsets::Quarters:
             return random.Quarter(0, static_cast<int>(fWidth) / 4);
         default:
@@ -81,7 +83,7 @@ CChromosome MakeChromosome(CSeededRandom& random, int nPolygons, float fStripWid
     using enum EOffsets;
     const EKeys keys = random.Pick({Permutation, Permutation, Permutation, Few, Equal, Wild});
     const EOffsets offsets = random.Pick(
-        {Uniform, Uniform, Uniform, Beyond, Beyond, Columns, Columns, Quarters, Quarters, NotFinite});
+        {Uniform, Uniform, Uniform, Beyond, Beyond, Columns, Columns, Quarters, Quarters, Far, NotFinite});
     const EIndices indices =
         random.Percent(90) ? EIndices::Own : random.Pick({EIndices::Shuffled, EIndices::OutOfRange});
     return MakeChromosome(random, nPolygons, fStripWidth, keys, offsets, indices);

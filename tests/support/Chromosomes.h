@@ -17,6 +17,7 @@ enum class EOffsets {
     Beyond,    ///< far enough past both walls that many are clamped
     Columns,   ///< three places only: pieces of one column line up exactly
     Quarters,  ///< multiples of a quarter
+    Far,       ///< so far to the right that world coordinates lose their last bits
     NotFinite  ///< some infinite or not a number
 };
 

@@ -82,6 +82,18 @@ CPolygon MakeNegativeLocal(CSeededRandom& random) {
     return MakePolygon(Moved(SoundOutline(random), fX, fY));
 }
 
+CPolygon MakeDistant(CSeededRandom& random) {
+    const float fX = 1e4F * random.Pick({-100.0F, 0.0F, 100.0F, random.Between(-100.0F, 2000.0F)});
+    const float fY = 1e4F * random.Pick({0.0F, 0.0F, 1.0F, random.Between(-10.0F, 10.0F)});
+    return MakePolygon(Moved(SoundOutline(random), fX, fY));
+}
+
+CPolygon MakeIntricate(CSeededRandom& random) {
+    const EPiece piece = random.Pick({Convex, Star, Comb, Lattice, SelfCrossing});
+    const int nVertices = random.Percent(80) ? random.Range(20, 160) : random.Range(160, 600);
+    return MakeSizedPiece(random, piece, nVertices);
+}
+
 CPolygon MakeHuge(CSeededRandom& random) {
     const float fFactor = random.Pick({1e3F, 3e6F, 1e12F, 1e30F, 4e36F});
     return MakePolygon(Scaled(SoundOutline(random), fFactor));
@@ -108,11 +120,14 @@ constexpr std::array WITH_LOOSE_BOXES = {AlignedRectangle, Star, LooseBox, Loose
 constexpr std::array WITH_SELF_CROSSING = {AlignedRectangle, SelfCrossing, SelfCrossing};
 constexpr std::array WITH_NOT_FINITE = {AlignedRectangle, Convex, Star, Comb, Lattice, NotFinite};
 constexpr std::array WITH_NEGATIVE_LOCAL = {NegativeLocal, AlignedRectangle};
+constexpr std::array WITH_DISTANT = {Distant, AlignedRectangle, Lattice, Convex};
+constexpr std::array WITH_INTRICATE = {Intricate, Intricate, AlignedRectangle, Lattice};
+constexpr std::array UPRIGHT = {AlignedRectangle, AlignedRectangle, Letter, Comb, Lattice};
 constexpr std::array WITH_HUGE = {AlignedRectangle, Convex, NegativeLocal, Huge};
 constexpr std::array WITH_ENDLESS = {AlignedRectangle, AlignedRectangle, AlignedRectangle, Endless};
-constexpr std::array EVERYTHING = {AlignedRectangle, Rectangle, Convex,        Star,     Comb,
-                                   Letter,           Lattice,   Clockwise,     LooseBox, Degenerate,
-                                   SelfCrossing,     NotFinite, NegativeLocal, Huge,     Endless};
+constexpr std::array EVERYTHING = {AlignedRectangle, Rectangle, Convex,   Star,       Comb,         Letter,
+                                   Lattice,          Clockwise, LooseBox, Degenerate, SelfCrossing, NotFinite,
+                                   NegativeLocal,    Huge,      Endless,  Distant,    Intricate};
 
 constexpr std::array FAMILIES = {
     SFamily{"aligned rectangles", ONLY_ALIGNED},
@@ -129,6 +144,9 @@ constexpr std::array FAMILIES = {
     SFamily{"self-crossing pieces among others", WITH_SELF_CROSSING},
     SFamily{"infinities among others", WITH_NOT_FINITE},
     SFamily{"negative local coordinates", WITH_NEGATIVE_LOCAL},
+    SFamily{"distant local coordinates among others", WITH_DISTANT},
+    SFamily{"intricate pieces among others", WITH_INTRICATE},
+    SFamily{"upright sides of all kinds", UPRIGHT},
     SFamily{"huge pieces among others", WITH_HUGE},
     SFamily{"endless boxes among aligned rectangles", WITH_ENDLESS},
     SFamily{"everything", EVERYTHING},
@@ -136,6 +154,7 @@ constexpr std::array FAMILIES = {
     SFamily{"three pieces repeated", SOUND, 3},
     SFamily{"three loose boxes repeated", WITH_LOOSE_BOXES, 3},
     SFamily{"two aligned rectangles repeated", ONLY_ALIGNED, 2},
+    SFamily{"five upright pieces repeated", UPRIGHT, 5},
 };
 
 }  // namespace
@@ -150,6 +169,10 @@ CPolygon MakePiece(CSeededRandom& random, EPiece piece) {
             return MakeNotFinite(random);
         case NegativeLocal:
             return MakeNegativeLocal(random);
+        case Distant:
+            return MakeDistant(random);
+        case Intricate:
+            return MakeIntricate(random);
         case Huge:
             return MakeHuge(random);
         case Endless:
