@@ -18,7 +18,7 @@ size_t ChooseColumns(std::span<const CPolygon> polygons, float fStripWidth) {
     for (const CPolygon& polygon : polygons) {
         width += std::abs(static_cast<double>(polygon.m_BoundingBoxMax.x - polygon.m_BoundingBoxMin.x));
     }
-    const double average = width / static_cast<double>(polygons.size());
+    const double average = polygons.empty() ? 0.0 : width / static_cast<double>(polygons.size());
     const double columns = 0.7 * static_cast<double>(fStripWidth) / std::max(average, 1e-3);
     return static_cast<size_t>(std::clamp(columns, 1.0, static_cast<double>(MAX_COLUMNS)));
 }
