@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "CContainer.h"
+#include "CPrintListener.h"
 #include "CScriptedDraws.h"
 #include "CStdoutCapture.h"
 #include "Pieces.h"
@@ -41,6 +42,7 @@ struct SReport {
     std::vector<float> m_Fitness;
     float m_fBest = 0.0F;
     float m_fWorst = 0.0F;
+    float m_fAverage = 0.0F;
 };
 
 class CReports final : public CGenerationSink {
@@ -52,7 +54,8 @@ public:
                        GenesOf(m_Container.m_Population),
                        {},
                        m_Container.m_fBestFitness,
-                       m_Container.m_fWorstFitness};
+                       m_Container.m_fWorstFitness,
+                       m_Container.m_fAverageFitness};
         for (const CChromosome& chromosome : m_Container.m_Population) {
             report.m_Fitness.push_back(chromosome.m_fFitness);
         }
@@ -175,6 +178,23 @@ TEST_F(StoppedSearch, MayAlreadyHaveKeptAChildOfTheUnfinishedGenerationAsItsBest
         nKept += run.m_Container.m_fBestFitness > run.m_Reports.m_Reports.back().m_fBest ? 1 : 0;
     }
     EXPECT_GT(nKept, 0);
+}
+
+TEST_F(StoppedSearch, WhenThePopulationHasJustBeenReplacedKeepsTheNewOneWithoutReportingIt) {
+    CContainer container;
+    container.m_Polygons = m_Whole.m_Container.m_Polygons;
+    g_MutationProbability = std::nanf("");
+    CReports reports(container, NEVER);
+    const CPrintListener listener([&](std::string_view line) {
+        if (line.starts_with("Newly Created") && reports.m_Reports.size() == 2) {
+            container.m_bStop = true;
+        }
+    });
+    container.RunSearch(POPULATION, GENERATIONS, SEED, reports);
+    EXPECT_EQ(reports.m_Reports.size(), 2U);
+    EXPECT_EQ(GenesOf(container.m_Population), m_Whole.m_Reports.m_Reports[2].m_Population);
+    EXPECT_EQ(container.m_fAverageFitness, reports.m_Reports[1].m_fAverage);
+    EXPECT_TRUE(listener.Text().ends_with("Newly Created 4\n"));
 }
 
 TEST_F(StoppedSearch, CanBeRunAgainSinceARunBeginsByClearingTheRequest) {
