@@ -10,12 +10,13 @@ using enum EPiece;
 constexpr std::array MIXED = {Convex, Star, Convex, Comb};
 constexpr std::array RECTANGLES = {AlignedRectangle};
 constexpr std::array CONVEX = {Convex};
-constexpr std::array CONCAVE = {Star, Comb};
+constexpr std::array CONCAVE = {Star, Lobed};
+constexpr std::array COMBS = {Comb};
 
 constexpr std::array SETS = {
     SBenchmarkSet{{"mixed", MIXED, 16}, 25},       SBenchmarkSet{{"rectangles", RECTANGLES, 4}, 100},
     SBenchmarkSet{{"convex", CONVEX, 16}, 100},    SBenchmarkSet{{"concave", CONCAVE, 64}, 100},
-    SBenchmarkSet{{"concave", CONCAVE, 16}, 1000},
+    SBenchmarkSet{{"concave", CONCAVE, 16}, 1000}, SBenchmarkSet{{"combs", COMBS, 16}, 100},
 };
 
 }  // namespace

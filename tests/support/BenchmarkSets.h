@@ -22,7 +22,8 @@ struct SBenchmarkSet {
     int m_nPieces;
 };
 
-/// Mixed 25 × 16, rectangles 100 × 4, convex 100 × 16, concave 100 × 64, concave 1000 × 16.
+/// Mixed 25 × 16, rectangles 100 × 4, convex 100 × 16, concave 100 × 64, concave 1000 × 16; and
+/// combs 100 × 16, whose many vertical sides are the hardest case for a quick drop.
 [[nodiscard]] std::span<const SBenchmarkSet> BenchmarkSets();
 
 /// The same pieces for the same kind and number, on every machine.

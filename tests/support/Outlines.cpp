@@ -93,6 +93,21 @@ Outline StarOutline(CSeededRandom& random, int nVertices, float fWidth, float fH
     return outline;
 }
 
+Outline LobedOutline(CSeededRandom& random, int nVertices, float fWidth, float fHeight) {
+    const int nLobes = random.Range(3, 6);
+    const double fPhase = static_cast<double>(random.Unit());
+    const float fDepth = random.Between(0.1F, 0.3F);
+    Outline outline;
+    for (const double fTurn : AscendingTurns(random, nVertices)) {
+        const mgVector3 point = CirclePoint(fTurn);
+        const double fWave = nLobes * fTurn + fPhase;
+        const float fReach = 1.0F - fDepth + fDepth * CirclePoint(fWave - std::floor(fWave)).y;
+        outline.push_back(
+            {fWidth * 0.5F * (1.0F + fReach * point.x), fHeight * 0.5F * (1.0F + fReach * point.y), 0.0F});
+    }
+    return outline;
+}
+
 Outline CombOutline(CSeededRandom& random, int nVertices, float fWidth, float fHeight) {
     const int nTeeth = std::max(1, nVertices / 4);
     const float fPitch = fWidth / static_cast<float>(2 * nTeeth - 1);

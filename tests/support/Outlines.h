@@ -18,6 +18,9 @@ using Outline = std::vector<mgVector3>;
 /// As ConvexOutline, each vertex drawn towards the centre by a random factor: concave, never self-crossing.
 [[nodiscard]] Outline StarOutline(CSeededRandom& random, int nVertices, float fWidth, float fHeight);
 
+/// As ConvexOutline, with three to six smooth lobes: concave, never self-crossing.
+[[nodiscard]] Outline LobedOutline(CSeededRandom& random, int nVertices, float fWidth, float fHeight);
+
 /// A bar with teeth of random heights that point up or down; nVertices is rounded down to a multiple of four.
 [[nodiscard]] Outline CombOutline(CSeededRandom& random, int nVertices, float fWidth, float fHeight);
 

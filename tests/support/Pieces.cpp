@@ -27,6 +27,8 @@ Outline OutlineOf(CSeededRandom& random, EPiece piece, int nVertices) {
             return RectangleOutline(fWidth, fHeight);
         case Convex:
             return ConvexOutline(random, nVertices, fWidth, fHeight);
+        case Lobed:
+            return LobedOutline(random, nVertices, fWidth, fHeight);
         case Comb:
             return CombOutline(random, nVertices, fWidth, fHeight);
         case Letter:
@@ -109,6 +111,7 @@ constexpr std::array ONLY_ALIGNED = {AlignedRectangle};
 constexpr std::array ONLY_RECTANGLES = {Rectangle};
 constexpr std::array ONLY_CONVEX = {Convex};
 constexpr std::array ONLY_STARS = {Star};
+constexpr std::array ONLY_LOBED = {Lobed};
 constexpr std::array ONLY_COMBS = {Comb};
 constexpr std::array ONLY_LETTERS = {Letter};
 constexpr std::array ONLY_LATTICE = {Lattice};
@@ -134,6 +137,7 @@ constexpr std::array FAMILIES = {
     SFamily{"rectangles", ONLY_RECTANGLES},
     SFamily{"convex pieces", ONLY_CONVEX},
     SFamily{"stars", ONLY_STARS},
+    SFamily{"lobed pieces", ONLY_LOBED},
     SFamily{"combs", ONLY_COMBS},
     SFamily{"letters", ONLY_LETTERS},
     SFamily{"lattice pieces", ONLY_LATTICE},

@@ -13,7 +13,8 @@ enum class EPiece {
     AlignedRectangle,  ///< few distinct whole or quarter-unit sizes: clamped to a wall, sides line up exactly
     Rectangle,         ///< any size
     Convex,
-    Star,       ///< concave, radial
+    Star,       ///< concave, radial, ragged
+    Lobed,      ///< concave, radial, smooth
     Comb,       ///< concave, with many vertical sides
     Letter,     ///< L, T, U, Z of whole sizes
     Lattice,    ///< a star whose vertices lie on a coarse lattice: vertical sides, repeated vertices, ties
@@ -32,7 +33,8 @@ enum class EPiece {
 /// One analysed piece with a random number of vertices.
 [[nodiscard]] CPolygon MakePiece(CSeededRandom& random, EPiece piece);
 
-/// One analysed piece with a given number of vertices: Rectangle (always 4), Convex, Star or Comb.
+/// One analysed piece with a given number of vertices: Rectangle (always 4), Convex, Star, Lobed or
+/// Comb.
 [[nodiscard]] CPolygon MakeSizedPiece(CSeededRandom& random, EPiece piece, int nVertices);
 
 /// A named mixture of pieces.
