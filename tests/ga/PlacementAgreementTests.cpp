@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Agreement.h"
+#include "CPlacement.h"
 #include "Chromosomes.h"
 #include "FamilyParameter.h"
 #include "RandomCases.h"
@@ -52,13 +53,14 @@ void ExpectAgreementOnOneSet(const SFamily& family, uint64_t nSeed, int nPieces,
     CSeededRandom random(nSeed);
     CContainer container;
     FillContainer(container, random, family, nPieces > 0 ? nPieces : RandomSetSize(random));
+    CPlacement placement(container.m_Polygons, container.m_fTotalHeight, container.m_fContainerWidth);
     for (int nLayout = 0; nLayout < nLayouts; ++nLayout) {
         const int nPolygons = static_cast<int>(container.m_Polygons.size());
         CChromosome chromosome = MakeChromosome(random, nPolygons, container.m_fContainerWidth);
         if (random.Percent(80)) {
             ASSERT_EQ(FindClampDifference(container, chromosome), "") << "seed " << nSeed;
         }
-        ASSERT_EQ(reference::FindPlacementDifference(container, chromosome), "")
+        ASSERT_EQ(reference::FindPlacementDifference(container, chromosome, placement), "")
             << "seed " << nSeed << ", layout " << nLayout << " of " << nPolygons << " pieces";
     }
 }

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "CPlacement.h"
 #include "CReferenceSearch.h"
 #include "CStdoutCapture.h"
 #include "PolygonMaking.h"
@@ -79,6 +80,40 @@ public:
 
     std::vector<mgVector3> m_Contacts;
 };
+
+/// `placed` is read after the call that fills it, so it comes by reference.
+std::string FindPackingDifference(const std::vector<CPolygon>& placed, float fFitness,
+                                  const SPacking& plain) {
+    if (placed.size() != plain.m_Placed.size()) {
+        return "the numbers of placed polygons differ";
+    }
+    for (size_t i = 0; i < placed.size(); ++i) {
+        const mgVector3& engineAt = placed[i].m_ReferencePoint;
+        const mgVector3& plainAt = plain.m_Placed[i].m_ReferencePoint;
+        if (!SameBits(engineAt.y, plainAt.y)) {
+            return "drop " + std::to_string(i) + ", " + Differs("resting place", engineAt.y, plainAt.y);
+        }
+        const std::string difference = FindPolygonDifference(placed[i], plain.m_Placed[i]);
+        if (!difference.empty()) {
+            return "drop " + std::to_string(i) + ": " + difference;
+        }
+    }
+    return SameBits(fFitness, plain.m_fFitness) ? std::string()
+                                                : Differs("fitness", fFitness, plain.m_fFitness);
+}
+
+std::string FindDropDifference(std::span<const SDrop> drops, const std::vector<CPolygon>& placed) {
+    if (drops.size() != placed.size()) {
+        return "the numbers of drops differ";
+    }
+    for (size_t i = 0; i < drops.size(); ++i) {
+        if (!Same(drops[i].m_ReferencePoint, placed[i].m_ReferencePoint)) {
+            return "drop " + std::to_string(i) + ", " +
+                   Differs("resting place", drops[i].m_ReferencePoint.y, placed[i].m_ReferencePoint.y);
+        }
+    }
+    return {};
+}
 
 std::string FindIndividualDifference(const CChromosome& engine, const SIndividual& reference) {
     if (!SameLists(engine.Genes(), reference.m_Genes)) {
@@ -225,30 +260,36 @@ std::string FindApproachDifference(const CPolygon& moving, CPolygon& obstacle) {
     return {};
 }
 
-std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome) {
+std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome,
+                                    CPlacement& placement) {
     const SPacking plain = Place(chromosome.Genes(), container.m_Polygons, container.m_fTotalHeight);
     CContactLog log;
     std::vector<CPolygon> placed;
-    const float fFitness = container.PlaceChromosome(chromosome, placed, &log);
-    if (placed.size() != plain.m_Placed.size()) {
-        return "the numbers of placed polygons differ";
-    }
-    for (size_t i = 0; i < placed.size(); ++i) {
-        const mgVector3& engineAt = placed[i].m_ReferencePoint;
-        const mgVector3& plainAt = plain.m_Placed[i].m_ReferencePoint;
-        if (!SameBits(engineAt.y, plainAt.y)) {
-            return "drop " + std::to_string(i) + ", " + Differs("resting place", engineAt.y, plainAt.y);
-        }
-        const std::string difference = FindPolygonDifference(placed[i], plain.m_Placed[i]);
-        if (!difference.empty()) {
-            return "drop " + std::to_string(i) + ": " + difference;
-        }
+    // Whoever listens for contacts may be served in another way than who does not: both must agree, and so
+    // must a placement that has been used before.
+    std::string difference =
+        FindPackingDifference(placed, container.PlaceChromosome(chromosome, placed, &log), plain);
+    if (!difference.empty()) {
+        return "with contacts, " + difference;
     }
     if (!SameLists(log.m_Contacts, plain.m_Contacts)) {
         return "contacts differ";
     }
-    return SameBits(fFitness, plain.m_fFitness) ? std::string()
-                                                : Differs("fitness", fFitness, plain.m_fFitness);
+    difference = FindPackingDifference(placed, container.PlaceChromosome(chromosome, placed, nullptr), plain);
+    if (!difference.empty()) {
+        return "without contacts, " + difference;
+    }
+    const float fFitness = placement.Place(chromosome.Genes());
+    difference = FindDropDifference(placement.Drops(), plain.m_Placed);
+    if (difference.empty() && !SameBits(fFitness, plain.m_fFitness)) {
+        difference = Differs("fitness", fFitness, plain.m_fFitness);
+    }
+    return difference.empty() ? difference : "in a used placement, " + difference;
+}
+
+std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome) {
+    CPlacement placement(container.m_Polygons, container.m_fTotalHeight, container.m_fContainerWidth);
+    return FindPlacementDifference(container, chromosome, placement);
 }
 
 std::string FindSearchDifference(const SSearchCase& searchCase) {

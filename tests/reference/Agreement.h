@@ -6,6 +6,8 @@
 #include "CContainer.h"
 #include "Outlines.h"
 
+class CPlacement;
+
 /// Comparisons of the engine with the plain reference. Each runs both on the same input and returns the first
 /// difference in words, or nothing when they agree bit for bit.
 namespace reference {
@@ -22,6 +24,10 @@ namespace reference {
 
 /// One placement of the container's polygons: fitness, resting places, contacts.
 [[nodiscard]] std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome);
+
+/// The same, trying `placement` too, which must be one of the container's polygons and may have been used.
+[[nodiscard]] std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome,
+                                                  CPlacement& placement);
 
 /// A whole search.
 struct SSearchCase {
