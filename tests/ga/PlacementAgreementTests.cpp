@@ -79,7 +79,7 @@ TEST_P(RandomLayouts, OfOnePieceArePlacedAsThePlainReferencePlacesThem) {
 }
 
 TEST_P(RandomLayouts, OfTwoHundredPiecesArePlacedAsThePlainReferencePlacesThem) {
-    for (uint64_t nSeed = 2000; nSeed < 2005 && !HasFatalFailure(); ++nSeed) {
+    for (uint64_t nSeed = 2000; nSeed < 2002 && !HasFatalFailure(); ++nSeed) {
         ExpectAgreementOnOneSet(GetParam(), nSeed, 200);
     }
 }

@@ -92,7 +92,7 @@ CPolygon MakeDistant(CSeededRandom& random) {
 
 CPolygon MakeIntricate(CSeededRandom& random) {
     const EPiece piece = random.Pick({Convex, Star, Comb, Lattice, SelfCrossing});
-    const int nVertices = random.Percent(80) ? random.Range(20, 160) : random.Range(160, 600);
+    const int nVertices = random.Percent(95) ? random.Range(20, 160) : random.Range(160, 600);
     return MakeSizedPiece(random, piece, nVertices);
 }
 
@@ -105,6 +105,13 @@ CPolygon MakeEndless(CSeededRandom& random) {
     CPolygon polygon = MakePolygon(AlignedOutline(random));
     polygon.m_BoundingBoxMax.y = std::numeric_limits<float>::infinity();
     return polygon;
+}
+
+CPolygon MakeNearlyLevel(CSeededRandom& random) {
+    const float fWidth = random.Between(20.0F, 60.0F);
+    const float fHeight = 10.1F * static_cast<float>(random.Range(1, 4));
+    const float fY = 10.1F * static_cast<float>(random.Range(-1, 1));
+    return MakePolygon(Moved(RectangleOutline(fWidth, fHeight), 0.0F, fY));
 }
 
 constexpr std::array ONLY_ALIGNED = {AlignedRectangle};
@@ -123,6 +130,8 @@ constexpr std::array WITH_LOOSE_BOXES = {AlignedRectangle, Star, LooseBox, Loose
 constexpr std::array WITH_SELF_CROSSING = {AlignedRectangle, SelfCrossing, SelfCrossing};
 constexpr std::array WITH_NOT_FINITE = {AlignedRectangle, Convex, Star, Comb, Lattice, NotFinite};
 constexpr std::array WITH_NEGATIVE_LOCAL = {NegativeLocal, AlignedRectangle};
+constexpr std::array ONLY_NEARLY_LEVEL = {NearlyLevel};
+constexpr std::array WITH_NEARLY_LEVEL = {NearlyLevel, NearlyLevel, AlignedRectangle, Comb};
 constexpr std::array WITH_DISTANT = {Distant, AlignedRectangle, Lattice, Convex};
 constexpr std::array WITH_INTRICATE = {Intricate, Intricate, AlignedRectangle, Lattice};
 constexpr std::array UPRIGHT = {AlignedRectangle, AlignedRectangle, Letter, Comb, Lattice};
@@ -148,6 +157,8 @@ constexpr std::array FAMILIES = {
     SFamily{"self-crossing pieces among others", WITH_SELF_CROSSING},
     SFamily{"infinities among others", WITH_NOT_FINITE},
     SFamily{"negative local coordinates", WITH_NEGATIVE_LOCAL},
+    SFamily{"nearly level rectangles", ONLY_NEARLY_LEVEL},
+    SFamily{"nearly level rectangles among others", WITH_NEARLY_LEVEL},
     SFamily{"distant local coordinates among others", WITH_DISTANT},
     SFamily{"intricate pieces among others", WITH_INTRICATE},
     SFamily{"upright sides of all kinds", UPRIGHT},
@@ -173,6 +184,8 @@ CPolygon MakePiece(CSeededRandom& random, EPiece piece) {
             return MakeNotFinite(random);
         case NegativeLocal:
             return MakeNegativeLocal(random);
+        case NearlyLevel:
+            return MakeNearlyLevel(random);
         case Distant:
             return MakeDistant(random);
         case Intricate:

@@ -25,6 +25,7 @@ enum class EPiece {
     NotFinite,      ///< some coordinates or box edges infinite or not a number
     NegativeLocal,  ///< the local origin is anywhere but in the lower-left corner
     Huge,           ///< magnitudes up to the end of the float range
+    NearlyLevel,    ///< a rectangle whose height leaves stacks that differ in the last bit only
     Distant,        ///< a local origin so far away that coordinates have lost their last bits
     Intricate,      ///< hundreds of vertices
     Endless  ///< an aligned rectangle with an infinitely tall box: fitness may be infinite or no number
