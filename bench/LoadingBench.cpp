@@ -1,0 +1,39 @@
+#include <benchmark/benchmark.h>
+
+#include <string>
+
+#include "CSeededRandom.h"
+#include "CTemporaryFolder.h"
+#include "Outlines.h"
+#include "PolygonMaking.h"
+
+namespace {
+
+/// Reads and analyses one polygon with as many vertices as the range says.
+void LoadPolygon(benchmark::State& state,
+                 support::Outline (*makeOutline)(support::CSeededRandom&, int, float, float)) {
+    support::CSeededRandom random(1);
+    const support::CTemporaryFolder folder;
+    const std::string path =
+        folder.Write("large.pol", support::PolygonFileText(support::MakeRawPolygon(
+                                      makeOutline(random, static_cast<int>(state.range(0)), 400.0F, 400.0F),
+                                      {}, {400.0F, 400.0F, 0.0F})));
+    for (auto _ : state) {
+        CPolygon polygon;
+        if (!polygon.ReadPolygon(path.c_str())) {
+            state.SkipWithError("the file cannot be read");
+        }
+        benchmark::DoNotOptimize(polygon.m_FrontPoints.size());
+    }
+}
+
+BENCHMARK_CAPTURE(LoadPolygon, convex, support::ConvexOutline)
+    ->Arg(1'000)
+    ->Arg(100'000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(LoadPolygon, lobed, support::LobedOutline)
+    ->Arg(1'000)
+    ->Arg(100'000)
+    ->Unit(benchmark::kMillisecond);
+
+}  // namespace
