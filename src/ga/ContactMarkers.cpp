@@ -3,7 +3,7 @@
 
 namespace {
 
-class CMarkerSink : public CContactSink {
+class CMarkerSink final : public CContactSink {
 public:
     explicit CMarkerSink(CPolyDisplay& display) : m_Display(display) {}
 

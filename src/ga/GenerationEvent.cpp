@@ -46,7 +46,7 @@ private:
 };
 
 /// Posts one notice per generation, and keeps the receiver's queue short.
-class CPostingSink : public CGenerationSink {
+class CPostingSink final : public CGenerationSink {
 public:
     CPostingSink(wxEvtHandler* pReceiver, const CRelaxed<bool>& bStop)
         : m_pReceiver(pReceiver), m_bStop(bStop) {}
@@ -57,6 +57,7 @@ public:
         }
         WaitForReceiver();
         m_pReceiver->AddPendingEvent(CGenerationEvent(nGeneration, m_pOutstanding));
+        m_nAfterPost = *m_pOutstanding;
     }
 
 private:
@@ -65,7 +66,7 @@ private:
     /// stirs again. A search on the window's own thread never waits, since nobody else would handle notices.
     void WaitForReceiver() {
         int nSeen = *m_pOutstanding;
-        m_bGone = m_bGone && nSeen >= m_nSeenWhenGone;
+        m_bGone = m_bGone && nSeen >= m_nAfterPost;
         if (nSeen < MAX_OUTSTANDING || m_bGone || wxThread::IsMain()) {
             return;
         }
@@ -78,7 +79,6 @@ private:
                 lastProgress = now;
             } else if (now - lastProgress > PATIENCE) {
                 m_bGone = true;
-                m_nSeenWhenGone = nNow;
                 return;
             }
             nSeen = nNow;
@@ -89,7 +89,8 @@ private:
     const CRelaxed<bool>& m_bStop;
     std::shared_ptr<std::atomic<int>> m_pOutstanding = std::make_shared<std::atomic<int>>(0);
     bool m_bGone = false;
-    int m_nSeenWhenGone = 0;
+    /// Notices outstanding after the last post: fewer now means that some have been handled.
+    int m_nAfterPost = 0;
 };
 
 }  // namespace

@@ -159,6 +159,21 @@ TEST_F(ProgressEvent, ToAReceiverThatHandlesNothingDoesNotHoldTheSearchForEver) 
     EXPECT_EQ(m_Receiver.m_Delivered, UpTo(500));
 }
 
+TEST_F(ProgressEvent, WaitsAgainForAReceiverThatStirsAfterItCountedAsGone) {
+    m_Receiver.m_OnPost = [](const wxEvent&) { std::this_thread::sleep_for(100us); };
+    RunOnAThread(2, 1'000'000'000);
+    const auto deadline = std::chrono::steady_clock::now() + 20s;
+    while (m_Receiver.m_nPosted < 1000 && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(10ms);  // nobody pumps: the search gives its receiver up and goes on
+    }
+    ASSERT_GE(m_Receiver.m_nPosted, 1000);
+    ASSERT_TRUE(PumpUntil([this] { return m_Receiver.m_nDelivered >= 1000; }));
+    m_Receiver.m_nMostWaiting = 0;
+    const int nDelivered = m_Receiver.m_nDelivered;
+    ASSERT_TRUE(PumpUntil([this, nDelivered] { return m_Receiver.m_nDelivered >= nDelivered + 1000; }));
+    EXPECT_LT(m_Receiver.m_nMostWaiting, 1000) << "the backlog only grew";
+}
+
 TEST_F(ProgressEvent, OfASearchOnTheWindowsOwnThreadNeverWaitsForIt) {
     const auto start = std::chrono::steady_clock::now();
     m_Container.RunGA(2, 500);
