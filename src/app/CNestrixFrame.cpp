@@ -24,22 +24,23 @@ constexpr float STRIP_HEIGHT = 600.0F;
 
 }  // namespace
 
-wxBEGIN_EVENT_TABLE(CNestrixFrame, wxFrame) EVT_MENU(XRCID("ID_MNU_COMMANDS_NEXT"), CNestrixFrame::OnMenuNext)
+wxBEGIN_EVENT_TABLE(CNestrixFrame, wxFrame)
+    EVT_MENU(XRCID("ID_MNU_COMMANDS_NEXT"), CNestrixFrame::OnMenuNext)
     EVT_BUTTON(XRCID("ID_BTN_ADD"), CNestrixFrame::OnAdd)
-        EVT_BUTTON(XRCID("ID_BTN_CLEAR"), CNestrixFrame::OnClear)
-            EVT_BUTTON(XRCID("ID_BTN_REMOVE"), CNestrixFrame::OnRemove)
-                EVT_BUTTON(XRCID("ID_BTN_RUN_GA"), CNestrixFrame::OnRunGA) EVT_BUTTON(XRCID("ID_BTN_STOP"),
-                                                                                      CNestrixFrame::OnStop)
-                    EVT_BUTTON(XRCID("ID_BTN_SHOW_RESULT"), CNestrixFrame::OnShowResult)
-                        EVT_MENU(ID_GENERATION_DONE, CNestrixFrame::OnGenerationDone)
-                            EVT_COMMAND_SCROLL(XRCID("ID_SLIDER_MUTATION"), CNestrixFrame::OnMutationChange)
-                                EVT_COMMAND_SCROLL(XRCID("ID_SLIDER_CULL_THRESHOLD"),
-                                                   CNestrixFrame::OnCullThresholdChange) wxEND_EVENT_TABLE()
+    EVT_BUTTON(XRCID("ID_BTN_CLEAR"), CNestrixFrame::OnClear)
+    EVT_BUTTON(XRCID("ID_BTN_REMOVE"), CNestrixFrame::OnRemove)
+    EVT_BUTTON(XRCID("ID_BTN_RUN_GA"), CNestrixFrame::OnRunGA)
+    EVT_BUTTON(XRCID("ID_BTN_STOP"), CNestrixFrame::OnStop)
+    EVT_BUTTON(XRCID("ID_BTN_SHOW_RESULT"), CNestrixFrame::OnShowResult)
+    EVT_MENU(ID_GENERATION_DONE, CNestrixFrame::OnGenerationDone)
+    EVT_COMMAND_SCROLL(XRCID("ID_SLIDER_MUTATION"), CNestrixFrame::OnMutationChange)
+    EVT_COMMAND_SCROLL(XRCID("ID_SLIDER_CULL_THRESHOLD"), CNestrixFrame::OnCullThresholdChange)
+wxEND_EVENT_TABLE()
 
-                                    wxBEGIN_EVENT_TABLE(CNestrixScrolledWindow, wxScrolledWindow)
-                                        wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(CNestrixScrolledWindow, wxScrolledWindow)
+wxEND_EVENT_TABLE()
 
-                                            CNestrixScrolledWindow::~CNestrixScrolledWindow() = default;
+CNestrixScrolledWindow::~CNestrixScrolledWindow() = default;
 
 CNestrixFrame::CNestrixFrame(const wxString& title) {
     Create(nullptr, -1, title);

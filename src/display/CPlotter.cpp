@@ -39,10 +39,12 @@ float CPlotter::m_TopMargin = 2.0F;
 FTGLPixmapFont CPlotter::m_Font(FONT_FILE);
 bool CPlotter::m_bFirst = true;
 
-wxBEGIN_EVENT_TABLE(CPlotter, wxGLCanvas) EVT_PAINT(CPlotter::OnPaint)
-    EVT_ERASE_BACKGROUND(CPlotter::OnEraseBackground) wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(CPlotter, wxGLCanvas)
+    EVT_PAINT(CPlotter::OnPaint)
+    EVT_ERASE_BACKGROUND(CPlotter::OnEraseBackground)
+wxEND_EVENT_TABLE()
 
-        CPlotter::CPlotter(wxWindow* parent)
+CPlotter::CPlotter(wxWindow* parent)
     : wxGLCanvas(parent, -1, g_OpenGLAttribList, wxPoint(0, 0), wxSize(150, 80), 0, "GLCanvas",
                  wxNullPalette),
       m_Surface(*this) {}

@@ -25,19 +25,20 @@ constexpr char ID_BACK_LINES[] = "ID_RENDER_DRAW_BACK_LINES";
 bool g_PolyOptions[RENDER_OPTION_COUNT] = {};
 
 // No size event here, deliberately: see the class.
-wxBEGIN_EVENT_TABLE(CPolyDisplay, wxGLCanvas) EVT_PAINT(CPolyDisplay::OnPaint)
-    EVT_ERASE_BACKGROUND(CPolyDisplay::OnEraseBackground) EVT_RIGHT_DOWN(CPolyDisplay::OnRightDown)
-        EVT_MENU(wxXmlResource::GetXRCID(ID_BOUNDING_BOX), CPolyDisplay::OnMenuDrawBoundingBox)
-            EVT_MENU(wxXmlResource::GetXRCID(ID_FRONT_POINTS), CPolyDisplay::OnMenuDrawFrontPoints)
-                EVT_MENU(wxXmlResource::GetXRCID(ID_BACK_POINTS), CPolyDisplay::OnMenuDrawBackPoints)
-                    EVT_MENU(wxXmlResource::GetXRCID(ID_REFERENCE), CPolyDisplay::OnMenuDrawReferencePoints)
-                        EVT_MENU(wxXmlResource::GetXRCID(ID_SEQ_NUMBER), CPolyDisplay::OnMenuDrawSeqNumber)
-                            EVT_MENU(wxXmlResource::GetXRCID(ID_FRONT_LINES),
-                                     CPolyDisplay::OnMenuDrawFrontLines)
-                                EVT_MENU(wxXmlResource::GetXRCID(ID_BACK_LINES),
-                                         CPolyDisplay::OnMenuDrawBackLines) wxEND_EVENT_TABLE()
+wxBEGIN_EVENT_TABLE(CPolyDisplay, wxGLCanvas)
+    EVT_PAINT(CPolyDisplay::OnPaint)
+    EVT_ERASE_BACKGROUND(CPolyDisplay::OnEraseBackground)
+    EVT_RIGHT_DOWN(CPolyDisplay::OnRightDown)
+    EVT_MENU(wxXmlResource::GetXRCID(ID_BOUNDING_BOX), CPolyDisplay::OnMenuDrawBoundingBox)
+    EVT_MENU(wxXmlResource::GetXRCID(ID_FRONT_POINTS), CPolyDisplay::OnMenuDrawFrontPoints)
+    EVT_MENU(wxXmlResource::GetXRCID(ID_BACK_POINTS), CPolyDisplay::OnMenuDrawBackPoints)
+    EVT_MENU(wxXmlResource::GetXRCID(ID_REFERENCE), CPolyDisplay::OnMenuDrawReferencePoints)
+    EVT_MENU(wxXmlResource::GetXRCID(ID_SEQ_NUMBER), CPolyDisplay::OnMenuDrawSeqNumber)
+    EVT_MENU(wxXmlResource::GetXRCID(ID_FRONT_LINES), CPolyDisplay::OnMenuDrawFrontLines)
+    EVT_MENU(wxXmlResource::GetXRCID(ID_BACK_LINES), CPolyDisplay::OnMenuDrawBackLines)
+wxEND_EVENT_TABLE()
 
-                                    CPolyDisplay::CPolyDisplay(wxWindow* parent)
+CPolyDisplay::CPolyDisplay(wxWindow* parent)
     : wxGLCanvas(parent, -1, g_OpenGLAttribList, wxPoint(0, 0), wxSize(400, 600), 0, "GLCanvas",
                  wxNullPalette),
       m_Font(FONT_FILE),
