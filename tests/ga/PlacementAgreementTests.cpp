@@ -79,9 +79,7 @@ TEST_P(RandomLayouts, OfOnePieceArePlacedAsThePlainReferencePlacesThem) {
 }
 
 TEST_P(RandomLayouts, OfTwoHundredPiecesArePlacedAsThePlainReferencePlacesThem) {
-    for (uint64_t nSeed = 2000; nSeed < 2002 && !HasFatalFailure(); ++nSeed) {
-        ExpectAgreementOnOneSet(GetParam(), nSeed, 200);
-    }
+    ExpectAgreementOnOneSet(GetParam(), 2000, 200);
 }
 
 TEST_P(RandomLayouts, OfAThousandPiecesArePlacedAsThePlainReferencePlacesThem) {

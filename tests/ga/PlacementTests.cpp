@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 
+#include "Agreement.h"
 #include "CContainer.h"
 #include "Chromosomes.h"
 #include "FamilyParameter.h"
@@ -37,6 +38,8 @@ protected:
     float Place(std::initializer_list<SGene> genes) { return Place(MakeChromosome(genes)); }
 
     float Place(const CChromosome& chromosome) {
+        // With and without a listener: only without one may a placement take short cuts.
+        EXPECT_EQ(reference::FindPlacementDifference(m_Container, chromosome), "");
         m_Log.m_Contacts.clear();
         return m_Container.PlaceChromosome(chromosome, m_Placed, &m_Log);
     }
@@ -89,6 +92,14 @@ TEST_F(Placement, OfTwoSquaresClampedToTheSameWallLeavesTheSecondAtItsStart) {
         m_Container.ValidateChromosome(chromosome);
         EXPECT_EQ(Place(chromosome), -30.0F) << fX;
     }
+}
+
+TEST_F(Placement, HoldsZeroAndMinusZeroForInLine) {
+    const support::Outline square = {{-0.0F, 0, 0}, {10, 0, 0}, {10, 10, 0}, {-0.0F, 10, 0}};
+    // Out of line on the right, so that the left sides decide alone.
+    Use({MakeRectangle(15, 10), MakePolygon(square)});
+    EXPECT_EQ(Place({{0, 0, 0}, {1, 1, -0.0F}}), -30.0F);
+    EXPECT_EQ(Place({{1, 0, -0.0F}, {0, 1, 0}}), -30.0F);
 }
 
 TEST_F(Placement, AtTheStartMeetsWhatHangsThere) {
