@@ -1,0 +1,91 @@
+#include "CProcess.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "CTemporaryFolder.h"
+
+namespace support {
+
+namespace {
+
+void Redirect(const std::filesystem::path& path, int nDescriptor) {
+    const int nFile = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    dup2(nFile, nDescriptor);
+    close(nFile);
+}
+
+[[noreturn]] void Execute(const std::vector<std::string>& command, const CProcess::SSettings& settings) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    for (const auto& [name, value] : settings.m_Environment) {
+        if (value.empty()) {
+            unsetenv(name.c_str());
+        } else {
+            setenv(name.c_str(), value.c_str(), 1);
+        }
+    }
+    Redirect(settings.m_Output, 1);
+    Redirect(settings.m_Errors, 2);
+    if (chdir(settings.m_Folder.c_str()) != 0) {
+        _exit(126);
+    }
+    std::vector<char*> arguments;
+    for (const std::string& argument : command) {
+        arguments.push_back(const_cast<char*>(argument.c_str()));
+    }
+    arguments.push_back(nullptr);
+    execvp(arguments[0], arguments.data());
+    _exit(127);
+}
+
+}  // namespace
+
+CProcess::CProcess(std::vector<std::string> command, const SSettings& settings) : m_nProcess(fork()) {
+    if (m_nProcess == 0) {
+        Execute(command, settings);
+    }
+}
+
+CProcess::~CProcess() {
+    if (!Poll()) {
+        kill(m_nProcess, SIGKILL);
+        waitpid(m_nProcess, nullptr, 0);
+    }
+}
+
+std::optional<int> CProcess::Poll() {
+    int nStatus = 0;
+    if (!m_Status && waitpid(m_nProcess, &nStatus, WNOHANG) == m_nProcess) {
+        m_Status = WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -WTERMSIG(nStatus);
+    }
+    return m_Status;
+}
+
+std::optional<int> CProcess::AwaitEnd(std::chrono::milliseconds patience) {
+    (void)Await([this] { return Poll().has_value(); }, patience);
+    return m_Status;
+}
+
+std::string OutputOf(const std::vector<std::string>& command) {
+    const CTemporaryFolder folder;
+    CProcess::SSettings settings;
+    settings.m_Output = folder.PathOf("output");
+    CProcess process(command, settings);
+    (void)process.AwaitEnd(std::chrono::seconds(10));
+    return ReadFile(settings.m_Output);
+}
+
+std::string ReadFile(const std::filesystem::path& path) {
+    std::ostringstream content;
+    content << std::ifstream(path, std::ios::binary).rdbuf();
+    return content.str();
+}
+
+}  // namespace support

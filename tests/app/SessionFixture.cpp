@@ -1,0 +1,172 @@
+#include "SessionFixture.h"
+
+#include <wx/app.h>
+#include <wx/xrc/xmlres.h>
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+#include "CPolyDisplay.h"
+#include "EventPump.h"
+#include "NestrixMain.h"
+#include "PolygonMaking.h"
+#include "SanitizerDefaults.h"
+
+namespace support {
+
+namespace {
+
+constexpr char TITLE[] = "Nestrix using GA";
+constexpr char DIALOG[] = "Choose a polygon file";
+
+constexpr std::array CONTROLS{"ID_BTN_ADD",
+                              "ID_BTN_CLEAR",
+                              "ID_BTN_REMOVE",
+                              "ID_BTN_RUN_GA",
+                              "ID_BTN_STOP",
+                              "ID_BTN_SHOW_RESULT",
+                              "ID_SLIDER_MUTATION",
+                              "ID_SLIDER_CULL_THRESHOLD",
+                              "ID_TXT_MUTATION_PROBABILITY",
+                              "ID_TXT_THRESHOLD",
+                              "ID_SPIN_INITIAL_POPULATION",
+                              "ID_SPIN_GENERATIONS",
+                              "ID_GAUGE",
+                              "ID_TXT_AVG_FITNESS",
+                              "ID_TXT_BEST_FITNESS",
+                              "ID_TXT_TOTAL_POP",
+                              "ID_LST_POLYGON",
+                              "ID_DISPLAY",
+                              "ID_AVG_PLOTTER",
+                              "ID_BEST_PLOTTER",
+                              "ID_TOTAL_POP_PLOTTER"};
+
+/// Once these look as in a window at rest, the window has come to rest.
+constexpr std::array LANDMARKS{"ID_BTN_ADD", "ID_BTN_RUN_GA", "ID_BTN_STOP"};
+
+bool IsAtRest() {
+    const CScreenshot before;
+    (void)PumpUntil([] { return false; }, std::chrono::milliseconds(60));
+    return !before.Differs(CScreenshot(), wxRect(wxPoint(0, 0), wxGetDisplaySize()));
+}
+
+}  // namespace
+
+SessionFixture::SessionFixture() {
+    ParkPointer();
+    LearnLayout();
+    std::filesystem::create_symlink(std::filesystem::absolute("Nestrix_wdr.xrc"),
+                                    m_Folder.PathOf("Nestrix_wdr.xrc"));
+    std::filesystem::create_symlink(std::filesystem::absolute("arial.ttf"), m_Folder.PathOf("arial.ttf"));
+}
+
+void SessionFixture::Require(bool bHappened, const std::string& otherwise) const {
+    if (!bHappened) {
+        throw std::runtime_error(otherwise + "\n" + ReadFile(m_Records.PathOf("errors")));
+    }
+}
+
+void SessionFixture::LearnLayout() {
+    auto* pFrame = new CNestrixFrame(TITLE);
+    pFrame->Show(true);
+    pFrame->Initialize();
+    const int nWidth = wxGetDisplaySize().x;
+    Require(PumpUntil([&] { return pFrame->m_pScrolledWindow->GetSize().x > nWidth - 10; }), "not maximised");
+    Require(PumpUntil([&] { return pFrame->IsActive() && IsAtRest(); }), "the window does not come to rest");
+    for (const char* pName : CONTROLS) {
+        m_Places[pName] = pFrame->FindWindow(wxXmlResource::GetXRCID(pName))->GetScreenRect();
+    }
+    m_pAtRest = std::make_unique<CScreenshot>();
+    pFrame->Destroy();
+    // Gone from the screen, too, so that nobody takes it for the program's.
+    Require(PumpUntil([] { return wxTopLevelWindows.empty() && !IsWindowOpen(TITLE); }), "it stayed open");
+}
+
+void SessionFixture::Launch(const std::map<std::string, std::string>& environment) {
+    CProcess::SSettings settings;
+    settings.m_Folder = m_Folder.Path();
+    settings.m_Output = m_Records.PathOf("output");
+    settings.m_Errors = m_Records.PathOf("errors");
+    settings.m_Environment = environment;
+    settings.m_Environment["LSAN_OPTIONS"] =
+        "print_suppressions=0:suppressions=" + m_Records.Write("leaks", TOOLKIT_LEAKS);
+    settings.m_Environment["TSAN_OPTIONS"] = TOOLKIT_RACES;
+    m_pProgram =
+        std::make_unique<CProcess>(std::vector{std::filesystem::absolute("nestrix").string()}, settings);
+}
+
+void SessionFixture::Start(const std::map<std::string, std::string>& environment) {
+    Launch(environment);
+    // The strip's left wall, half-way up.
+    const wxPoint wall = Place("ID_DISPLAY").GetPosition() + wxPoint(33, 300);
+    const auto isAtRest = [&] {
+        const CScreenshot now;
+        const bool bPainted = now.At(wall) == BLACK && now.At(wall + wxPoint(3, 0)) == WHITE;
+        return bPainted && std::ranges::none_of(LANDMARKS, [&](const char* pLandmark) {
+                   return now.Differs(*m_pAtRest, Place(pLandmark));
+               });
+    };
+    Require(Await(isAtRest), "the window does not come to rest");
+}
+
+std::string SessionFixture::AddSquare(const std::string& name, int nSide) {
+    return m_Folder.Write(name, PolygonFileText(MakeSquare(static_cast<float>(nSide))));
+}
+
+void SessionFixture::ListFile(const std::string& path) {
+    ClickOn("ID_BTN_ADD");
+    Require(AwaitWindow(DIALOG), "no file dialog");
+    TypeText(path);
+    // The dialog completes what is typed a moment later, and would take Return for half a name before.
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    PressKeys({"Return"});
+    Require(Await([] { return !IsWindowOpen(DIALOG); }), "the file dialog stayed open");
+}
+
+void SessionFixture::ListWholeFolder() {
+    ClickOn("ID_BTN_ADD");
+    Require(AwaitWindow(DIALOG), "no file dialog");
+    // It reads the folder after it has come up.
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    PressKeys({"ctrl+a", "alt+o"});
+    Require(Await([] { return !IsWindowOpen(DIALOG); }), "the file dialog stayed open");
+}
+
+void SessionFixture::ClickOn(const std::string& control, int nButton) {
+    const wxRect place = Place(control);
+    Click(place.GetPosition() + wxPoint(place.width / 2, place.height / 2), nButton);
+}
+
+void SessionFixture::SetRun(int nPopulation, int nGenerations) {
+    PressKeys({"alt+p", "ctrl+a"});
+    TypeText(std::to_string(nPopulation));
+    PressKeys({"alt+g", "ctrl+a"});
+    TypeText(std::to_string(nGenerations));
+    PressKeys({"Tab"});
+}
+
+std::string SessionFixture::Output() const {
+    return ReadFile(m_Records.PathOf("output"));
+}
+
+int SessionFixture::CountOutput(const std::string& text) const {
+    const std::string output = Output();
+    int nCount = 0;
+    for (size_t i = output.find(text); i != std::string::npos; i = output.find(text, i + text.size())) {
+        ++nCount;
+    }
+    return nCount;
+}
+
+bool SessionFixture::AwaitOutput(const std::string& text, int nTimes,
+                                 std::chrono::milliseconds patience) const {
+    return Await([&] { return CountOutput(text) >= nTimes; }, patience);
+}
+
+void SessionFixture::CloseWindow() {
+    PressKeys({"alt+F4"});
+    EXPECT_EQ(m_pProgram->AwaitEnd(std::chrono::seconds(10)), 0) << ReadFile(m_Records.PathOf("errors"));
+}
+
+}  // namespace support
