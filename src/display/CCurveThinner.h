@@ -3,7 +3,7 @@
 #include <span>
 #include <vector>
 
-#include "Geom.h"
+#include "Vector.h"
 
 /// Leaves out those points of a long curve that nobody could see, so that painting a run of a million
 /// generations costs what the canvas has pixels, and not what the run has generations: the window stays
