@@ -18,15 +18,6 @@ constexpr size_t MEGABYTE = 1 << 20;
 constexpr size_t LARGEST_GROWTH = 5 * MEGABYTE;
 constexpr int POPULATION = 20;
 
-/// The sanitizers keep what was freed, and shadows of it, so there the resident size says nothing.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool RESIDENT_SIZE_COUNTS = false;
-#elif defined(__has_feature)
-constexpr bool RESIDENT_SIZE_COUNTS = !__has_feature(address_sanitizer) && !__has_feature(thread_sanitizer);
-#else
-constexpr bool RESIDENT_SIZE_COUNTS = true;
-#endif
-
 struct SMemory {
     size_t m_nResident = faults::ResidentBytes();
     size_t m_nLive = faults::LiveBytes();
@@ -38,7 +29,8 @@ void ExpectFlat(const SMemory& early, const char* pWhat, long nHowMany) {
                  static_cast<double>(early.m_nResident) / MEGABYTE,
                  static_cast<double>(late.m_nResident) / MEGABYTE);
     EXPECT_LE(late.m_nLive, early.m_nLive);
-    if (RESIDENT_SIZE_COUNTS) {
+    // The sanitizers keep what was freed, and shadows of it.
+    if (!faults::UNDER_SANITIZER) {
         EXPECT_LT(late.m_nResident, early.m_nResident + LARGEST_GROWTH);
     }
 }

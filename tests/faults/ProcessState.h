@@ -5,6 +5,14 @@
 
 namespace faults {
 
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+inline constexpr bool UNDER_SANITIZER = true;
+#elif defined(__has_feature)
+inline constexpr bool UNDER_SANITIZER = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
+#else
+inline constexpr bool UNDER_SANITIZER = false;
+#endif
+
 /// What a failed operation must leave as it found it, besides its own objects.
 struct SProcessState {
     size_t m_nLiveBlocks = 0;

@@ -1,0 +1,145 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string_view>
+
+#include "CTemporaryFolder.h"
+#include "Geom.h"
+#include "Outlines.h"
+#include "PolygonMaking.h"
+#include "ProcessState.h"
+
+// Files of sizes that no honest program writes.
+
+namespace {
+
+using namespace support;
+
+constexpr size_t TWO_HUNDRED_MEGABYTES = 200'000'000;
+
+struct SLargeOutline {
+    std::string_view m_Name;
+    std::function<Outline(CSeededRandom&, int)> m_Make;
+};
+
+class LargeOutline : public testing::TestWithParam<SLargeOutline> {};
+
+/// Every second vertex on either side: each edge lies under all that follow.
+Outline ZigzagOutline(int nVertices) {
+    Outline outline;
+    for (int i = 0; i < nVertices; ++i) {
+        outline.push_back({i % 2 == 0 ? 0.0F : 300.0F, static_cast<float>(i), 0.0F});
+    }
+    return outline;
+}
+
+const std::vector<SLargeOutline> LARGE_OUTLINES = {
+    {"Convex", [](CSeededRandom& random, int n) { return ConvexOutline(random, n, 300, 300); }},
+    {"Concave", [](CSeededRandom& random, int n) { return StarOutline(random, n, 300, 300); }},
+    {"Comb", [](CSeededRandom& random, int n) { return CombOutline(random, n, 300, 300); }},
+    {"SelfCrossing", [](CSeededRandom& random, int n) { return ScribbleOutline(random, n); }},
+    {"Zigzag", [](CSeededRandom&, int n) { return ZigzagOutline(n); }},
+    {"OnePlace", [](CSeededRandom&, int n) { return Outline(static_cast<size_t>(n)); }},
+};
+
+TEST_P(LargeOutline, OfAHundredThousandVerticesIsReadWithinASecond) {
+    constexpr int VERTICES = 100'000;
+    CSeededRandom random(18);
+    const CTemporaryFolder folder;
+    const CPolygon raw = MakeRawPolygon(GetParam().m_Make(random, VERTICES), {}, {300, 300, 0});
+    const std::string path = folder.Write("large.pol", PolygonFileText(raw));
+    CPolygon polygon;
+    // The processor's time, since the machine may have other things to do.
+    const std::clock_t nBefore = std::clock();
+    ASSERT_TRUE(polygon.ReadPolygon(path.c_str()));
+    const double seconds = static_cast<double>(std::clock() - nBefore) / CLOCKS_PER_SEC;
+    EXPECT_EQ(polygon.m_Lines.size(), raw.m_Points.size());
+    EXPECT_LT(seconds, faults::UNDER_SANITIZER ? 20.0 : 1.0);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, LargeOutline, testing::ValuesIn(LARGE_OUTLINES),
+                         [](const auto& test) { return std::string(test.param.m_Name); });
+
+/// While it lives, the process may not grow beyond a size.
+class CMemoryLimit {
+public:
+    explicit CMemoryLimit(rlim_t nBytes) {
+        getrlimit(RLIMIT_AS, &m_Previous);
+        const rlimit limit = {nBytes, m_Previous.rlim_max};
+        setrlimit(RLIMIT_AS, &limit);
+    }
+    ~CMemoryLimit() { setrlimit(RLIMIT_AS, &m_Previous); }
+    CMemoryLimit(const CMemoryLimit&) = delete;
+    CMemoryLimit& operator=(const CMemoryLimit&) = delete;
+
+private:
+    rlimit m_Previous = {};
+};
+
+class FileOfTwoHundredMegabytes : public testing::Test {
+protected:
+    void SetUp() override {
+        if (faults::UNDER_SANITIZER) {
+            GTEST_SKIP() << "the sanitizers' own memory knows no limits";
+        }
+    }
+
+    /// The text and, behind it, zero bytes up to the full size; they take no room on the disk.
+    [[nodiscard]] std::string WriteSparse(std::string_view text) const {
+        std::string path = m_Folder.Write("sparse.pol", text);
+        std::filesystem::resize_file(path, TWO_HUNDRED_MEGABYTES);
+        return path;
+    }
+
+    /// The lower side of a strip from left to right, then its upper side back.
+    [[nodiscard]] std::string WriteStrip(int nVertices) const {
+        std::string path = m_Folder.PathOf("strip.pol");
+        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pFile(std::fopen(path.c_str(), "w"),
+                                                                    std::fclose);
+        std::fprintf(pFile.get(), "%d\n", nVertices);
+        for (int i = 0; i < nVertices; ++i) {
+            const bool bLower = i < nVertices / 2;
+            const int nColumn = bLower ? i : nVertices - 1 - i;
+            std::fprintf(pFile.get(), "%9d,%4d.\n", nColumn, bLower ? nColumn % 3 : 900);
+        }
+        std::fprintf(pFile.get(), ";%d,900\n0,0\n", nVertices / 2);
+        return path;
+    }
+
+    const CTemporaryFolder m_Folder;
+    const CMemoryLimit m_Limit{4'000'000'000};
+};
+
+TEST_F(FileOfTwoHundredMegabytes, IsReadWholeIfItIsSound) {
+    constexpr int VERTICES = 12'500'000;  // 16 bytes each
+    const std::string path = WriteStrip(VERTICES);
+    ASSERT_GE(std::filesystem::file_size(path), TWO_HUNDRED_MEGABYTES);
+    CPolygon polygon;
+    ASSERT_TRUE(polygon.ReadPolygon(path.c_str()));
+    EXPECT_EQ(polygon.m_Points.size(), static_cast<size_t>(VERTICES));
+    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "");
+}
+
+TEST_F(FileOfTwoHundredMegabytes, WithoutACountHasNoVertices) {
+    const std::string path = WriteSparse("");
+    CPolygon polygon;
+    ASSERT_TRUE(polygon.ReadPolygon(path.c_str()));
+    EXPECT_TRUE(polygon.m_Points.empty());
+    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "it does not begin with the number of vertices");
+}
+
+/// A count that so large a file could almost hold, if it held any vertices.
+TEST_F(FileOfTwoHundredMegabytes, OfEmptyPromisesTakesLittleMemory) {
+    const std::string path = WriteSparse("190000000 1,2 3,4 5,6 ");
+    CPolygon polygon;
+    ASSERT_NO_THROW(ASSERT_TRUE(polygon.ReadPolygon(path.c_str())));
+    EXPECT_EQ(polygon.PositionOf(2), (mgVector3{5, 6, 0}));
+    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "vertex 4 of 190000000 is not a pair \"x,y\"");
+}
+
+}  // namespace
