@@ -40,8 +40,9 @@ SPolygonFile OpenPolygonFile(char const* path) {
     SPolygonFile file{nullptr, status.st_size, {}};
     file.m_pStream.reset(fdopen(nDescriptor, "r"));
     if (file.m_pStream == nullptr) {
-        file.m_Fault = std::strerror(errno);
-        close(nDescriptor);
+        const int nError = errno;
+        close(nDescriptor);  // first: there may be no memory for the text
+        file.m_Fault = std::strerror(nError);
     }
     return file;
 }

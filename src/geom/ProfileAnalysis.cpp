@@ -26,17 +26,21 @@ bool IsHiddenByAny(const CPolygon& polygon, int nPoint, THitTest hits) {
     return false;
 }
 
-/// The profile analysis' filters ask whether vertices are hidden for every profile vertex and both ends of
-/// every profile edge; the index answers without a scan of the whole outline.
+/// The filters ask whether vertices are hidden for every profile vertex and both ends of every profile edge;
+/// the index answers without a scan of the whole outline.
 class CVisibility {
 public:
-    CVisibility(const CPolygon& polygon, const CEdgeIndex& index, THitTest hits)
-        : m_pPolygon(&polygon), m_pIndex(&index), m_Hits(hits) {}
+    enum class ESide { Below, Above };
+
+    /// Hidden means hidden by edges on this side.
+    CVisibility(const CPolygon& polygon, const CEdgeIndex& index, ESide side)
+        : m_pPolygon(&polygon), m_pIndex(&index), m_Side(side) {}
 
     [[nodiscard]] bool IsHidden(const CPoint& vertex) const {
-        return m_pIndex->AnyAt(vertex.m_Position.x, [this, &vertex](int nEdge) {
-            return IsHiddenBy(*m_pPolygon, vertex, nEdge, m_Hits);
-        });
+        const THitTest hits = m_Side == ESide::Below ? DoesPointHitDownward : DoesPointHitUpward;
+        const auto hides = [&](int nEdge) { return IsHiddenBy(*m_pPolygon, vertex, nEdge, hits); };
+        return m_Side == ESide::Below ? m_pIndex->AnyBelow(vertex.m_Position, hides)
+                                      : m_pIndex->AnyAbove(vertex.m_Position, hides);
     }
 
     [[nodiscard]] bool IsHidden(const CLine& edge) const {
@@ -47,7 +51,7 @@ public:
 private:
     const CPolygon* m_pPolygon;
     const CEdgeIndex* m_pIndex;
-    THitTest m_Hits;
+    ESide m_Side;
 };
 
 template <class TEntry>
@@ -113,14 +117,14 @@ void CPolygon::ProcessFrontAndBackPoints() {
 
 void CPolygon::FilterFrontAndBackPoints() {
     const CEdgeIndex index(*this);
-    DropHidden(m_FrontPoints, CVisibility(*this, index, DoesPointHitDownward));
-    DropHidden(m_BackPoints, CVisibility(*this, index, DoesPointHitUpward));
+    DropHidden(m_FrontPoints, CVisibility(*this, index, CVisibility::ESide::Below));
+    DropHidden(m_BackPoints, CVisibility(*this, index, CVisibility::ESide::Above));
 }
 
 void CPolygon::FilterFrontAndBackLines() {
     const CEdgeIndex index(*this);
-    DropHidden(m_FrontLines, CVisibility(*this, index, DoesPointHitDownward));
-    DropHidden(m_BackLines, CVisibility(*this, index, DoesPointHitUpward));
+    DropHidden(m_FrontLines, CVisibility(*this, index, CVisibility::ESide::Below));
+    DropHidden(m_BackLines, CVisibility(*this, index, CVisibility::ESide::Above));
 }
 
 bool CPolygon::DoesPointHitAnyLineDownward(int pointIndex) const {

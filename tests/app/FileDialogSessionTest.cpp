@@ -75,8 +75,11 @@ TEST_F(FileDialogSession, LeavesTheListAloneWhenCancelled) {
 }
 
 TEST_F(FileDialogSession, ListsAFileWithAnyCharacterInItsName) {
-    m_Squares.push_back(AddSquare("Größe 100%s.pol", 10));
-    ListFile(m_Squares.back());
+    for (const std::string& square : m_Squares) {
+        std::filesystem::remove(square);
+    }
+    m_Squares = {AddSquare("Größe 100%s.pol", 10)};
+    ListWholeFolder();
     EXPECT_EQ(ListedFiles(), "Größe 100%s.pol ");
     CloseWindow();
 }

@@ -92,8 +92,7 @@ void SessionFixture::Launch(const std::map<std::string, std::string>& environmen
     settings.m_Environment["LSAN_OPTIONS"] =
         "print_suppressions=0:suppressions=" + m_Records.Write("leaks", TOOLKIT_LEAKS);
     settings.m_Environment["TSAN_OPTIONS"] = TOOLKIT_RACES;
-    m_pProgram =
-        std::make_unique<CProcess>(std::vector{std::filesystem::absolute("nestrix").string()}, settings);
+    m_pProgram = std::make_unique<CProcess>(std::vector{m_Command.string()}, settings);
 }
 
 void SessionFixture::Start(const std::map<std::string, std::string>& environment) {

@@ -51,6 +51,7 @@ protected:
     CWindowManager m_WindowManager;
     CTemporaryFolder m_Folder;  ///< the program's own
     CTemporaryFolder m_Records;
+    std::filesystem::path m_Command = std::filesystem::absolute("nestrix");  ///< what is started
     std::unique_ptr<CProcess> m_pProgram;
 
 private:

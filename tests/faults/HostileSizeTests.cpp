@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <memory>
+#include <ostream>
 #include <string_view>
 
 #include "CTemporaryFolder.h"
@@ -27,6 +29,10 @@ struct SLargeOutline {
     std::function<Outline(CSeededRandom&, int)> m_Make;
 };
 
+void PrintTo(const SLargeOutline& outline, std::ostream* pStream) {
+    *pStream << outline.m_Name;
+}
+
 class LargeOutline : public testing::TestWithParam<SLargeOutline> {};
 
 /// Every second vertex on either side: each edge lies under all that follow.
@@ -47,7 +53,7 @@ const std::vector<SLargeOutline> LARGE_OUTLINES = {
     {"OnePlace", [](CSeededRandom&, int n) { return Outline(static_cast<size_t>(n)); }},
 };
 
-TEST_P(LargeOutline, OfAHundredThousandVerticesIsReadWithinASecond) {
+TEST_P(LargeOutline, OfAHundredThousandVerticesIsReadWithinTwoSeconds) {
     constexpr int VERTICES = 100'000;
     CSeededRandom random(18);
     const CTemporaryFolder folder;
@@ -59,7 +65,7 @@ TEST_P(LargeOutline, OfAHundredThousandVerticesIsReadWithinASecond) {
     ASSERT_TRUE(polygon.ReadPolygon(path.c_str()));
     const double seconds = static_cast<double>(std::clock() - nBefore) / CLOCKS_PER_SEC;
     EXPECT_EQ(polygon.m_Lines.size(), raw.m_Points.size());
-    EXPECT_LT(seconds, faults::UNDER_SANITIZER ? 20.0 : 1.0);
+    EXPECT_LT(seconds, faults::UNDER_SANITIZER ? 30.0 : 2.0);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, LargeOutline, testing::ValuesIn(LARGE_OUTLINES),

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "BenchmarkSets.h"
 #include "CAllocationFault.h"
 #include "CContainer.h"
@@ -7,6 +9,14 @@
 
 // Once a search has its working storage, it breeds, drops and reports without a single call of operator new.
 // What the C library takes for itself is not counted: its qsort borrows a buffer for more than 64 genes.
+
+namespace support {
+
+void PrintTo(const SBenchmarkSet& set, std::ostream* pStream) {
+    *pStream << set.m_Kind.m_Name << ' ' << set.m_nPieces;
+}
+
+}  // namespace support
 
 namespace {
 
