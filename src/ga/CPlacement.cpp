@@ -39,7 +39,9 @@ void CPlacement::SortGenes(std::span<const SGene> genes) {
     for (const SGene& gene : genes) {
         m_Sorted.push_back({gene});
     }
-    std::qsort(m_Sorted.data(), m_Sorted.size(), sizeof(SSortedGene), GeneSortCallBack);
+    if (!m_Sorted.empty()) {  // qsort takes no null pointer
+        std::qsort(m_Sorted.data(), m_Sorted.size(), sizeof(SSortedGene), GeneSortCallBack);
+    }
     std::erase_if(m_Sorted, [this](const SGene& gene) {
         return gene.m_nPolygon < 0 || gene.m_nPolygon >= static_cast<int>(m_Polygons.size());
     });
