@@ -69,6 +69,10 @@ bool AwaitWindow(const std::string& title) {
     return Await([&title] { return IsWindowOpen(title); });
 }
 
+bool AwaitFocus(const std::string& title) {
+    return Await([&title] { return Xdotool({"getactivewindow", "getwindowname"}) == title + "\n"; });
+}
+
 int CountWindows() {
     const ScreenPointer pDisplay = OpenScreen();
     Window root = 0;

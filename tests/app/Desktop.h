@@ -37,6 +37,9 @@ void Drag(const wxPoint& from, const wxPoint& to);
 [[nodiscard]] bool IsWindowOpen(const std::string& title);
 [[nodiscard]] bool AwaitWindow(const std::string& title);
 
+/// Waits until the window of this title is the one that keys go to.
+[[nodiscard]] bool AwaitFocus(const std::string& title);
+
 /// How many windows are on the screen: with a menu, one more.
 [[nodiscard]] int CountWindows();
 

@@ -165,11 +165,6 @@ bool SessionFixture::AwaitOutput(const std::string& text, int nTimes,
 }
 
 void SessionFixture::CloseWindow() {
-    // Keys go to the window that has the focus, and the window manager gives it in its own time.
-    const auto hasFocus = [] {
-        return OutputOf({"xdotool", "getwindowfocus", "getwindowname"}).starts_with(TITLE);
-    };
-    Require(Await(hasFocus), "the window has not got the focus");
     Require(AwaitFocus(TITLE), "the window does not get the keys");
     PressKeys({"alt+F4"});
     EXPECT_EQ(m_pProgram->AwaitEnd(std::chrono::seconds(10)), 0) << ReadFile(m_Records.PathOf("errors"));
