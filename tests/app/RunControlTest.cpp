@@ -1,4 +1,7 @@
 #include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <fstream>
 
 #include "CPolyDisplay.h"
 #include "CStdoutCapture.h"
@@ -201,6 +204,26 @@ TEST_F(RunControl, StopsAFinishedRunWithoutAWord) {
     RunToItsEnd();
     EXPECT_EQ(Press("ID_BTN_STOP"), "");
     EXPECT_EQ(m_pFrame->m_pThread, nullptr);
+}
+
+/// Of the process, in megabytes.
+int AddressSpace() {
+    long nPages = 0;
+    std::ifstream("/proc/self/statm") >> nPages;
+    return static_cast<int>(nPages * sysconf(_SC_PAGESIZE) >> 20);
+}
+
+TEST_F(RunControl, JoinsTheThreadsOfFinishedRuns) {
+    constexpr int RUNS = 40;
+    ListSquares(2);
+    SetRun(2, 0);
+    RunToItsEnd();
+    const int nBefore = AddressSpace();
+    for (int i = 0; i < RUNS; ++i) {
+        RunToItsEnd();
+    }
+    // A thread that nobody joins keeps its stack, of which each has 8 MB.
+    EXPECT_LT(AddressSpace() - nBefore, RUNS * 8 / 2);
 }
 
 TEST_F(RunControl, EndsWithTheWindow) {
