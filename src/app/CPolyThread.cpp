@@ -58,5 +58,5 @@ void CPolyThread::StopAndJoin() {
         m_pFrame->m_Container.m_bStop = true;
         wxMilliSleep(1);
     }
-    Delete();
+    Wait();
 }

@@ -22,7 +22,7 @@ inline constexpr char TOOLKIT_LEAKS[] =
     "leak:libGLX_mesa\n";
 
 /// The thread sanitizer cannot see the locks within the toolkit's libraries, which were built without it,
-/// and would take what they guard for races; nor does it see them join their threads.
-inline constexpr char TOOLKIT_RACES[] = "ignore_noninstrumented_modules=1:report_thread_leaks=0";
+/// and would take what they guard for races.
+inline constexpr char TOOLKIT_RACES[] = "ignore_noninstrumented_modules=1";
 
 }  // namespace support
