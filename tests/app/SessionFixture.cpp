@@ -90,7 +90,7 @@ void SessionFixture::Launch(const std::map<std::string, std::string>& environmen
     settings.m_Errors = m_Records.PathOf("errors");
     settings.m_Environment = environment;
     settings.m_Environment["LSAN_OPTIONS"] =
-        "print_suppressions=0:suppressions=" + m_Records.Write("leaks", TOOLKIT_LEAKS);
+        std::string(LEAK_OPTIONS) + ":suppressions=" + m_Records.Write("leaks", TOOLKIT_LEAKS);
     settings.m_Environment["TSAN_OPTIONS"] = TOOLKIT_RACES;
     m_pProgram = std::make_unique<CProcess>(std::vector{m_Command.string()}, settings);
 }

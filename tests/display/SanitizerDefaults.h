@@ -19,7 +19,13 @@ inline constexpr char TOOLKIT_LEAKS[] =
     "leak:libpango\n"
     // Software rendering keeps its screens and its caches of shaders.
     "leak:swrast_dri\n"
-    "leak:libGLX_mesa\n";
+    "leak:libGLX_mesa\n"
+    // The dynamic linker's books about libraries, found through storage that LEAK_OPTIONS leave out.
+    "leak:ld-linux\n";
+
+/// How the leak sanitizer is to look. It would crash when one of the renderer's or the toolkit's threads ends
+/// while it reads that thread's own storage, so it leaves such storage out.
+inline constexpr char LEAK_OPTIONS[] = "print_suppressions=0:use_tls=0";
 
 /// The thread sanitizer cannot see the locks within the toolkit's libraries, which were built without it,
 /// and would take what they guard for races.

@@ -61,7 +61,7 @@ const char* __lsan_default_suppressions() {
 }
 
 const char* __lsan_default_options() {
-    return "print_suppressions=0";
+    return support::LEAK_OPTIONS;
 }
 
 const char* __tsan_default_options() {
