@@ -45,18 +45,18 @@ float FallBefore(const SDrop& falling, float fBoxBottom, float fFall) {
 
 }  // namespace
 
-CDropField::CDropField(std::span<const CPolygon> polygons, float fStartY, float fStripWidth)
+CDropField::CDropField(std::span<const CPolygon> polygons, float fStripWidth)
     : m_Polygons(polygons),
       m_fStripWidth(fStripWidth),
       m_fLargestX(LargestX(polygons)),
       m_fLargestOffset(fStripWidth + m_fLargestX),
-      m_Profiles(polygons, fStartY, m_fLargestOffset + m_fLargestX),
+      m_Profiles(polygons, m_fLargestOffset + m_fLargestX),
+      m_bVerticals(m_Profiles.HasVerticals()),
       m_bUsable(fStripWidth > 0.0F && m_Profiles.IsComplete()) {
     if (!m_bUsable) {
         return;
     }
-    m_FallingX.resize(m_Profiles.LargestFront());
-    m_Corners.Reset(m_Profiles.HasVerticals() ? m_Profiles.CountBackPoints() : 0);
+    m_Corners.Reset(m_bVerticals ? m_Profiles.CountBackPoints() : 0);
     m_nColumns = ChooseColumns(polygons, fStripWidth);
 }
 
@@ -69,7 +69,6 @@ void CDropField::Clear(size_t nDrops) {
     m_Columns.Clear();
     m_Corners.Clear();
     m_Placed.clear();
-    m_Resting.Clear();
 }
 
 std::optional<float> CDropField::FindFall(const SDrop& drop, std::span<const SDrop> placed) {
@@ -82,14 +81,11 @@ std::optional<float> CDropField::FindFall(const SDrop& drop, std::span<const SDr
 }
 
 CDropField::SFalling CDropField::Lift(const SDrop& drop, std::span<const SDrop> placed) {
-    const auto nPolygon = static_cast<size_t>(drop.m_nPolygon);
     const SProfile& profile = m_Profiles.Of(drop.m_nPolygon);
-    const SHalfProfile& front = profile.m_Front;
-    MoveX(front, drop.m_ReferencePoint.x, m_FallingX.data());
     return {drop,
             profile,
-            {&front, m_FallingX.data(), front.m_pY, front.m_fLow, front.m_fHigh},
-            m_Polygons[nPolygon].m_BoundingBoxMin.y,
+            {profile.m_Front, drop.m_ReferencePoint.x, drop.m_ReferencePoint.y},
+            m_Polygons[static_cast<size_t>(drop.m_nPolygon)].m_BoundingBoxMin.y,
             placed};
 }
 
@@ -98,18 +94,17 @@ CDropField::SStop CDropField::FindStop(const SFalling& falling, SStop stop, int 
     const SMovedHalf& front = falling.m_Front;
     ++m_nQuery;
     m_Columns.Visit(box.m_fLeft, box.m_fRight, [&](const CColumnIndex::SEntry& entry) {
-        if (front.m_fLow - entry.m_fHigh >= stop.m_fFall) {
+        if (front.m_Y.m_fLow - entry.m_fHigh >= stop.m_fFall) {
             return false;
         }
         SPlacedHalf& half = m_Placed[static_cast<size_t>(entry.m_nDrop)];
         const SDrop& obstacle = falling.m_Placed[static_cast<size_t>(entry.m_nDrop)];
-        if (entry.m_nDrop <= nAfter || half.m_nQuery == m_nQuery || half.m_Place.m_fLow > front.m_fHigh ||
-            !CanTouch(box, obstacle.m_Box)) {
+        if (entry.m_nDrop <= nAfter || half.m_nQuery == m_nQuery ||
+            half.m_Back.m_Y.m_fLow > front.m_Y.m_fHigh || !CanTouch(box, obstacle.m_Box)) {
             return true;
         }
         half.m_nQuery = m_nQuery;
-        const SMovedHalf back = m_Resting.At(half.m_Place, UpperProfile(obstacle));
-        const float fFall = SweepUpward(back, front, SweepDownward(front, back, stop.m_fFall));
+        const float fFall = FindGap(front, half.m_Back, stop.m_fFall);
         if (fFall < stop.m_fFall) {
             stop = {fFall, entry.m_nDrop};
         }
@@ -140,8 +135,10 @@ std::optional<float> CDropField::FindHang(const SFalling& falling, const SStop& 
     SStop hang = stop;
     for (const SVerticalSide& side : falling.m_Profile.m_Verticals) {
         const auto isUnclear = [&](const CCornerIndex::SCorner& corner) {
-            const float fGap = std::min(side.m_fLow, corner.m_fY) - corner.m_fY;
-            if (side.m_fHigh < corner.m_fY || fGap >= hang.m_fFall ||
+            const float fLow = side.m_fLow + drop.m_ReferencePoint.y;
+            const float fHigh = side.m_fHigh + drop.m_ReferencePoint.y;
+            const float fGap = std::min(fLow, corner.m_fY) - corner.m_fY;
+            if (fHigh < corner.m_fY || fGap >= hang.m_fFall ||
                 !CanTouch(drop.m_Box, falling.m_Placed[static_cast<size_t>(corner.m_nDrop)].m_Box)) {
                 return false;
             }
@@ -183,18 +180,16 @@ std::optional<bool> CDropField::IsReached(const SFalling& falling, const SStop& 
 }
 
 void CDropField::Add(const SDrop& drop, int nDrop) {
-    const SHalfProfile& back = UpperProfile(drop);
-    const CRestingHalves::SPlace place =
-        m_Resting.Append(back, drop.m_ReferencePoint.x, drop.m_ReferencePoint.y);
-    m_Placed.push_back({place, 0});
-    if (back.CountY() == 0) {
+    const SHalfProfile& half = m_Profiles.Of(drop.m_nPolygon).m_Back;
+    const SMovedHalf back(half, drop.m_ReferencePoint.x, drop.m_ReferencePoint.y);
+    m_Placed.push_back({back, 0});
+    if (half.m_Points.m_nCount == 0 && half.m_Edges.m_nCount == 0) {
         return;
     }
-    m_Columns.Insert(drop.m_Box.m_fLeft, drop.m_Box.m_fRight, {place.m_fHigh, nDrop});
-    if (m_Profiles.HasVerticals()) {
-        const SMovedHalf moved = m_Resting.At(place, back);
-        for (size_t i = 0; i < back.m_nPoints; ++i) {
-            m_Corners.Insert(moved.m_pX[i], moved.m_pY[i], nDrop);
+    m_Columns.Insert(drop.m_Box.m_fLeft, drop.m_Box.m_fRight, {back.m_Y.m_fHigh, nDrop});
+    if (m_bVerticals) {
+        for (size_t i = 0; i < half.m_Points.m_nCount; ++i) {
+            m_Corners.Insert(half.m_Points.m_X[i] + back.m_fX, back.m_fY - half.m_Points.m_Y[i], nDrop);
         }
     }
 }

@@ -8,8 +8,8 @@
 #include "CColumnIndex.h"
 #include "CCornerIndex.h"
 #include "CProfileSet.h"
-#include "CRestingHalves.h"
 #include "SDrop.h"
+#include "Sweep.h"
 
 /// Everything placed in the strip, indexed so that a drop looks at few obstacles and still falls exactly as
 /// far as if it had asked all of them, latest first, by FindApproach.
@@ -21,8 +21,7 @@
 class CDropField {
 public:
     /// @param polygons the set. It must stay as it is while the field lives.
-    /// @param fStartY the height that all polygons fall from.
-    CDropField(std::span<const CPolygon> polygons, float fStartY, float fStripWidth);
+    CDropField(std::span<const CPolygon> polygons, float fStripWidth);
 
     /// Whether the field can take all the set's polygons; without it, nothing below may be called.
     [[nodiscard]] bool IsUsable() const { return m_bUsable; }
@@ -50,7 +49,7 @@ private:
 
     /// The upper profile of a placed polygon.
     struct SPlacedHalf {
-        CRestingHalves::SPlace m_Place;
+        SMovedHalf m_Back;
         uint64_t m_nQuery;  ///< the last query that looked at it
     };
 
@@ -64,10 +63,6 @@ private:
     };
 
     [[nodiscard]] SFalling Lift(const SDrop& drop, std::span<const SDrop> placed);
-
-    [[nodiscard]] const SHalfProfile& UpperProfile(const SDrop& drop) const {
-        return m_Profiles.Of(drop.m_nPolygon).m_Back;
-    }
 
     /// The stop with the smallest gap below `stop`, vertical sides apart, among the obstacles younger than
     /// nAfter; `stop` if there is none.
@@ -92,12 +87,11 @@ private:
     float m_fLargestX;  ///< of any polygon, local, in absolute value
     float m_fLargestOffset;
     CProfileSet m_Profiles;
+    bool m_bVerticals;
     bool m_bUsable;
     size_t m_nColumns = 1;
     size_t m_nCapacity = 0;
 
-    std::vector<float> m_FallingX;  ///< the lower profile's block of x of the falling polygon
-    CRestingHalves m_Resting;
     std::vector<SPlacedHalf> m_Placed;
     CColumnIndex m_Columns;
     CCornerIndex m_Corners;

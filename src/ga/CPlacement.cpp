@@ -7,7 +7,7 @@ CPlacement::CPlacement(std::span<const CPolygon> polygons, float fTotalHeight, f
     : m_Polygons(polygons),
       m_fTotalHeight(fTotalHeight),
       m_fStartY(2.0F * fTotalHeight),
-      m_Field(polygons, m_fStartY, fStripWidth) {}
+      m_Field(polygons, fStripWidth) {}
 
 float CPlacement::Place(std::span<const SGene> genes, CContactSink* pContacts) {
     SortGenes(genes);

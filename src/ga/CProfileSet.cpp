@@ -2,26 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 #include "Lanes.h"
+#include "ProfileCells.h"
 #include "SEdge.h"
 
 namespace {
-
-/// A half profile under construction: sorted, not yet laid out.
-struct SHalfDraft {
-    std::vector<mgVector3> m_Points;
-    std::vector<SEdge> m_Edges;
-    bool m_bStartsLow;
-};
-
-/// Both halves of one polygon under construction.
-struct SProfileDraft {
-    SHalfDraft m_Front;
-    SHalfDraft m_Back;
-    std::vector<SEdge> m_Verticals;
-};
 
 std::vector<mgVector3> PositionsOf(const std::vector<CPoint>& points) {
     std::vector<mgVector3> positions;
@@ -31,134 +17,150 @@ std::vector<mgVector3> PositionsOf(const std::vector<CPoint>& points) {
     return positions;
 }
 
-SProfileDraft Draft(const CPolygon& polygon) {
-    SProfileDraft draft{{PositionsOf(polygon.m_FrontPoints), EdgesOf(polygon, polygon.m_FrontLines), true},
-                        {PositionsOf(polygon.m_BackPoints), EdgesOf(polygon, polygon.m_BackLines), false},
-                        {}};
-    std::vector<SEdge>& front = draft.m_Front.m_Edges;
-    const auto verticals = std::stable_partition(front.begin(), front.end(),
-                                                 [](const SEdge& edge) { return !edge.IsVertical(); });
-    draft.m_Verticals.assign(verticals, front.end());
-    front.erase(verticals, front.end());
-
-    const auto byHeight = [](const mgVector3& a, const mgVector3& b) { return a.y < b.y; };
-    const auto byLowX = [](const SEdge& a, const SEdge& b) { return a.LowX() < b.LowX(); };
-    std::stable_sort(draft.m_Front.m_Points.begin(), draft.m_Front.m_Points.end(), byHeight);
-    std::stable_sort(draft.m_Back.m_Points.rbegin(), draft.m_Back.m_Points.rend(), byHeight);
-    std::stable_sort(front.begin(), front.end(), byLowX);
-    std::stable_sort(draft.m_Back.m_Edges.begin(), draft.m_Back.m_Edges.end(), byLowX);
-    return draft;
+void TurnUpsideDown(std::vector<mgVector3>& positions) {
+    for (mgVector3& position : positions) {
+        position.y = -position.y;
+    }
 }
 
-/// Finds m_fLow and m_fHigh.
-void FindBounds(const SHalfDraft& draft, float fLift, float fReach, SHalfProfile& half) {
+void TurnUpsideDown(std::vector<SEdge>& edges) {
+    for (SEdge& edge : edges) {
+        for (mgVector3* const pVector : {&edge.m_Start, &edge.m_End, &edge.m_Direction}) {
+            pVector->y = -pVector->y;
+        }
+    }
+}
+
+SProfilePoints LayOut(std::vector<mgVector3> positions) {
+    std::stable_sort(positions.begin(), positions.end(),
+                     [](const mgVector3& a, const mgVector3& b) { return a.y < b.y; });
+    SProfilePoints points;
+    points.m_nCount = positions.size();
+    const size_t nLanes = RoundUpToLanes(positions.size());
+    points.m_X.resize(nLanes, GA_LANE_FILLER);
+    points.m_Y.resize(nLanes, GA_LANE_FILLER);
+    for (size_t i = 0; i < positions.size(); ++i) {
+        points.m_X[i] = positions[i].x;
+        points.m_Y[i] = positions[i].y;
+    }
+    return points;
+}
+
+/// @param edges sorted by low x.
+std::vector<float> ReachesOf(const std::vector<SEdge>& edges) {
+    std::vector<float> reaches(RoundUpToLanes(edges.size()), GA_LANE_FILLER);
+    float fLargest = -std::numeric_limits<float>::infinity();
+    for (size_t i = 0; i < edges.size(); ++i) {
+        fLargest = std::max(fLargest, edges[i].HighX());
+        reaches[i] = fLargest;
+    }
+    return reaches;
+}
+
+SProfileEdges LayOut(std::vector<SEdge> draft, bool bStartsLow, float fReach) {
+    std::stable_sort(draft.begin(), draft.end(),
+                     [](const SEdge& a, const SEdge& b) { return a.LowX() < b.LowX(); });
+    SProfileEdges edges;
+    edges.m_bStartsLow = bStartsLow;
+    edges.m_nCount = draft.size();
+    const size_t nLanes = RoundUpToLanes(draft.size() + GA_LANES);
+    edges.m_LowX.resize(nLanes, GA_LANE_FILLER);
+    edges.m_HighX.resize(nLanes, GA_LANE_FILLER);
+    edges.m_StartY.resize(nLanes, GA_LANE_FILLER);
+    edges.m_Slopes.resize(nLanes);
+    for (size_t i = 0; i < draft.size(); ++i) {
+        edges.m_LowX[i] = draft[i].LowX();
+        edges.m_HighX[i] = draft[i].HighX();
+        edges.m_StartY[i] = draft[i].m_Start.y;
+        edges.m_Slopes[i] = draft[i].Slope();
+        edges.m_fRight = i == 0 ? draft[i].HighX() : std::max(edges.m_fRight, draft[i].HighX());
+    }
+    // With more edges than this, cells pay. Measured: 8 to 16 are as good.
+    constexpr size_t FEW = 12;
+    if (draft.size() <= FEW) {
+        edges.m_Reaches = ReachesOf(draft);
+    } else {
+        CutIntoCells(draft, fReach, edges);
+    }
+    return edges;
+}
+
+SRange FindBounds(const std::vector<mgVector3>& points, const std::vector<SEdge>& edges, float fReach) {
     double low = std::numeric_limits<double>::infinity();
     double high = -low;
     const auto include = [&](double height) {
         low = std::min(low, height);
         high = std::max(high, height);
     };
-    for (const mgVector3& point : draft.m_Points) {
-        include(static_cast<double>(point.y + fLift));
+    for (const mgVector3& point : points) {
+        include(static_cast<double>(point.y));
     }
-    for (const SEdge& edge : draft.m_Edges) {
-        const double start = static_cast<double>(edge.m_Start.y + fLift);
+    for (const SEdge& edge : edges) {
+        const double start = static_cast<double>(edge.m_Start.y);
         include(start);
         include(start + edge.LargestRise(fReach));
     }
-    if (low <= high) {
-        // More than the rounding to float here and in double in the sweeps.
-        const double slack = (std::abs(low) + std::abs(high)) * 0x1p-22;
-        half.m_fLow = static_cast<float>(low - slack);
-        half.m_fHigh = static_cast<float>(high + slack);
+    if (low > high) {
+        return {0.0F, 0.0F};
     }
+    // More than the rounding to float here and in double in the sweeps.
+    const double slack = (std::abs(low) + std::abs(high)) * 0x1p-22;
+    return {static_cast<float>(low - slack), static_cast<float>(high + slack)};
 }
 
-/// Lays the draft out behind what `values` and `slopes` hold already, where there must be room for it.
-/// @param fLift added to every y.
-SHalfProfile LayOut(const SHalfDraft& draft, float fLift, float fReach, std::vector<float>& values,
-                    std::vector<double>& slopes) {
-    SHalfProfile half;
-    half.m_nPoints = static_cast<uint32_t>(draft.m_Points.size());
-    half.m_nEdges = static_cast<uint32_t>(draft.m_Edges.size());
-    half.m_nPointLanes = static_cast<uint32_t>(RoundUpToLanes(half.m_nPoints));
-    half.m_nEdgeLanes = static_cast<uint32_t>(RoundUpToLanes(half.m_nEdges));
-    half.m_nStarts = static_cast<uint32_t>(draft.m_bStartsLow ? half.LowEnds() : half.HighEnds());
-
-    const size_t nX = values.size();
-    const size_t nY = nX + half.CountX();
-    values.resize(nY + half.CountY(), GA_LANE_FILLER);
-    for (size_t i = 0; i < draft.m_Points.size(); ++i) {
-        values[nX + i] = draft.m_Points[i].x;
-        values[nY + i] = draft.m_Points[i].y + fLift;
-    }
-    half.m_pSlopes = slopes.data() + slopes.size();
-    float fLargest = -std::numeric_limits<float>::infinity();
-    for (size_t i = 0; i < draft.m_Edges.size(); ++i) {
-        const SEdge& edge = draft.m_Edges[i];
-        fLargest = std::max(fLargest, edge.HighX());
-        values[nX + half.LowEnds() + i] = edge.LowX();
-        values[nX + half.HighEnds() + i] = edge.HighX();
-        values[nX + half.Reaches() + i] = fLargest;
-        values[nY + half.m_nPointLanes + i] = edge.m_Start.y + fLift;
-        slopes.push_back(edge.Slope());
-    }
-    half.m_pX = values.data() + nX;
-    half.m_pY = values.data() + nY;
-    FindBounds(draft, fLift, fReach, half);
-    return half;
+SHalfProfile PrepareFront(const CPolygon& polygon, std::vector<SEdge> edges, float fReach) {
+    std::vector<mgVector3> points = PositionsOf(polygon.m_FrontPoints);
+    const SRange y = FindBounds(points, edges, fReach);
+    TurnUpsideDown(edges);
+    return {LayOut(std::move(points)), LayOut(std::move(edges), true, fReach), y};
 }
 
-size_t CountValues(const SHalfDraft& draft) {
-    return 2 * RoundUpToLanes(draft.m_Points.size()) + 4 * RoundUpToLanes(draft.m_Edges.size());
+SHalfProfile PrepareBack(const CPolygon& polygon, float fReach) {
+    std::vector<mgVector3> points = PositionsOf(polygon.m_BackPoints);
+    std::vector<SEdge> edges = EdgesOf(polygon, polygon.m_BackLines);
+    const SRange y = FindBounds(points, edges, fReach);
+    TurnUpsideDown(points);
+    return {LayOut(std::move(points)), LayOut(std::move(edges), false, fReach), y};
+}
+
+SProfile Prepare(const CPolygon& polygon, float fReach) {
+    SProfile profile;
+    std::vector<SEdge> front = EdgesOf(polygon, polygon.m_FrontLines);
+    std::erase_if(front, [&](const SEdge& edge) {
+        if (edge.IsVertical()) {
+            const auto [fLow, fHigh] = std::minmax(edge.m_Start.y, edge.m_End.y);
+            profile.m_Verticals.push_back({edge.m_Start.x, fLow, fHigh});
+        }
+        return edge.IsVertical();
+    });
+    profile.m_Front = PrepareFront(polygon, std::move(front), fReach);
+    profile.m_Back = PrepareBack(polygon, fReach);
+    return profile;
 }
 
 }  // namespace
 
-CProfileSet::CProfileSet(std::span<const CPolygon> polygons, float fStartY, float fReach) {
-    m_bComplete = IsTame(fStartY) && IsTame(fReach) &&
-                  std::all_of(polygons.begin(), polygons.end(), [](const CPolygon& p) { return IsTame(p); });
+CProfileSet::CProfileSet(std::span<const CPolygon> polygons, float fReach)
+    : m_bComplete(IsTame(fReach) && std::all_of(polygons.begin(), polygons.end(),
+                                                [](const CPolygon& p) { return IsTame(p); })) {
     if (!m_bComplete) {
         return;
     }
-    std::vector<SProfileDraft> drafts;
-    size_t nValues = 0;
-    size_t nSlopes = 0;
-    size_t nVerticals = 0;
+    m_Profiles.reserve(polygons.size());
     for (const CPolygon& polygon : polygons) {
-        const SProfileDraft& draft = drafts.emplace_back(Draft(polygon));
-        nValues += CountValues(draft.m_Front) + CountValues(draft.m_Back);
-        nSlopes += draft.m_Front.m_Edges.size() + draft.m_Back.m_Edges.size();
-        nVerticals += draft.m_Verticals.size();
+        m_Profiles.push_back(Prepare(polygon, fReach));
     }
-    m_Values.reserve(nValues);
-    m_Slopes.reserve(nSlopes);
-    m_Verticals.reserve(nVerticals);
-    for (const SProfileDraft& draft : drafts) {
-        SProfile& profile = m_Profiles.emplace_back();
-        profile.m_Front = LayOut(draft.m_Front, fStartY, fReach, m_Values, m_Slopes);
-        profile.m_Back = LayOut(draft.m_Back, 0.0F, fReach, m_Values, m_Slopes);
-        const SVerticalSide* const pVerticals = m_Verticals.data() + m_Verticals.size();
-        for (const SEdge& edge : draft.m_Verticals) {
-            const auto [fLow, fHigh] = std::minmax(edge.m_Start.y, edge.m_End.y);
-            m_Verticals.push_back({edge.m_Start.x, fLow + fStartY, fHigh + fStartY});
-        }
-        profile.m_Verticals = {pVerticals, draft.m_Verticals.size()};
-    }
+}
+
+bool CProfileSet::HasVerticals() const {
+    return std::any_of(m_Profiles.begin(), m_Profiles.end(),
+                       [](const SProfile& profile) { return !profile.m_Verticals.empty(); });
 }
 
 size_t CProfileSet::CountBackPoints() const {
     size_t nPoints = 0;
     for (const SProfile& profile : m_Profiles) {
-        nPoints += profile.m_Back.m_nPoints;
+        nPoints += profile.m_Back.m_Points.m_nCount;
     }
     return nPoints;
-}
-
-size_t CProfileSet::LargestFront() const {
-    size_t nLargest = 0;
-    for (const SProfile& profile : m_Profiles) {
-        nLargest = std::max(nLargest, profile.m_Front.CountX());
-    }
-    return nLargest;
 }

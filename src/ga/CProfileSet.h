@@ -1,42 +1,70 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
 #include "Polygon.h"
 
-/// One half of an outline, flat, and sorted so that two halves are compared at a few places only.
-///
-/// The points come in the order in which they lead towards the other half: the lowest first for a lower
-/// profile, the highest first for an upper one. The edges come in the order of their low ends in x. The reach
-/// of an edge is the largest high end up to and including it: edges may overlap in x where the outline is not
-/// convex, and the first edge that reaches a given x has as many reaches before it as are smaller. Rounding
-/// is monotonic, so all this still holds when the half is moved.
-///
-/// All x lie in one block, so that one loop moves them, and all y in another: each kind of value filled up to
-/// whole lanes.
-struct SHalfProfile {
-    const float* m_pX = nullptr;        ///< the points, then the edges' low ends, high ends and reaches
-    const float* m_pY = nullptr;        ///< the points, then the edges' starts
-    const double* m_pSlopes = nullptr;  ///< of the edges
-    uint32_t m_nPoints = 0;
-    uint32_t m_nEdges = 0;       ///< without the vertical ones
-    uint32_t m_nPointLanes = 0;  ///< m_nPoints filled up
-    uint32_t m_nEdgeLanes = 0;   ///< m_nEdges filled up
-    uint32_t m_nStarts = 0;      ///< where in m_pX the edges' starts lie: LowEnds or HighEnds
-    float m_fLow = 0.0F;         ///< no point and no height on an edge is lower, at any offset in the strip
-    float m_fHigh = 0.0F;        ///< nor higher
-
-    [[nodiscard]] size_t LowEnds() const { return m_nPointLanes; }
-    [[nodiscard]] size_t HighEnds() const { return LowEnds() + m_nEdgeLanes; }
-    [[nodiscard]] size_t Reaches() const { return HighEnds() + m_nEdgeLanes; }
-    [[nodiscard]] size_t CountX() const { return Reaches() + m_nEdgeLanes; }
-    [[nodiscard]] size_t CountY() const { return size_t{m_nPointLanes} + m_nEdgeLanes; }
+struct SRange {
+    float m_fLow;
+    float m_fHigh;
 };
 
-/// A vertical edge of a lower profile: x local, y at the starting height.
+/// The points of one half of an outline, in ascending order of y, and filled up to whole lanes.
+struct SProfilePoints {
+    std::vector<float> m_X;
+    std::vector<float> m_Y;
+    size_t m_nCount = 0;
+};
+
+/// Bounds of the edges over one of the cells of equal width that a half profile with many of them is cut
+/// into.
+struct SProfileCell {
+    float m_fLow = std::numeric_limits<float>::infinity();    ///< no edge is lower here
+    float m_fHigh = -std::numeric_limits<float>::infinity();  ///< nor higher
+};
+
+/// The edges of one half of an outline, vertical ones apart, in ascending order of their low ends in x. Edges
+/// may overlap in x where the outline is not convex. Rounding is monotonic, so the order still holds when the
+/// half is moved. Filled up so that whole lanes can be read from any edge on, and from one behind the last.
+///
+/// Which edges there are at some x is found through the reaches where edges are few, and through cells where
+/// they are many.
+struct SProfileEdges {
+    std::vector<float> m_LowX;
+    std::vector<float> m_HighX;
+    std::vector<float> m_StartY;
+    std::vector<double> m_Slopes;
+    bool m_bStartsLow = false;  ///< whether edges start at their low ends in x, or else at the high ones
+    float m_fRight = 0.0F;      ///< the largest high end
+    size_t m_nCount = 0;
+
+    /// Of each edge the largest high end up to and including it: as many edges lie before the first one that
+    /// gets to some x as reaches are smaller.
+    std::vector<float> m_Reaches;
+
+    std::vector<SProfileCell> m_Cells;  ///< from the first low end to the largest high end
+    std::vector<uint32_t> m_FirstInCell;
+    float m_fCellsPerUnit = 0.0F;
+    float m_fLastCell = 0.0F;
+
+    [[nodiscard]] const std::vector<float>& StartX() const { return m_bStartsLow ? m_LowX : m_HighX; }
+};
+
+/// One half of an outline, local.
+///
+/// The points of a lower half fall onto the edges of upper ones, and the points of an upper half rise to the
+/// edges of lower ones. The latter is the former upside down, so an upper half's points and a lower half's
+/// edges have all y, and the slopes, negated. Rounding does not mind.
+struct SHalfProfile {
+    SProfilePoints m_Points;
+    SProfileEdges m_Edges;
+    SRange m_Y{0.0F, 0.0F};  ///< no point and no height on an edge lies outside, at any offset in the strip
+};
+
+/// A vertical edge of a lower profile, local.
 struct SVerticalSide {
     float m_fX;
     float m_fLow;
@@ -45,20 +73,16 @@ struct SVerticalSide {
 
 /// The profiles of one polygon.
 struct SProfile {
-    SHalfProfile m_Front;  ///< x local, y at the starting height; edges start at their low ends
-    SHalfProfile m_Back;   ///< local; edges start at their high ends
-    std::span<const SVerticalSide> m_Verticals;  ///< the vertical front edges
+    SHalfProfile m_Front;
+    SHalfProfile m_Back;
+    std::vector<SVerticalSide> m_Verticals;  ///< the vertical front edges
 };
 
-/// The profiles of a polygon set, prepared once for all the drops of a search. The profiles of one polygon
-/// lie side by side in memory: a drop touches few cache lines.
+/// The profiles of a polygon set, prepared once for all the drops of a search.
 class CProfileSet {
 public:
-    /// @param fStartY the height that all polygons fall from.
     /// @param fReach no x in the strip is larger in absolute value.
-    CProfileSet(std::span<const CPolygon> polygons, float fStartY, float fReach);
-    CProfileSet(const CProfileSet&) = delete;
-    CProfileSet& operator=(const CProfileSet&) = delete;
+    CProfileSet(std::span<const CPolygon> polygons, float fReach);
 
     /// False if one of the polygons cannot be prepared: coordinates that are not finite or huge, or edges
     /// that the profile analysis would not have made. Then there are no profiles at all.
@@ -66,18 +90,12 @@ public:
 
     [[nodiscard]] const SProfile& Of(int nPolygon) const { return m_Profiles[static_cast<size_t>(nPolygon)]; }
 
-    [[nodiscard]] bool HasVerticals() const { return !m_Verticals.empty(); }
+    [[nodiscard]] bool HasVerticals() const;
 
     /// The number of points of all upper profiles.
     [[nodiscard]] size_t CountBackPoints() const;
 
-    /// The number of values in the largest block of x of all lower profiles.
-    [[nodiscard]] size_t LargestFront() const;
-
 private:
-    bool m_bComplete = true;
+    bool m_bComplete;
     std::vector<SProfile> m_Profiles;
-    std::vector<float> m_Values;  ///< never reallocated once the profiles point into it
-    std::vector<double> m_Slopes;
-    std::vector<SVerticalSide> m_Verticals;
 };

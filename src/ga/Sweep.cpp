@@ -1,112 +1,205 @@
 #include "Sweep.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cmath>
 
 #include "Lanes.h"
 
 namespace {
 
-/// The edges of a moved half profile, as the sweeps read them.
-class CEdges {
+/// The points of one half at their place: those that fall.
+struct SMovedPoints {
+    const SProfilePoints& m_Points;
+    float m_fX;
+    float m_fY;
+
+    [[nodiscard]] float X(size_t nPoint) const { return m_Points.m_X[nPoint] + m_fX; }
+    [[nodiscard]] float Y(size_t nPoint) const { return m_Points.m_Y[nPoint] + m_fY; }
+
+    /// Which of the four points from nPoint on lie in both ranges, bounds included.
+    [[nodiscard]] unsigned int FindInside(size_t nPoint, const SRange& x, const SRange& y) const {
+        const FloatLanes xs = LoadLanes(&m_Points.m_X[nPoint]) + m_fX;
+        const FloatLanes ys = LoadLanes(&m_Points.m_Y[nPoint]) + m_fY;
+        return BitsOf((xs >= x.m_fLow) & (xs <= x.m_fHigh) & (ys >= y.m_fLow) & (ys <= y.m_fHigh));
+    }
+};
+
+/// The edges of one half at their place: those that the points fall on.
+class CMovedEdges {
 public:
-    explicit CEdges(const SMovedHalf& moved)
-        : m_Half(*moved.m_pHalf),
-          m_pLow(moved.m_pX + m_Half.LowEnds()),
-          m_pHigh(moved.m_pX + m_Half.HighEnds()),
-          m_pReach(moved.m_pX + m_Half.Reaches()),
-          m_pStartX(moved.m_pX + m_Half.m_nStarts),
-          m_pStartY(moved.m_pY + m_Half.m_nPointLanes) {}
+    CMovedEdges(const SProfileEdges& edges, float fX, float fY, float fSlack, const SRange& y)
+        : m_Edges(edges),
+          m_fX(fX),
+          m_fY(fY),
+          m_Lift{fY - fSlack, fY + fSlack},
+          m_SpanX{edges.m_LowX.front() + fX, edges.m_fRight + fX},
+          m_SpanY(y) {}
 
-    [[nodiscard]] SRange SpanX() const { return {m_pLow[0], m_pReach[m_Half.m_nEdges - 1]}; }
+    [[nodiscard]] bool HasCells() const { return !m_Edges.m_Cells.empty(); }
 
-    /// Calls `meet(height)` for every edge at x, which lies in SpanX.
-    template <class TMeet>
-    void MeetAt(float fX, const TMeet& meet) const {
-        for (size_t nEdge = CountLeftOf(fX); nEdge < m_Half.m_nEdges && m_pLow[nEdge] <= fX; ++nEdge) {
-            if (m_pHigh[nEdge] >= fX) {
-                // The formula of the hit test, with the slope divided out beforehand.
-                const double along = static_cast<double>(fX) - static_cast<double>(m_pStartX[nEdge]);
-                meet(static_cast<double>(m_pStartY[nEdge]) + m_Half.m_pSlopes[nEdge] * along);
+    /// Where a point with a gap below fCut must lie.
+    [[nodiscard]] const SRange& SpanX() const { return m_SpanX; }
+    [[nodiscard]] SRange HopefulY(float fCut) const { return {m_SpanY.m_fLow, m_SpanY.m_fHigh + fCut}; }
+
+    /// The cell at x, which lies in SpanX.
+    [[nodiscard]] size_t CellAt(float fX) const {
+        const float fCell = (fX - m_SpanX.m_fLow) * m_Edges.m_fCellsPerUnit;
+        return static_cast<uint32_t>(std::clamp(fCell, 0.0F, m_Edges.m_fLastCell));
+    }
+
+    /// Whether a point in the cell may have a gap below fCut.
+    [[nodiscard]] bool IsHopeful(size_t nCell, float fY, float fCut) const {
+        const SProfileCell& cell = m_Edges.m_Cells[nCell];
+        // Without a branch: nobody could foresee it.
+        return (fY >= cell.m_fLow + m_Lift.m_fLow) & (fY <= cell.m_fHigh + m_Lift.m_fHigh + fCut);
+    }
+
+    /// The smallest gap below a point, or fCut: by cells, four edges side by side.
+    [[nodiscard]] float FindGapInCell(float fX, float fY, size_t nCell, float fCut) const {
+        constexpr float NONE = std::numeric_limits<float>::infinity();
+        const double x = static_cast<double>(fX);
+        const double y = static_cast<double>(fY);
+        FloatLanes gaps = FloatLanes{} + fCut;
+        size_t nEdge = m_Edges.m_FirstInCell[nCell];
+        do {
+            const FloatLanes low = LoadLanes(&m_Edges.m_LowX[nEdge]) + m_fX;
+            const FloatLanes high = LoadLanes(&m_Edges.m_HighX[nEdge]) + m_fX;
+            const FloatLanes startX = LoadLanes(&m_Edges.StartX()[nEdge]) + m_fX;
+            const FloatLanes startY = LoadLanes(&m_Edges.m_StartY[nEdge]) + m_fY;
+            DoubleLanes slopes;
+            std::memcpy(&slopes, &m_Edges.m_Slopes[nEdge], sizeof slopes);
+            // The formula of the hit test, with the slope divided out beforehand.
+            const DoubleLanes along = x - __builtin_convertvector(startX, DoubleLanes);
+            const DoubleLanes heights = __builtin_convertvector(startY, DoubleLanes) + slopes * along;
+            // A point lies below an edge where y - height has its sign bit set.
+            const FloatLanes above = __builtin_convertvector(y - heights, FloatLanes);
+            const FlagLanes meets = (low <= fX) & (high >= fX) & (__builtin_bit_cast(FlagLanes, above) >= 0);
+            const FloatLanes gap = fY - __builtin_convertvector(heights, FloatLanes);
+            const FloatLanes met = meets ? gap : FloatLanes{} + NONE;
+            gaps = met < gaps ? met : gaps;
+            nEdge += GA_LANES;
+        } while (m_Edges.m_LowX[nEdge] + m_fX <= fX);
+        return Smallest(gaps);
+    }
+
+    /// The smallest gap below a point, or fCut: by reaches, one edge after the other.
+    [[nodiscard]] float FindGapByReach(float fX, float fY, float fCut) const {
+        for (size_t nEdge = CountLeftOf(fX); m_Edges.m_LowX[nEdge] + m_fX <= fX; ++nEdge) {
+            if (m_Edges.m_HighX[nEdge] + m_fX >= fX) {
+                const double along =
+                    static_cast<double>(fX) - static_cast<double>(m_Edges.StartX()[nEdge] + m_fX);
+                const double height =
+                    static_cast<double>(m_Edges.m_StartY[nEdge] + m_fY) + m_Edges.m_Slopes[nEdge] * along;
+                if (static_cast<double>(fY) >= height) {
+                    fCut = std::min(fCut, fY - static_cast<float>(height));
+                }
             }
         }
+        return fCut;
     }
 
 private:
-    /// Up to here counting four at a time beats bisection.
-    static constexpr size_t COUNTED_EDGES = 32;
-
-    /// How many edges lie wholly to the left of x, and before the first one that reaches it.
+    /// How many edges lie wholly to the left of x, and before the first one that gets to it.
     [[nodiscard]] size_t CountLeftOf(float fX) const {
-        size_t nFirst = 0;
-        size_t nLanes = m_Half.m_nEdgeLanes / GA_LANES;
-        while (nLanes * GA_LANES > COUNTED_EDGES) {
-            const size_t nHalf = nLanes / 2;
-            nFirst += m_pReach[nFirst + nHalf * GA_LANES - 1] < fX ? nHalf * GA_LANES : 0;
-            nLanes -= nHalf;
-        }
         size_t nCount = 0;
-        for (size_t nLane = 0; nLane < nLanes; ++nLane) {
-            // Reaches ascend, so the bits of those to the left of x come first.
-            const unsigned int nLeft = LanesBelow(m_pReach + nFirst + nLane * GA_LANES, fX);
+        for (size_t i = 0; i < m_Edges.m_nCount; i += GA_LANES) {
+            // Reaches ascend, so the bits of those to the left come first.
+            const unsigned int nLeft = BitsOf(LoadLanes(&m_Edges.m_Reaches[i]) + m_fX < fX);
             nCount += static_cast<size_t>(std::countr_one(nLeft));
         }
-        return nFirst + nCount;
+        return nCount;
     }
 
-    const SHalfProfile& m_Half;
-    const float* m_pLow;
-    const float* m_pHigh;
-    const float* m_pReach;
-    const float* m_pStartX;
-    const float* m_pStartY;
+    const SProfileEdges& m_Edges;
+    float m_fX;
+    float m_fY;
+    SRange m_Lift;  ///< turns a cell's bounds into bounds in the strip
+    SRange m_SpanX;
+    SRange m_SpanY;
 };
 
-/// Calls `meet(pointY, height)` for every edge at a point's x. Only points in the y range that `hopeful()`
-/// gives count; it is asked again for every few points, since it narrows as gaps are found.
-template <class THopeful, class TMeet>
-void Sweep(const SMovedHalf& points, const SMovedHalf& edgeHalf, const THopeful& hopeful, const TMeet& meet) {
-    if (edgeHalf.m_pHalf->m_nEdges == 0) {
-        return;
-    }
-    const CEdges edges(edgeHalf);
-    const SRange span = edges.SpanX();
-    for (size_t nPoint = 0; nPoint < points.m_pHalf->m_nPoints; nPoint += GA_LANES) {
-        const float* const pX = points.m_pX + nPoint;
-        const float* const pY = points.m_pY + nPoint;
-        for (unsigned int nMask = LanesInside(pX, pY, span, hopeful()); nMask != 0; nMask &= nMask - 1) {
-            const int nLane = std::countr_zero(nMask);
-            edges.MeetAt(pX[nLane], [&](double height) { meet(pY[nLane], height); });
+/// The smallest gap below fCut between points and few edges.
+float SweepByReach(const SMovedPoints& points, const CMovedEdges& edges, float fCut) {
+    for (size_t nFirst = 0; nFirst < points.m_Points.m_nCount; nFirst += GA_LANES) {
+        unsigned int nHopeful = points.FindInside(nFirst, edges.SpanX(), edges.HopefulY(fCut));
+        for (; nHopeful != 0; nHopeful &= nHopeful - 1) {
+            const size_t nPoint = nFirst + static_cast<size_t>(std::countr_zero(nHopeful));
+            fCut = edges.FindGapByReach(points.X(nPoint), points.Y(nPoint), fCut);
         }
     }
+    return fCut;
+}
+
+constexpr size_t CHUNK = 64;
+
+/// The same for up to CHUNK points from nFirst on, and many edges. The lowest point in range narrows the gap;
+/// the others are sifted with the bounds of their cells, without a branch, before any edge is looked at.
+float SweepChunkByCell(const SMovedPoints& points, size_t nFirst, const CMovedEdges& edges, float fCut) {
+    const size_t nEnd = std::min(points.m_Points.m_nCount, nFirst + CHUNK);
+    const SRange hopefulY = edges.HopefulY(fCut);
+    uint64_t nHopeful = 0;
+    for (size_t nPoint = nFirst; nPoint < nEnd; nPoint += GA_LANES) {
+        nHopeful |= uint64_t{points.FindInside(nPoint, edges.SpanX(), hopefulY)} << (nPoint - nFirst);
+    }
+    if (nHopeful == 0) {
+        return fCut;
+    }
+    struct SCandidate {
+        float m_fX;
+        float m_fY;
+        size_t m_nCell;
+    };
+    const auto nextCandidate = [&] {
+        const size_t nPoint = nFirst + static_cast<size_t>(std::countr_zero(nHopeful));
+        nHopeful &= nHopeful - 1;
+        return SCandidate{points.X(nPoint), points.Y(nPoint), edges.CellAt(points.X(nPoint))};
+    };
+    const SCandidate lowest = nextCandidate();
+    fCut = edges.FindGapInCell(lowest.m_fX, lowest.m_fY, lowest.m_nCell, fCut);
+    std::array<SCandidate, CHUNK> candidates;
+    size_t nCandidates = 0;
+    while (nHopeful != 0) {
+        const SCandidate next = nextCandidate();
+        candidates[nCandidates] = next;
+        nCandidates += edges.IsHopeful(next.m_nCell, next.m_fY, fCut) ? 1 : 0;
+    }
+    for (size_t i = 0; i < nCandidates; ++i) {
+        fCut = edges.FindGapInCell(candidates[i].m_fX, candidates[i].m_fY, candidates[i].m_nCell, fCut);
+    }
+    return fCut;
+}
+
+/// The smallest gap below fCut between points and the edges below them.
+float Sweep(const SMovedPoints& points, const CMovedEdges& edges, float fCut) {
+    if (!edges.HasCells()) {
+        return SweepByReach(points, edges, fCut);
+    }
+    for (size_t nFirst = 0; nFirst < points.m_Points.m_nCount; nFirst += CHUNK) {
+        fCut = SweepChunkByCell(points, nFirst, edges, fCut);
+    }
+    return fCut;
 }
 
 }  // namespace
 
-float SweepDownward(const SMovedHalf& points, const SMovedHalf& edges, float fCut) {
-    Sweep(
-        points, edges,
-        [&] {
-            return SRange{edges.m_fLow, edges.m_fHigh + fCut};
-        },
-        [&](float fY, double height) {
-            if (static_cast<double>(fY) >= height) {
-                fCut = std::min(fCut, fY - static_cast<float>(height));
-            }
-        });
-    return fCut;
-}
+SMovedHalf::SMovedHalf(const SHalfProfile& half, float fX, float fY)
+    : m_Half(half),
+      m_fX(fX),
+      m_fY(fY),
+      m_fSlack((std::abs(half.m_Y.m_fLow) + std::abs(half.m_Y.m_fHigh) + std::abs(fY)) * 0x1p-21F),
+      m_Y{half.m_Y.m_fLow + fY - m_fSlack, half.m_Y.m_fHigh + fY + m_fSlack} {}
 
-float SweepUpward(const SMovedHalf& points, const SMovedHalf& edges, float fCut) {
-    Sweep(
-        points, edges,
-        [&] {
-            return SRange{edges.m_fLow - fCut, edges.m_fHigh};
-        },
-        [&](float fY, double height) {
-            if (static_cast<double>(fY) <= height) {
-                fCut = std::min(fCut, static_cast<float>(height) - fY);
-            }
-        });
+float FindGap(const SMovedHalf& front, const SMovedHalf& back, float fCut) {
+    if (back.m_Half.m_Edges.m_nCount != 0) {
+        const CMovedEdges edges(back.m_Half.m_Edges, back.m_fX, back.m_fY, back.m_fSlack, back.m_Y);
+        fCut = Sweep({front.m_Half.m_Points, front.m_fX, front.m_fY}, edges, fCut);
+    }
+    if (front.m_Half.m_Edges.m_nCount != 0) {
+        const CMovedEdges edges(front.m_Half.m_Edges, front.m_fX, -front.m_fY, front.m_fSlack,
+                                {-front.m_Y.m_fHigh, -front.m_Y.m_fLow});
+        fCut = Sweep({back.m_Half.m_Points, back.m_fX, -back.m_fY}, edges, fCut);
+    }
     return fCut;
 }

@@ -2,17 +2,18 @@
 
 #include "CProfileSet.h"
 
-/// A half profile moved to its place in the strip: its blocks of x and y, laid out as in SHalfProfile.
+/// A half profile at its place in the strip. The sums with the offset are formed where they are needed, which
+/// is at few points and edges.
 struct SMovedHalf {
-    const SHalfProfile* m_pHalf;
-    const float* m_pX;
-    const float* m_pY;
-    float m_fLow;   ///< nothing of it lies lower
-    float m_fHigh;  ///< nor higher
+    SMovedHalf(const SHalfProfile& half, float fX, float fY);
+
+    const SHalfProfile& m_Half;
+    float m_fX;
+    float m_fY;
+    float m_fSlack;  ///< several roundings to float of anything that goes into a height
+    SRange m_Y;      ///< nothing of it lies outside
 };
 
-/// The smallest gap between the points and the edges below them, or fCut if none is smaller.
-[[nodiscard]] float SweepDownward(const SMovedHalf& points, const SMovedHalf& edges, float fCut);
-
-/// The smallest gap between the points and the edges above them, or fCut if none is smaller.
-[[nodiscard]] float SweepUpward(const SMovedHalf& points, const SMovedHalf& edges, float fCut);
+/// The smallest gap between the lower side of what falls and the upper side of what it falls on, vertical
+/// sides apart; fCut if none is smaller.
+[[nodiscard]] float FindGap(const SMovedHalf& front, const SMovedHalf& back, float fCut);
