@@ -21,7 +21,9 @@ using support::SBenchmarkSet;
 class CScenario {
 public:
     CScenario(const SBenchmarkKind& kind, int nPieces) {
-        constexpr unsigned int CHROMOSOMES = 32;
+        // A large generation: so many that a turn is a search's steady state, not its first cold layouts, and
+        // that the processor cannot learn the branches of all of them by heart.
+        constexpr unsigned int CHROMOSOMES = 256;
         m_Container.m_Polygons = support::MakeBenchmarkPieces(kind, nPieces);
         std::srand(1);
         m_Container.PrepareEverything(CHROMOSOMES);
