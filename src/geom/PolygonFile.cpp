@@ -66,9 +66,10 @@ std::string ReadVertices(const SPolygonFile& file, CPolygon& polygon) {
     } else if (nVertices < 3) {
         Note(fault, "it has fewer than three vertices");
     }
-    // A count beyond the file's size in bytes is a lie: then only the vertices that are there are taken.
-    // Any other count is believed, and what is missing reads as 0.
-    const bool bPossible = nVertices <= file.m_nBytes;
+    // A vertex takes four bytes at least ("1,2 "). A count beyond what the file can hold is a lie: then only
+    // the vertices that are there are taken. Any other count is believed, and what is missing reads as 0.
+    constexpr off_t SHORTEST_VERTEX = 4;
+    const bool bPossible = nVertices <= file.m_nBytes / SHORTEST_VERTEX;
     for (int i = 0; i < nVertices; ++i) {
         CPoint point;
         mgVector3& position = point.m_Position;
