@@ -16,6 +16,9 @@ CWindowManager::CWindowManager() {
     if (!Await([&ready] { return std::filesystem::exists(ready); })) {
         throw std::runtime_error("the window manager did not start");
     }
+    // The first key makes the server announce the keyboard's map, and the window manager take hold of its
+    // shortcuts anew: one that is pressed meanwhile would be lost.
+    PressKeys({"Shift_L"});
 }
 
 namespace {
