@@ -1,7 +1,6 @@
 #include "CProfileSet.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "Lanes.h"
 #include "ProfileCells.h"
@@ -103,9 +102,7 @@ SRange FindBounds(const std::vector<mgVector3>& points, const std::vector<SEdge>
     if (low > high) {
         return {0.0F, 0.0F};
     }
-    // More than the rounding to float here and in double in the sweeps.
-    const double slack = (std::abs(low) + std::abs(high)) * 0x1p-22;
-    return {static_cast<float>(low - slack), static_cast<float>(high + slack)};
+    return {static_cast<float>(low), static_cast<float>(high)};
 }
 
 SHalfProfile PrepareFront(const CPolygon& polygon, std::vector<SEdge> edges, float fReach) {

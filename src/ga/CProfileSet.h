@@ -20,7 +20,7 @@ struct SProfilePoints {
 };
 
 /// Bounds of the edges over one of the cells of equal width that a half profile with many of them is cut
-/// into.
+/// into, but for rounding to float.
 struct SProfileCell {
     float m_fLow = std::numeric_limits<float>::infinity();    ///< no edge is lower here
     float m_fHigh = -std::numeric_limits<float>::infinity();  ///< nor higher
@@ -61,7 +61,7 @@ struct SProfileEdges {
 struct SHalfProfile {
     SProfilePoints m_Points;
     SProfileEdges m_Edges;
-    SRange m_Y{0.0F, 0.0F};  ///< no point and no height on an edge lies outside, at any offset in the strip
+    SRange m_Y{0.0F, 0.0F};  ///< but for rounding to float, nothing lies outside at any offset in the strip
 };
 
 /// A vertical edge of a lower profile, local.

@@ -69,11 +69,9 @@ void CutIntoCells(const std::vector<SEdge>& draft, float fReach, SProfileEdges& 
         };
         grid.VisitCells(edge, [&](size_t nCell, double low, double high) {
             const auto [lowest, highest] = std::minmax({heightAt(low), heightAt(high)});
-            // More than the rounding to float here and in double in the sweeps.
-            const double slack = (std::abs(lowest) + std::abs(highest)) * 0x1p-22;
             SProfileCell& cell = edges.m_Cells[nCell];
-            cell.m_fLow = std::min(cell.m_fLow, static_cast<float>(lowest - slack));
-            cell.m_fHigh = std::max(cell.m_fHigh, static_cast<float>(highest + slack));
+            cell.m_fLow = std::min(cell.m_fLow, static_cast<float>(lowest));
+            cell.m_fHigh = std::max(cell.m_fHigh, static_cast<float>(highest));
             edges.m_FirstInCell[nCell] = static_cast<uint32_t>(nEdge);
         });
     }

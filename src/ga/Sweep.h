@@ -10,7 +10,7 @@ struct SMovedHalf {
     const SHalfProfile& m_Half;
     float m_fX;
     float m_fY;
-    float m_fSlack;  ///< several roundings to float of anything that goes into a height
+    float m_fSlack;  ///< several roundings to float of anything that goes into a height or its bounds
     SRange m_Y;      ///< nothing of it lies outside
 };
 

@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "CPlacement.h"
 #include "Chromosomes.h"
@@ -15,14 +18,15 @@ using support::MakeChromosome;
 using support::MakePolygon;
 using support::MakeRectangle;
 using support::MakeSquare;
+using support::Outline;
 
 constexpr float STRIP_WIDTH = 400.0F;
 
 /// Places the genes, holds the result against the plain reference and tells which ways the drops took.
 CPlacement::SCounts CountWays(const std::vector<CPolygon>& polygons, const CChromosome& chromosome,
-                              CContactSink* pContacts = nullptr) {
+                              CContactSink* pContacts = nullptr, float fStripWidth = STRIP_WIDTH) {
     const float fTotalHeight = reference::TotalHeight(polygons);
-    CPlacement placement(polygons, fTotalHeight, STRIP_WIDTH);
+    CPlacement placement(polygons, fTotalHeight, fStripWidth);
     const float fFitness = placement.Place(chromosome.Genes(), pContacts);
     const reference::SPacking plain = reference::Place(chromosome.Genes(), polygons, fTotalHeight);
     EXPECT_EQ(fFitness, plain.m_fFitness);
@@ -61,6 +65,34 @@ TEST(ShortCut, IsTakenWhereAYoungerPieceCoversTheCornerThatWouldHangTheDrop) {
     EXPECT_EQ(counts.m_nShort, 3U);
 }
 
+TEST(ShortCut, IsTakenWhereFlatLiesOnFlatHoweverTheRestIsRounded) {
+    const std::vector<CPolygon> polygons(6, MakeRectangle(20, 10.1F));
+    for (int i = 0; i < 100; ++i) {
+        const float fX = 0.37F * static_cast<float>(i);
+        const CPlacement::SCounts counts = CountWays(polygons, MakeChromosome({{0, 0, fX},
+                                                                               {1, 1, fX + 3.1F},
+                                                                               {2, 2, fX + 1.7F},
+                                                                               {3, 3, fX + 4.9F},
+                                                                               {4, 4, fX + 2.3F},
+                                                                               {5, 5, fX + 0.9F}}));
+        EXPECT_EQ(counts.m_nWalked, 0U);
+    }
+}
+
+TEST(ShortCut, IsTakenByAnOutlineTooNarrowToBeCutIntoCells) {
+    Outline outline;
+    for (int i = 0; i < 20; ++i) {
+        outline.push_back({static_cast<float>(i) * 1e-40F, 0.1F * static_cast<float>(i % 3), 0.0F});
+    }
+    for (int i = 20; i-- > 0;) {
+        outline.push_back({static_cast<float>(i) * 1e-40F, 10.0F + 0.1F * static_cast<float>(i % 3), 0.0F});
+    }
+    const std::vector<CPolygon> polygons = {MakeSquare(10), MakePolygon(outline), MakePolygon(outline)};
+    const CPlacement::SCounts counts =
+        CountWays(polygons, MakeChromosome({{0, 0, 0.0F}, {1, 1, 0.0F}, {2, 2, 0.0F}}));
+    EXPECT_EQ(counts.m_nWalkedLayouts, 0U);
+}
+
 TEST(ShortCut, IsNotTakenWhereContactsAreAskedFor) {
     CContacts contacts;
     const CPlacement::SCounts counts =
@@ -70,31 +102,21 @@ TEST(ShortCut, IsNotTakenWhereContactsAreAskedFor) {
     EXPECT_EQ(contacts.m_Contacts.size(), 2U);
 }
 
-TEST(ShortCut, IsNotTakenWithACoordinateThatIsNotFinite) {
-    const float fNotANumber = std::numeric_limits<float>::quiet_NaN();
-    const CPolygon broken = MakePolygon({{0, 0, 0}, {10, fNotANumber, 0}, {5, 10, 0}}, {}, {10, 10, 0});
-    const CPlacement::SCounts counts =
-        CountWays({MakeSquare(10), broken}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}));
-    EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
-}
-
-TEST(ShortCut, IsNotTakenWithAHugeCoordinate) {
-    const CPlacement::SCounts counts =
-        CountWays({MakeSquare(10), MakeRectangle(2e18F, 5)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}));
-    EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
-}
-
 TEST(ShortCut, IsNotTakenWithAnOffsetFarOutsideTheStrip) {
     const CPlacement::SCounts counts =
         CountWays({MakeSquare(10), MakeSquare(10)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5000.0F}}));
     EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
 }
 
-TEST(ShortCut, IsNotTakenWithAnEdgeThatTheAnalysisWouldNotMake) {
-    CPolygon forged = MakeSquare(10);
-    forged.m_BackLines[0].m_Direction.x = 10.0F;
-    const CPlacement::SCounts counts =
-        CountWays({MakeSquare(10), forged}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}));
+TEST(ShortCut, IsNotTakenInAStripOfHugeWidth) {
+    const CPlacement::SCounts counts = CountWays(
+        {MakeSquare(10), MakeSquare(10)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}), nullptr, 2e18F);
+    EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
+}
+
+TEST(ShortCut, IsNotTakenInAStripWithoutWidth) {
+    const CPlacement::SCounts counts = CountWays({MakeSquare(10), MakeSquare(10)},
+                                                 MakeChromosome({{0, 0, 0.0F}, {1, 1, 0.0F}}), nullptr, 0.0F);
     EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
 }
 
@@ -106,6 +128,18 @@ TEST(ShortCut, IsLeftForOneDropWhereABoxLeavesOutWhatStopsTheFall) {
     EXPECT_EQ(counts.m_nShort, 1U);
     EXPECT_EQ(counts.m_nWalked, 1U);
     EXPECT_EQ(counts.m_nWalkedLayouts, 0U);
+}
+
+TEST(ShortCut, IsLeftForOneDropWhereABoxLeavesOutWhatHoldsItAboveACornerInLine) {
+    CPolygon understated = MakeRectangle(8, 30);
+    understated.m_BoundingBoxMax.y = 10.0F;
+    // The last piece's right side is in line with the second one's corner, which is reached only because the
+    // third one is not asked after the fourth.
+    const std::vector<CPolygon> polygons = {MakeRectangle(8, 40), MakeRectangle(10, 20), understated,
+                                            MakeRectangle(7, 15), MakeRectangle(40, 5)};
+    const CPlacement::SCounts counts = CountWays(
+        polygons, MakeChromosome({{0, 0, 1.0F}, {1, 1, 30.0F}, {2, 2, 11.0F}, {3, 3, 21.0F}, {4, 4, 0.0F}}));
+    EXPECT_EQ(counts.m_nWalked, 1U);
 }
 
 TEST(ShortCut, IsLeftForOneDropWhereTwoObstaclesGiveRestsARoundingApart) {
@@ -120,3 +154,63 @@ TEST(ShortCut, IsLeftForOneDropWhereTwoObstaclesGiveRestsARoundingApart) {
     }
     EXPECT_GT(nWalked, 0U);
 }
+
+namespace {
+
+/// A change to a sound piece, after which its profiles are not to be swept.
+struct SForgery {
+    const char* m_pName;
+    void (*m_pForge)(CPolygon& piece);
+};
+
+CLine& SlantedFrontEdge(CPolygon& piece) {
+    return *std::ranges::find_if(piece.m_FrontLines,
+                                 [](const CLine& line) { return line.m_Direction.x != 0.0F; });
+}
+
+constexpr float NOT_A_NUMBER = std::numeric_limits<float>::quiet_NaN();
+constexpr float HUGE_COORDINATE = 2e18F;
+
+constexpr std::array FORGERIES = {
+    SForgery{"AHugeBoxBottom", [](CPolygon& piece) { piece.m_BoundingBoxMin.y = -HUGE_COORDINATE; }},
+    SForgery{"AHugeBoxTop", [](CPolygon& piece) { piece.m_BoundingBoxMax.y = HUGE_COORDINATE; }},
+    SForgery{"AHugeBoxWidth", [](CPolygon& piece) { piece.m_BoundingBoxMax.x = HUGE_COORDINATE; }},
+    SForgery{"AHugeVertex", [](CPolygon& piece) { piece.m_Points[0].m_Position.y = HUGE_COORDINATE; }},
+    SForgery{"AVertexThatIsNotANumber",
+             [](CPolygon& piece) { piece.m_Points[0].m_Position.y = NOT_A_NUMBER; }},
+    SForgery{"AHugeFrontPoint",
+             [](CPolygon& piece) { piece.m_FrontPoints[0].m_Position.y = -HUGE_COORDINATE; }},
+    SForgery{"AHugeBackPoint", [](CPolygon& piece) { piece.m_BackPoints[0].m_Position.y = HUGE_COORDINATE; }},
+    SForgery{"AHugeFrontDirection",
+             [](CPolygon& piece) { SlantedFrontEdge(piece).m_Direction.y = HUGE_COORDINATE; }},
+    SForgery{"AHugeBackDirection",
+             [](CPolygon& piece) { piece.m_BackLines[0].m_Direction.y = HUGE_COORDINATE; }},
+    SForgery{"AFrontEdgeThatSaysItRunsLeft",
+             [](CPolygon& piece) { SlantedFrontEdge(piece).m_Direction.x = -10.0F; }},
+    SForgery{"ABackEdgeThatSaysItRunsRight",
+             [](CPolygon& piece) { piece.m_BackLines[0].m_Direction.x = 10.0F; }},
+    SForgery{"AFrontEdgeThatRunsLeft",
+             [](CPolygon& piece) {
+                 CLine& edge = SlantedFrontEdge(piece);
+                 std::swap(edge.m_nStart, edge.m_nEnd);
+             }},
+    SForgery{"ABackEdgeThatRunsRight",
+             [](CPolygon& piece) { std::swap(piece.m_BackLines[0].m_nStart, piece.m_BackLines[0].m_nEnd); }},
+    SForgery{"AWideEdgeThatSaysItIsVertical",
+             [](CPolygon& piece) { SlantedFrontEdge(piece).m_Direction.x = 0.0F; }},
+};
+
+class ShortCutWith : public testing::TestWithParam<SForgery> {};
+
+TEST_P(ShortCutWith, IsNotTaken) {
+    CPolygon forged = MakeSquare(10);
+    GetParam().m_pForge(forged);
+    const CPlacement::SCounts counts =
+        CountWays({MakeSquare(10), forged}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}));
+    EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Forged, ShortCutWith, testing::ValuesIn(FORGERIES),
+                         [](const auto& forgery) { return std::string(forgery.param.m_pName); });
+
+}  // namespace

@@ -142,6 +142,25 @@ Outline LetterOutline(CSeededRandom& random) {
     return BentLetter(random, fWidth, fHeight, fBar);
 }
 
+Outline NeedleOutline(CSeededRandom& random, int nVertices) {
+    const int nSteps = std::max(2, nVertices / 2);
+    std::vector<float> xs = {0.0F};
+    while (static_cast<int>(xs.size()) < nSteps) {
+        xs.push_back(xs.back() + random.Pick({0.001F, 0.013F, 0.7F, 2.3F}));
+    }
+    const auto nextTip = [&](bool bPeak) {
+        return bPeak ? random.Pick({7.3F, 9.7F, 11.1F}) : random.Between(0.0F, 5.0F);
+    };
+    Outline outline;
+    for (size_t i = 0; i < xs.size(); ++i) {
+        outline.push_back({xs[i], 11.1F - nextTip(i % 2 == 0), 0.0F});
+    }
+    for (size_t i = xs.size(); i-- > 0;) {
+        outline.push_back({xs[i], 13.3F + nextTip(i % 2 == 0), 0.0F});
+    }
+    return outline;
+}
+
 Outline ScribbleOutline(CSeededRandom& random, int nVertices) {
     Outline outline;
     for (int i = 0; i < nVertices; ++i) {

@@ -27,6 +27,10 @@ using Outline = std::vector<mgVector3>;
 /// A letter L, T, U or Z of random whole sizes.
 [[nodiscard]] Outline LetterOutline(CSeededRandom& random);
 
+/// An upper and a lower side that go up and down steeply between vertices at few distinct x, the peaks of all
+/// needles at few distinct heights: needles on needles meet in their tips or beside them. About nVertices.
+[[nodiscard]] Outline NeedleOutline(CSeededRandom& random, int nVertices);
+
 /// Random points joined in random order, so the outline crosses itself.
 [[nodiscard]] Outline ScribbleOutline(CSeededRandom& random, int nVertices);
 

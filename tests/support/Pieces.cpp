@@ -134,6 +134,7 @@ constexpr std::array ONLY_NEARLY_LEVEL = {NearlyLevel};
 constexpr std::array WITH_NEARLY_LEVEL = {NearlyLevel, NearlyLevel, AlignedRectangle, Comb};
 constexpr std::array WITH_DISTANT = {Distant, AlignedRectangle, Lattice, Convex};
 constexpr std::array WITH_INTRICATE = {Intricate, Intricate, AlignedRectangle, Lattice};
+constexpr std::array ONLY_NEEDLES = {Needle};
 constexpr std::array UPRIGHT = {AlignedRectangle, AlignedRectangle, Letter, Comb, Lattice};
 constexpr std::array WITH_HUGE = {AlignedRectangle, Convex, NegativeLocal, Huge};
 constexpr std::array WITH_ENDLESS = {AlignedRectangle, AlignedRectangle, AlignedRectangle, Endless};
@@ -163,6 +164,7 @@ constexpr std::array FAMILIES = {
     SFamily{"intricate pieces among others", WITH_INTRICATE},
     SFamily{"upright sides of all kinds", UPRIGHT},
     SFamily{"huge pieces among others", WITH_HUGE},
+    SFamily{"three needles repeated", ONLY_NEEDLES, 3},
     SFamily{"endless boxes among aligned rectangles", WITH_ENDLESS},
     SFamily{"everything", EVERYTHING},
     SFamily{"one piece repeated", SOUND, 1},
@@ -190,6 +192,8 @@ CPolygon MakePiece(CSeededRandom& random, EPiece piece) {
             return MakeDistant(random);
         case Intricate:
             return MakeIntricate(random);
+        case Needle:
+            return MakePolygon(NeedleOutline(random, random.Range(4, 60)));
         case Huge:
             return MakeHuge(random);
         case Endless:

@@ -28,6 +28,7 @@ enum class EPiece {
     NearlyLevel,    ///< a rectangle whose height leaves stacks that differ in the last bit only
     Distant,        ///< a local origin so far away that coordinates have lost their last bits
     Intricate,      ///< hundreds of vertices
+    Needle,         ///< sides so steep that a rounding of x is a visible rise
     Endless  ///< an aligned rectangle with an infinitely tall box: fitness may be infinite or no number
 };
 
