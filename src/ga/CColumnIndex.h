@@ -16,12 +16,27 @@ public:
     };
 
     /// Columns over x from 0 to fWidth, the outer two reaching to infinity; each holds up to nCapacity.
-    void Reset(float fWidth, size_t nColumns, size_t nCapacity);
+    void Reset(float fWidth, size_t nColumns, size_t nCapacity) {
+        m_fColumnsPerUnit = static_cast<float>(nColumns) / fWidth;
+        m_nCapacity = nCapacity;
+        m_Counts.assign(nColumns, 0);
+        m_Entries.resize(nColumns * nCapacity);
+    }
 
-    void Clear();
+    void Clear() { std::fill(m_Counts.begin(), m_Counts.end(), 0); }
 
     /// Enters a polygon in every column that [fLeft, fRight] touches; the two may come in either order.
-    void Insert(float fLeft, float fRight, SEntry entry);
+    void Insert(float fLeft, float fRight, SEntry entry) {
+        const SColumns columns = ColumnsOf(fLeft, fRight);
+        for (size_t nColumn = columns.m_nFirst; nColumn <= columns.m_nLast; ++nColumn) {
+            SEntry* const pColumn = m_Entries.data() + nColumn * m_nCapacity;
+            size_t nPlace = m_Counts[nColumn]++;
+            for (; nPlace > 0 && pColumn[nPlace - 1].m_fHigh > entry.m_fHigh; --nPlace) {
+                pColumn[nPlace] = pColumn[nPlace - 1];
+            }
+            pColumn[nPlace] = entry;
+        }
+    }
 
     /// Calls `visit(entry)` for the entries of each column that the range touches, highest first,
     /// until it returns false: then goes on with the next column. Polygons in several columns come several

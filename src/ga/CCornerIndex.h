@@ -1,13 +1,14 @@
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
 /// Finds the upper corners of placed polygons at exactly a given x: those that stop a vertical side above
-/// them at any height. A hash table with chaining; the slots carry the layout's number, so that a new layout
-/// need not clear them.
+/// them at any height. A hash table with chaining. Corners are numbered through all layouts, so numbers of
+/// earlier ones are known by their size, and a new layout need not clear the slots.
 class CCornerIndex {
 public:
     struct SCorner {
@@ -17,36 +18,37 @@ public:
         int m_nNext;  ///< the next corner in the same slot, or −1
     };
 
-    /// Makes room for nCorners at once.
+    /// Prepares for about nCorners in a layout; there may be more.
     void Reset(size_t nCorners) {
-        m_Slots.assign(std::bit_ceil(2 * nCorners + 1), {});
-        m_Corners.clear();
-        m_Corners.reserve(nCorners);
-        m_nLayout = 1;
+        m_Slots.assign(std::bit_ceil(2 * nCorners + 1), -1);
+        m_Corners.resize(nCorners);
+        m_nCorners = 0;
+        m_nFirstNumber = 0;
     }
 
     void Clear() {
-        m_Corners.clear();
-        ++m_nLayout;
+        m_nFirstNumber += static_cast<int64_t>(m_nCorners);
+        m_nCorners = 0;
+    }
+
+    /// Makes room for nMore calls of Insert.
+    void MakeRoom(size_t nMore) {
+        if (m_nCorners + nMore > m_Corners.size()) {
+            m_Corners.resize(2 * (m_nCorners + nMore));
+        }
     }
 
     void Insert(float fX, float fY, int nDrop) {
-        SSlot& slot = m_Slots[SlotOf(fX)];
-        if (slot.m_nLayout != m_nLayout) {
-            slot = {m_nLayout, -1};
-        }
-        m_Corners.push_back({fX, fY, nDrop, slot.m_nFirst});
-        slot.m_nFirst = static_cast<int>(m_Corners.size()) - 1;
+        int64_t& nSlot = m_Slots[SlotOf(fX)];
+        m_Corners[m_nCorners] = {fX, fY, nDrop, InThisLayout(nSlot)};
+        nSlot = m_nFirstNumber + static_cast<int64_t>(m_nCorners);
+        ++m_nCorners;
     }
 
     /// Whether `test(corner)` holds for any corner at x.
     template <class TTest>
     [[nodiscard]] bool AnyAt(float fX, const TTest& test) const {
-        const SSlot& slot = m_Slots[SlotOf(fX)];
-        if (slot.m_nLayout != m_nLayout) {
-            return false;
-        }
-        for (int nCorner = slot.m_nFirst; nCorner >= 0;) {
+        for (int nCorner = InThisLayout(m_Slots[SlotOf(fX)]); nCorner >= 0;) {
             const SCorner& corner = m_Corners[static_cast<size_t>(nCorner)];
             if (corner.m_fX == fX && test(corner)) {
                 return true;
@@ -57,10 +59,10 @@ public:
     }
 
 private:
-    struct SSlot {
-        uint64_t m_nLayout = 0;
-        int m_nFirst = -1;
-    };
+    /// The place of a corner with this number, or −1 if it belongs to an earlier layout.
+    [[nodiscard]] int InThisLayout(int64_t nNumber) const {
+        return static_cast<int>(std::max(nNumber - m_nFirstNumber, int64_t{-1}));
+    }
 
     [[nodiscard]] size_t SlotOf(float fX) const {
         // Adding 0 turns −0 into 0, which compares equal to it.
@@ -69,7 +71,8 @@ private:
         return ((nBits * 0x9E3779B97F4A7C15ULL) >> 32) & (m_Slots.size() - 1);
     }
 
-    std::vector<SSlot> m_Slots;
+    std::vector<int64_t> m_Slots;  ///< the number of the latest corner in each
     std::vector<SCorner> m_Corners;
-    uint64_t m_nLayout = 1;
+    size_t m_nCorners = 0;       ///< in this layout
+    int64_t m_nFirstNumber = 0;  ///< of this layout
 };

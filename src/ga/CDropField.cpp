@@ -188,6 +188,7 @@ void CDropField::Add(const SDrop& drop, int nDrop) {
     }
     m_Columns.Insert(drop.m_Box.m_fLeft, drop.m_Box.m_fRight, {back.m_Y.m_fHigh, nDrop});
     if (m_bVerticals) {
+        m_Corners.MakeRoom(half.m_Points.m_nCount);
         for (size_t i = 0; i < half.m_Points.m_nCount; ++i) {
             m_Corners.Insert(half.m_Points.m_X[i] + back.m_fX, back.m_fY - half.m_Points.m_Y[i], nDrop);
         }

@@ -56,11 +56,10 @@ std::vector<float> ReachesOf(const std::vector<SEdge>& edges) {
     return reaches;
 }
 
-SProfileEdges LayOut(std::vector<SEdge> draft, bool bStartsLow, float fReach) {
+SProfileEdges LayOut(std::vector<SEdge> draft, float fReach) {
     std::stable_sort(draft.begin(), draft.end(),
                      [](const SEdge& a, const SEdge& b) { return a.LowX() < b.LowX(); });
     SProfileEdges edges;
-    edges.m_bStartsLow = bStartsLow;
     edges.m_nCount = draft.size();
     const size_t nLanes = RoundUpToLanes(draft.size() + GA_LANES);
     edges.m_LowX.resize(nLanes, GA_LANE_FILLER);
@@ -109,7 +108,7 @@ SHalfProfile PrepareFront(const CPolygon& polygon, std::vector<SEdge> edges, flo
     std::vector<mgVector3> points = PositionsOf(polygon.m_FrontPoints);
     const SRange y = FindBounds(points, edges, fReach);
     TurnUpsideDown(edges);
-    return {LayOut(std::move(points)), LayOut(std::move(edges), true, fReach), y};
+    return {LayOut(std::move(points)), LayOut(std::move(edges), fReach), y};
 }
 
 SHalfProfile PrepareBack(const CPolygon& polygon, float fReach) {
@@ -117,7 +116,7 @@ SHalfProfile PrepareBack(const CPolygon& polygon, float fReach) {
     std::vector<SEdge> edges = EdgesOf(polygon, polygon.m_BackLines);
     const SRange y = FindBounds(points, edges, fReach);
     TurnUpsideDown(points);
-    return {LayOut(std::move(points)), LayOut(std::move(edges), false, fReach), y};
+    return {LayOut(std::move(points)), LayOut(std::move(edges), fReach), y};
 }
 
 SProfile Prepare(const CPolygon& polygon, float fReach) {

@@ -28,7 +28,9 @@ struct SProfileCell {
 
 /// The edges of one half of an outline, vertical ones apart, in ascending order of their low ends in x. Edges
 /// may overlap in x where the outline is not convex. Rounding is monotonic, so the order still holds when the
-/// half is moved. Filled up so that whole lanes can be read from any edge on, and from one behind the last.
+/// half is moved. A lower profile's edges start at their low ends in x, an upper one's at the high ones.
+///
+/// Filled up so that whole lanes can be read from any edge on, and from one behind the last.
 ///
 /// Which edges there are at some x is found through the reaches where edges are few, and through cells where
 /// they are many.
@@ -37,8 +39,7 @@ struct SProfileEdges {
     std::vector<float> m_HighX;
     std::vector<float> m_StartY;
     std::vector<double> m_Slopes;
-    bool m_bStartsLow = false;  ///< whether edges start at their low ends in x, or else at the high ones
-    float m_fRight = 0.0F;      ///< the largest high end
+    float m_fRight = 0.0F;  ///< the largest high end
     size_t m_nCount = 0;
 
     /// Of each edge the largest high end up to and including it: as many edges lie before the first one that
@@ -49,8 +50,6 @@ struct SProfileEdges {
     std::vector<uint32_t> m_FirstInCell;
     float m_fCellsPerUnit = 0.0F;
     float m_fLastCell = 0.0F;
-
-    [[nodiscard]] const std::vector<float>& StartX() const { return m_bStartsLow ? m_LowX : m_HighX; }
 };
 
 /// One half of an outline, local.

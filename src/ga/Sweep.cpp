@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <cmath>
 
 #include "Lanes.h"
 
@@ -26,7 +25,11 @@ struct SMovedPoints {
     }
 };
 
+/// Which of its two ends in x an edge starts at: upper profiles run left, lower ones run right.
+enum class EStart { Low, High };
+
 /// The edges of one half at their place: those that the points fall on.
+template <EStart START>
 class CMovedEdges {
 public:
     CMovedEdges(const SProfileEdges& edges, float fX, float fY, float fSlack, const SRange& y)
@@ -66,7 +69,7 @@ public:
         do {
             const FloatLanes low = LoadLanes(&m_Edges.m_LowX[nEdge]) + m_fX;
             const FloatLanes high = LoadLanes(&m_Edges.m_HighX[nEdge]) + m_fX;
-            const FloatLanes startX = LoadLanes(&m_Edges.StartX()[nEdge]) + m_fX;
+            const FloatLanes startX = START == EStart::Low ? low : high;
             const FloatLanes startY = LoadLanes(&m_Edges.m_StartY[nEdge]) + m_fY;
             DoubleLanes slopes;
             std::memcpy(&slopes, &m_Edges.m_Slopes[nEdge], sizeof slopes);
@@ -87,9 +90,11 @@ public:
     /// The smallest gap below a point, or fCut: by reaches, one edge after the other.
     [[nodiscard]] float FindGapByReach(float fX, float fY, float fCut) const {
         for (size_t nEdge = CountLeftOf(fX); m_Edges.m_LowX[nEdge] + m_fX <= fX; ++nEdge) {
-            if (m_Edges.m_HighX[nEdge] + m_fX >= fX) {
-                const double along =
-                    static_cast<double>(fX) - static_cast<double>(m_Edges.StartX()[nEdge] + m_fX);
+            const float fLow = m_Edges.m_LowX[nEdge] + m_fX;
+            const float fHigh = m_Edges.m_HighX[nEdge] + m_fX;
+            if (fHigh >= fX) {
+                const float fStart = START == EStart::Low ? fLow : fHigh;
+                const double along = static_cast<double>(fX) - static_cast<double>(fStart);
                 const double height =
                     static_cast<double>(m_Edges.m_StartY[nEdge] + m_fY) + m_Edges.m_Slopes[nEdge] * along;
                 if (static_cast<double>(fY) >= height) {
@@ -121,7 +126,8 @@ private:
 };
 
 /// The smallest gap below fCut between points and few edges.
-float SweepByReach(const SMovedPoints& points, const CMovedEdges& edges, float fCut) {
+template <class TEdges>
+float SweepByReach(const SMovedPoints& points, const TEdges& edges, float fCut) {
     for (size_t nFirst = 0; nFirst < points.m_Points.m_nCount; nFirst += GA_LANES) {
         unsigned int nHopeful = points.FindInside(nFirst, edges.SpanX(), edges.HopefulY(fCut));
         for (; nHopeful != 0; nHopeful &= nHopeful - 1) {
@@ -136,7 +142,8 @@ constexpr size_t CHUNK = 64;
 
 /// The same for up to CHUNK points from nFirst on, and many edges. The lowest point in range narrows the gap;
 /// the others are sifted with the bounds of their cells, without a branch, before any edge is looked at.
-float SweepChunkByCell(const SMovedPoints& points, size_t nFirst, const CMovedEdges& edges, float fCut) {
+template <class TEdges>
+float SweepChunkByCell(const SMovedPoints& points, size_t nFirst, const TEdges& edges, float fCut) {
     const size_t nEnd = std::min(points.m_Points.m_nCount, nFirst + CHUNK);
     const SRange hopefulY = edges.HopefulY(fCut);
     uint64_t nHopeful = 0;
@@ -172,7 +179,8 @@ float SweepChunkByCell(const SMovedPoints& points, size_t nFirst, const CMovedEd
 }
 
 /// The smallest gap below fCut between points and the edges below them.
-float Sweep(const SMovedPoints& points, const CMovedEdges& edges, float fCut) {
+template <class TEdges>
+float Sweep(const SMovedPoints& points, const TEdges& edges, float fCut) {
     if (!edges.HasCells()) {
         return SweepByReach(points, edges, fCut);
     }
@@ -184,21 +192,16 @@ float Sweep(const SMovedPoints& points, const CMovedEdges& edges, float fCut) {
 
 }  // namespace
 
-SMovedHalf::SMovedHalf(const SHalfProfile& half, float fX, float fY)
-    : m_Half(half),
-      m_fX(fX),
-      m_fY(fY),
-      m_fSlack((std::abs(half.m_Y.m_fLow) + std::abs(half.m_Y.m_fHigh) + std::abs(fY)) * 0x1p-21F),
-      m_Y{half.m_Y.m_fLow + fY - m_fSlack, half.m_Y.m_fHigh + fY + m_fSlack} {}
-
-float FindGap(const SMovedHalf& front, const SMovedHalf& back, float fCut) {
+// Flattened: 1 to 3 % of a layout, measured.
+[[gnu::flatten]] float FindGap(const SMovedHalf& front, const SMovedHalf& back, float fCut) {
     if (back.m_Half.m_Edges.m_nCount != 0) {
-        const CMovedEdges edges(back.m_Half.m_Edges, back.m_fX, back.m_fY, back.m_fSlack, back.m_Y);
+        const CMovedEdges<EStart::High> edges(back.m_Half.m_Edges, back.m_fX, back.m_fY, back.m_fSlack,
+                                              back.m_Y);
         fCut = Sweep({front.m_Half.m_Points, front.m_fX, front.m_fY}, edges, fCut);
     }
     if (front.m_Half.m_Edges.m_nCount != 0) {
-        const CMovedEdges edges(front.m_Half.m_Edges, front.m_fX, -front.m_fY, front.m_fSlack,
-                                {-front.m_Y.m_fHigh, -front.m_Y.m_fLow});
+        const CMovedEdges<EStart::Low> edges(front.m_Half.m_Edges, front.m_fX, -front.m_fY, front.m_fSlack,
+                                             {-front.m_Y.m_fHigh, -front.m_Y.m_fLow});
         fCut = Sweep({back.m_Half.m_Points, back.m_fX, -back.m_fY}, edges, fCut);
     }
     return fCut;

@@ -1,11 +1,18 @@
 #pragma once
 
+#include <cmath>
+
 #include "CProfileSet.h"
 
 /// A half profile at its place in the strip. The sums with the offset are formed where they are needed, which
 /// is at few points and edges.
 struct SMovedHalf {
-    SMovedHalf(const SHalfProfile& half, float fX, float fY);
+    SMovedHalf(const SHalfProfile& half, float fX, float fY)
+        : m_Half(half),
+          m_fX(fX),
+          m_fY(fY),
+          m_fSlack((std::abs(half.m_Y.m_fLow) + std::abs(half.m_Y.m_fHigh) + std::abs(fY)) * 0x1p-21F),
+          m_Y{half.m_Y.m_fLow + fY - m_fSlack, half.m_Y.m_fHigh + fY + m_fSlack} {}
 
     const SHalfProfile& m_Half;
     float m_fX;
