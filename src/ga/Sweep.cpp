@@ -158,17 +158,16 @@ float SweepChunkByCell(const SMovedPoints& points, size_t nFirst, const TEdges& 
         float m_fY;
         size_t m_nCell;
     };
-    const auto nextCandidate = [&] {
+    const auto firstHopeful = [&] {
         const size_t nPoint = nFirst + static_cast<size_t>(std::countr_zero(nHopeful));
-        nHopeful &= nHopeful - 1;
         return SCandidate{points.X(nPoint), points.Y(nPoint), edges.CellAt(points.X(nPoint))};
     };
-    const SCandidate lowest = nextCandidate();
+    const SCandidate lowest = firstHopeful();
     fCut = edges.FindGapInCell(lowest.m_fX, lowest.m_fY, lowest.m_nCell, fCut);
     std::array<SCandidate, CHUNK> candidates;
     size_t nCandidates = 0;
-    while (nHopeful != 0) {
-        const SCandidate next = nextCandidate();
+    for (nHopeful &= nHopeful - 1; nHopeful != 0; nHopeful &= nHopeful - 1) {
+        const SCandidate next = firstHopeful();
         candidates[nCandidates] = next;
         nCandidates += edges.IsHopeful(next.m_nCell, next.m_fY, fCut) ? 1 : 0;
     }
