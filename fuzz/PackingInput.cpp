@@ -9,11 +9,12 @@ namespace fuzz {
 namespace {
 
 constexpr size_t MAX_POLYGONS = 8;
-constexpr size_t MAX_VERTICES = 12;
+constexpr size_t MAX_VERTICES = 60;
 
 constexpr float INFINITE = std::numeric_limits<float>::infinity();
 
-constexpr std::array WIDTHS = {400.0F, 50.0F, 120.0F, 10.0F, 1000.0F, 0.0F, -50.0F, 1e-30F, 1e17F, 3e38F};
+constexpr std::array WIDTHS = {400.0F, 50.0F,  120.0F, 10.0F, 1000.0F, 0.0F,
+                               -50.0F, 1e-30F, 1e17F,  3e38F, 1e-39F};
 
 constexpr std::array SPECIAL_VALUES = {0.0F,
                                        -0.0F,

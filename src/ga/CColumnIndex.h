@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <vector>
 
 /// Finds what lies in an x range of the strip, highest first. The strip is cut into columns of equal width;
@@ -17,10 +16,10 @@ public:
 
     /// Columns over x from 0 to fWidth, the outer two reaching to infinity; each holds up to nCapacity.
     void Reset(float fWidth, size_t nColumns, size_t nCapacity) {
-        m_fColumnsPerUnit = static_cast<float>(nColumns) / fWidth;
-        m_nCapacity = nCapacity;
-        m_Counts.assign(nColumns, 0);
         m_Entries.resize(nColumns * nCapacity);
+        m_Counts.assign(nColumns, 0);
+        m_nCapacity = nCapacity;
+        m_fColumnsPerUnit = static_cast<float>(nColumns) / fWidth;
     }
 
     void Clear() { std::fill(m_Counts.begin(), m_Counts.end(), 0); }

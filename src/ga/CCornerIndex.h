@@ -67,7 +67,7 @@ private:
     [[nodiscard]] size_t SlotOf(float fX) const {
         // Adding 0 turns −0 into 0, which compares equal to it.
         const uint32_t nBits = std::bit_cast<uint32_t>(fX + 0.0F);
-        // Fibonacci hashing (Knuth, The Art of Computer Programming, vol. 3, 6.4).
+        // After Fibonacci hashing (Knuth, The Art of Computer Programming, vol. 3, 6.4).
         return ((nBits * 0x9E3779B97F4A7C15ULL) >> 32) & (m_Slots.size() - 1);
     }
 

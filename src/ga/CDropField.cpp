@@ -11,8 +11,9 @@ constexpr int FLOOR = std::numeric_limits<int>::max();
 
 constexpr size_t MAX_COLUMNS = 64;
 
-/// Columns a little wider than the average polygon: narrower ones show the same polygons several times, wider
-/// ones mix those that cannot meet. Measured: 0.7 to 1.0 columns a width are best, 2.0 cost a tenth more.
+/// Columns about one and a half times as wide as the average polygon: narrower ones show the same polygons
+/// several times, wider ones mix those that cannot meet. Measured: 0.7 to 1.0 columns a width are best, 2.0
+/// cost a tenth more.
 size_t ChooseColumns(std::span<const CPolygon> polygons, float fStripWidth) {
     double width = 0.0;
     for (const CPolygon& polygon : polygons) {
@@ -48,11 +49,10 @@ float FallBefore(const SDrop& falling, float fBoxBottom, float fFall) {
 CDropField::CDropField(std::span<const CPolygon> polygons, float fStripWidth)
     : m_Polygons(polygons),
       m_fStripWidth(fStripWidth),
-      m_fLargestX(LargestX(polygons)),
-      m_fLargestOffset(fStripWidth + m_fLargestX),
-      m_Profiles(polygons, m_fLargestOffset + m_fLargestX),
+      m_fLargestOffset(fStripWidth + LargestX(polygons)),
+      m_Profiles(polygons, m_fLargestOffset + LargestX(polygons)),
       m_bVerticals(m_Profiles.HasVerticals()),
-      m_bUsable(fStripWidth > 0.0F && m_Profiles.IsComplete()) {
+      m_bUsable(fStripWidth >= std::numeric_limits<float>::min() && m_Profiles.IsComplete()) {
     if (!m_bUsable) {
         return;
     }
@@ -62,9 +62,9 @@ CDropField::CDropField(std::span<const CPolygon> polygons, float fStripWidth)
 
 void CDropField::Clear(size_t nDrops) {
     if (nDrops > m_nCapacity) {
-        m_nCapacity = nDrops;
-        m_Columns.Reset(m_fStripWidth, m_nColumns, m_nCapacity);
-        m_Placed.reserve(m_nCapacity);
+        m_Placed.reserve(nDrops);
+        m_Columns.Reset(m_fStripWidth, m_nColumns, nDrops);
+        m_nCapacity = nDrops;  // last: there may be no memory for any of it
     }
     m_Columns.Clear();
     m_Corners.Clear();
@@ -72,7 +72,7 @@ void CDropField::Clear(size_t nDrops) {
 }
 
 std::optional<float> CDropField::FindFall(const SDrop& drop, std::span<const SDrop> placed) {
-    const SFalling falling = Lift(drop, placed);
+    const SFalling falling = PrepareFall(drop, placed);
     const SStop stop = FindStop(falling, {drop.m_ReferencePoint.y + falling.m_fBoxBottom, FLOOR}, -1);
     if (!IsCertain(falling, stop)) {
         return std::nullopt;
@@ -80,7 +80,7 @@ std::optional<float> CDropField::FindFall(const SDrop& drop, std::span<const SDr
     return FindHang(falling, stop);
 }
 
-CDropField::SFalling CDropField::Lift(const SDrop& drop, std::span<const SDrop> placed) {
+CDropField::SFalling CDropField::PrepareFall(const SDrop& drop, std::span<const SDrop> placed) const {
     const SProfile& profile = m_Profiles.Of(drop.m_nPolygon);
     return {drop,
             profile,

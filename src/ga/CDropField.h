@@ -35,7 +35,7 @@ public:
     /// How far the polygon falls.
     /// @param placed all polygons added since Clear, in that order.
     /// @return nothing if the order in which the obstacles are asked may matter.
-    [[nodiscard]] std::optional<float> FindFall(const SDrop& falling, std::span<const SDrop> placed);
+    [[nodiscard]] std::optional<float> FindFall(const SDrop& drop, std::span<const SDrop> placed);
 
     /// Adds the polygon that has come to rest as number nDrop.
     void Add(const SDrop& drop, int nDrop);
@@ -62,7 +62,7 @@ private:
         std::span<const SDrop> m_Placed;
     };
 
-    [[nodiscard]] SFalling Lift(const SDrop& drop, std::span<const SDrop> placed);
+    [[nodiscard]] SFalling PrepareFall(const SDrop& drop, std::span<const SDrop> placed) const;
 
     /// The stop with the smallest gap below `stop`, vertical sides apart, among the obstacles younger than
     /// nAfter; `stop` if there is none.
@@ -84,7 +84,6 @@ private:
 
     std::span<const CPolygon> m_Polygons;
     float m_fStripWidth;
-    float m_fLargestX;  ///< of any polygon, local, in absolute value
     float m_fLargestOffset;
     CProfileSet m_Profiles;
     bool m_bVerticals;

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <optional>
+
+#include "Approach.h"
 
 CPlacement::CPlacement(std::span<const CPolygon> polygons, float fTotalHeight, float fStripWidth)
     : m_Polygons(polygons),

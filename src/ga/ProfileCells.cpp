@@ -51,15 +51,16 @@ size_t ChooseCells(size_t nEdges) {
 }  // namespace
 
 void CutIntoCells(const std::vector<SEdge>& draft, float fReach, SProfileEdges& edges) {
-    const size_t nCells = ChooseCells(draft.size());
     const SRange x{edges.m_LowX.front(), edges.m_fRight};
+    size_t nCells = ChooseCells(draft.size());
+    edges.m_fCellsPerUnit = static_cast<float>(nCells) / (x.m_fHigh - x.m_fLow);
+    if (!std::isfinite(edges.m_fCellsPerUnit)) {
+        nCells = 1;  // too narrow to be cut
+        edges.m_fCellsPerUnit = 0.0F;
+    }
     edges.m_Cells.resize(nCells);
     edges.m_FirstInCell.resize(nCells);
     edges.m_fLastCell = static_cast<float>(nCells - 1);
-    edges.m_fCellsPerUnit = static_cast<float>(nCells) / (x.m_fHigh - x.m_fLow);
-    if (!std::isfinite(edges.m_fCellsPerUnit)) {
-        edges.m_fCellsPerUnit = 0.0F;  // too narrow: all edges go into the first cell
-    }
     const CCellGrid grid(x, nCells, edges.m_fCellsPerUnit, static_cast<double>(fReach) * 0x1p-20);
     for (size_t nEdge = draft.size(); nEdge-- > 0;) {
         const SEdge& edge = draft[nEdge];

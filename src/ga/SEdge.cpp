@@ -12,14 +12,16 @@ bool AreTame(const std::vector<CPoint>& points) {
     return std::all_of(points.begin(), points.end(), [](const CPoint& p) { return IsTame(p.m_Position); });
 }
 
-bool RunsRight(const SEdge& edge) {
-    const bool bRight = edge.m_Direction.x > 0.0F && edge.m_Start.x <= edge.m_End.x;
-    const bool bVertical = edge.IsVertical() && edge.m_Start.x == edge.m_End.x;
-    return IsTame(edge.m_Direction) && (bRight || bVertical);
+bool HasItsOwnDirection(const SEdge& edge) {
+    return edge.m_Direction == edge.m_End - edge.m_Start;
 }
 
-bool RunsLeft(const SEdge& edge) {
-    return IsTame(edge.m_Direction) && edge.m_Direction.x < 0.0F && edge.m_Start.x >= edge.m_End.x;
+bool IsFront(const SEdge& edge) {
+    return HasItsOwnDirection(edge) && edge.m_Direction.x >= 0.0F;
+}
+
+bool IsBack(const SEdge& edge) {
+    return HasItsOwnDirection(edge) && edge.m_Direction.x < 0.0F;
 }
 
 }  // namespace
@@ -50,6 +52,5 @@ bool IsTame(const CPolygon& polygon) {
     const std::vector<SEdge> back = EdgesOf(polygon, polygon.m_BackLines);
     return IsTame(polygon.m_BoundingBoxMin) && IsTame(polygon.m_BoundingBoxMax) &&
            AreTame(polygon.m_Points) && AreTame(polygon.m_FrontPoints) && AreTame(polygon.m_BackPoints) &&
-           std::all_of(front.begin(), front.end(), RunsRight) &&
-           std::all_of(back.begin(), back.end(), RunsLeft);
+           std::all_of(front.begin(), front.end(), IsFront) && std::all_of(back.begin(), back.end(), IsBack);
 }

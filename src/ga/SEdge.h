@@ -33,6 +33,6 @@ struct SEdge {
 /// Whether sums and differences with this coordinate stay finite.
 [[nodiscard]] bool IsTame(float fCoordinate);
 
-/// Whether all coordinates are tame, front edges run right or are vertical, and back edges run left, as the
-/// profile analysis makes them.
+/// Whether all coordinates are tame, and all edges as the profile analysis makes them: each with its own
+/// direction, front edges running right or vertical, back edges left.
 [[nodiscard]] bool IsTame(const CPolygon& polygon);

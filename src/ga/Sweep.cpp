@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
 
 #include "Lanes.h"
 
@@ -63,7 +64,7 @@ public:
     [[nodiscard]] float FindGapInCell(float fX, float fY, size_t nCell, float fCut) const {
         constexpr float NONE = std::numeric_limits<float>::infinity();
         const double x = static_cast<double>(fX);
-        const double y = static_cast<double>(fY);
+        const double y = static_cast<double>(fY) + 0.0;  // never −0, which would seem to lie below 0
         FloatLanes gaps = FloatLanes{} + fCut;
         size_t nEdge = m_Edges.m_FirstInCell[nCell];
         do {

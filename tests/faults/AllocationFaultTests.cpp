@@ -7,6 +7,7 @@
 
 #include "CAllocationFault.h"
 #include "CContainer.h"
+#include "CPlacement.h"
 #include "CStdoutCapture.h"
 #include "CTemporaryFolder.h"
 #include "Chromosomes.h"
@@ -166,6 +167,33 @@ TEST_P(AllocationFault, WhilePlacingLeavesThePackingToBeMadeAgain) {
             EXPECT_EQ(placed, expected);
         });
     EXPECT_GT(nAllocations, 30U);
+}
+
+TEST_P(AllocationFault, WhileAPlacementGrowsLeavesItAsUsableAsItWas) {
+    const CChromosome few = MakeChromosome({{0, 2, 10}, {1, 3, 20}});
+    CChromosome many;
+    many.SetGeneCount(200);
+    for (int i = 0; i < many.m_nGenes; ++i) {
+        many.m_pGenes[i] = {i % 4, i, static_cast<float>(7 * i % 300)};
+    }
+    constexpr float TOTAL_HEIGHT = 3000.0F;
+    constexpr float STRIP_WIDTH = 400.0F;
+    const float fFew = CPlacement(m_Pieces, TOTAL_HEIGHT, STRIP_WIDTH).Place(few.Genes());
+    const float fMany = CPlacement(m_Pieces, TOTAL_HEIGHT, STRIP_WIDTH).Place(many.Genes());
+    const size_t nAllocations = Sweep(
+        [&] {
+            CPlacement placement(m_Pieces, TOTAL_HEIGHT, STRIP_WIDTH);
+            EXPECT_EQ(placement.Place(few.Genes()), fFew);
+            try {
+                EXPECT_EQ(placement.Place(many.Genes()), fMany);
+            } catch (const std::bad_alloc&) {
+                // The few need no more than they had.
+                EXPECT_EQ(placement.Place(few.Genes()), fFew);
+                throw;
+            }
+        },
+        [](bool) {});
+    EXPECT_GT(nAllocations, 20U);
 }
 
 /// A search small enough to be run a few hundred times.

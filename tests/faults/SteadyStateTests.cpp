@@ -8,7 +8,7 @@
 #include "CStdoutCapture.h"
 
 // Once a search has its working storage, it breeds, drops and reports without a single call of operator new.
-// What the C library takes for itself is not counted: its qsort borrows a buffer for more than 64 genes.
+// What the C library takes for itself is not counted: its qsort borrows a buffer from 64 genes on.
 
 namespace support {
 

@@ -93,6 +93,22 @@ TEST(ShortCut, IsTakenByAnOutlineTooNarrowToBeCutIntoCells) {
     EXPECT_EQ(counts.m_nWalkedLayouts, 0U);
 }
 
+TEST(ShortCut, FindsWhatTouchesAtTheHeightOfZero) {
+    // Thirteen edges on the lower side; the box tells nothing of them.
+    Outline ragged = {{0, -40, 0}, {20, -40, 0}};
+    for (int i = 1; i <= 12; ++i) {
+        const auto fStep = static_cast<float>(i);
+        ragged.push_back({20 + fStep, -40 + fStep * fStep / 4, 0});
+    }
+    ragged.push_back({32, 8, 0});
+    ragged.push_back({0, 8, 0});
+    const Outline sunk = {{4, -5, 0}, {6, -5, 0}, {6, 0, 0}, {4, 0, 0}};
+    const std::vector<CPolygon> polygons = {MakePolygon(sunk, {4, 0, 0}, {6, 10, 0}),
+                                            MakePolygon(ragged, {0, 0, 0}, {32, 10, 0})};
+    const CPlacement::SCounts counts = CountWays(polygons, MakeChromosome({{0, 0, 0.0F}, {1, 1, 0.0F}}));
+    EXPECT_EQ(counts.m_nWalkedLayouts, 0U);
+}
+
 TEST(ShortCut, IsNotTakenWhereContactsAreAskedFor) {
     CContacts contacts;
     const CPlacement::SCounts counts =
@@ -114,10 +130,12 @@ TEST(ShortCut, IsNotTakenInAStripOfHugeWidth) {
     EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
 }
 
-TEST(ShortCut, IsNotTakenInAStripWithoutWidth) {
-    const CPlacement::SCounts counts = CountWays({MakeSquare(10), MakeSquare(10)},
-                                                 MakeChromosome({{0, 0, 0.0F}, {1, 1, 0.0F}}), nullptr, 0.0F);
-    EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
+TEST(ShortCut, IsNotTakenInAStripOfNextToNoWidth) {
+    for (const float fWidth : {0.0F, 1e-39F}) {
+        const CPlacement::SCounts counts = CountWays(
+            {MakeSquare(10), MakeSquare(10)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}), nullptr, fWidth);
+        EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
+    }
 }
 
 TEST(ShortCut, IsLeftForOneDropWhereABoxLeavesOutWhatStopsTheFall) {
@@ -185,6 +203,10 @@ constexpr std::array FORGERIES = {
              [](CPolygon& piece) { SlantedFrontEdge(piece).m_Direction.y = HUGE_COORDINATE; }},
     SForgery{"AHugeBackDirection",
              [](CPolygon& piece) { piece.m_BackLines[0].m_Direction.y = HUGE_COORDINATE; }},
+    SForgery{"ADirectionShorterThanItsEdge",
+             [](CPolygon& piece) {
+                 piece.m_BackLines[0].m_Direction = {-1.0F, 1.0F, 0.0F};
+             }},
     SForgery{"AFrontEdgeThatSaysItRunsLeft",
              [](CPolygon& piece) { SlantedFrontEdge(piece).m_Direction.x = -10.0F; }},
     SForgery{"ABackEdgeThatSaysItRunsRight",

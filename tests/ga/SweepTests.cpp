@@ -69,9 +69,9 @@ SPair MakePair(CSeededRandom& random, const SFamily& family) {
     const float fX = random.Pick({0.0F, 40.0F, random.Between(0.0F, STRIP_WIDTH)});
     const float fOtherX = random.Percent(70) ? fX : fX + random.Between(-10.0F, 10.0F);
     const float fOtherY = random.Pick({0.0F, random.Between(0.0F, 100.0F), random.Between(0.0F, 1000.0F)});
-    // Near ones, overlapping or not, since small gaps show small errors.
-    const float fY =
-        fOtherY + (random.Percent(80) ? random.Between(0.0F, 70.0F) : random.Between(0.0F, 3000.0F));
+    // Mostly near ones, overlapping or not, since small gaps show small errors; some of them on a lattice.
+    const float fY = fOtherY + random.Pick({5.0F * random.Quarter(-6, 14), random.Between(0.0F, 70.0F),
+                                            random.Between(0.0F, 70.0F), random.Between(0.0F, 3000.0F)});
     return {support::PlacedAt(std::move(falling), fX, fY),
             support::PlacedAt(std::move(obstacle), fOtherX, fOtherY)};
 }

@@ -36,7 +36,7 @@ CPolygon MakeTightRectangle(CSeededRandom& random) {
 TEST(TightRectangles, ArePlacedAsThePlainReferencePlacesThem) {
     size_t nShort = 0;
     size_t nWalked = 0;
-    const int nLayouts = support::RandomCases(40000);
+    const int nLayouts = support::RandomCases(10000);
     for (int nSeed = 0; nSeed < nLayouts; ++nSeed) {
         CSeededRandom random(static_cast<uint64_t>(nSeed));
         CChromosome chromosome;
