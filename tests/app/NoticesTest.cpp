@@ -7,6 +7,7 @@
 #include "CStdoutCapture.h"
 #include "EventPump.h"
 #include "FrameFixture.h"
+#include "RandomCases.h"
 
 namespace {
 
@@ -24,15 +25,15 @@ protected:
 };
 
 TEST_F(Notices, AreAllHandledHoweverFastTheyCome) {
-    constexpr int GENERATIONS = 20000;
-    SetRun(POPULATION, GENERATIONS);
+    const int nGenerations = support::RandomCases(100000);
+    SetRun(POPULATION, nGenerations);
     (void)support::PrintedBy([this] {
         wxCommandEvent event(wxEVT_BUTTON, XRCID("ID_BTN_RUN_GA"));
         m_pFrame->ProcessWindowEvent(event);
         AwaitEndOfRun();
     });
     const auto& points = m_pFrame->m_pBestPlotter->m_Points;
-    ASSERT_EQ(points.size(), GENERATIONS + 1U);
+    ASSERT_EQ(points.size(), static_cast<size_t>(nGenerations) + 1);
     for (size_t i = 0; i < points.size(); ++i) {
         ASSERT_EQ(points[i].x, static_cast<float>(i));
     }

@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <fstream>
 
+#include "COrdinaryUser.h"
 #include "CPolyDisplay.h"
 #include "CStdoutCapture.h"
 #include "EventPump.h"
@@ -101,6 +104,27 @@ TEST_F(RunControl, ReportsABadFileTwiceAndPacksTheOthers) {
     const std::string line = "Couldn't Load Polygon " + missing + "\n";
     EXPECT_THAT(printed, HasSubstr(line + line));
     EXPECT_EQ(Container().m_Polygons.size(), 2U);
+}
+
+TEST_F(RunControl, ReportsWhatCannotBeReadAndPacksTheOthers) {
+    std::filesystem::permissions(m_Folder.Path(), std::filesystem::perms(0755));
+    std::filesystem::permissions(m_Folder.Write("unreadable.pol", "1\n0,0\n;0,0\n0,0\n"),
+                                 std::filesystem::perms::none);
+    std::filesystem::create_directory(m_Folder.PathOf("folder.pol"));
+    std::filesystem::create_symlink("link.pol", m_Folder.PathOf("link.pol"));
+    ASSERT_EQ(mkfifo(m_Folder.PathOf("pipe.pol").c_str(), 0600), 0);
+    ListSquares(1);
+    for (const char* pName : {"unreadable.pol", "folder.pol", "link.pol", "pipe.pol"}) {
+        List().Append(m_Folder.PathOf(pName));
+    }
+    SetRun(2, 0);
+    const support::COrdinaryUser ordinaryUser;
+    const std::string printed = RunToItsEnd();
+    for (const char* pName : {"unreadable.pol", "folder.pol", "link.pol", "pipe.pol"}) {
+        const std::string line = "Couldn't Load Polygon " + m_Folder.PathOf(pName) + "\n";
+        EXPECT_THAT(printed, HasSubstr(line + line));
+    }
+    EXPECT_EQ(Container().m_Polygons.size(), 1U);
 }
 
 TEST_F(RunControl, GoesAheadWhenEveryFileIsBad) {

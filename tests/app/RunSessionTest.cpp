@@ -96,8 +96,8 @@ TEST_F(RunSession, StaysAliveUnderAFloodOfNotices) {
         ASSERT_TRUE(Await([&] { return CScreenshot().Differs(before, Place("ID_BEST_PLOTTER")); }));
     }
     ClickOn("ID_BTN_SHOW_RESULT");
-    ClickOn("ID_BTN_STOP");
     const auto begin = std::chrono::steady_clock::now();
+    ClickOn("ID_BTN_STOP");
     ASSERT_TRUE(AwaitOutput("Thread Exited\n", 1, std::chrono::seconds(5)));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(500));
     CloseWindow();

@@ -12,6 +12,7 @@
 #include "NestrixMain.h"
 #include "PolygonMaking.h"
 #include "SanitizerDefaults.h"
+#include "UnderSanitizer.h"
 
 namespace support {
 
@@ -19,6 +20,9 @@ namespace {
 
 constexpr char TITLE[] = "Nestrix using GA";
 constexpr char DIALOG[] = "Choose a polygon file";
+
+/// At once, for somebody who looks at it.
+constexpr std::chrono::milliseconds AT_ONCE(UNDER_SANITIZER ? 3000 : 500);
 
 constexpr std::array CONTROLS{"ID_BTN_ADD",
                               "ID_BTN_CLEAR",
@@ -86,7 +90,7 @@ void SessionFixture::LearnLayout() {
 void SessionFixture::Launch(const std::map<std::string, std::string>& environment) {
     CProcess::SSettings settings;
     settings.m_Folder = m_Folder.Path();
-    settings.m_Output = m_Records.PathOf("output");
+    settings.m_Output = m_OutputFile;
     settings.m_Errors = m_Records.PathOf("errors");
     settings.m_Environment = environment;
     settings.m_Environment["LSAN_OPTIONS"] =
@@ -147,7 +151,7 @@ void SessionFixture::SetRun(int nPopulation, int nGenerations) {
 }
 
 std::string SessionFixture::Output() const {
-    return ReadFile(m_Records.PathOf("output"));
+    return ReadFile(m_OutputFile);
 }
 
 int SessionFixture::CountOutput(const std::string& text) const {
@@ -164,9 +168,31 @@ bool SessionFixture::AwaitOutput(const std::string& text, int nTimes,
     return Await([&] { return CountOutput(text) >= nTimes; }, patience);
 }
 
+float SessionFixture::LastNumberAfter(const std::string& text) const {
+    const std::string output = Output();
+    const size_t nText = output.rfind(text);
+    return nText == std::string::npos ? -1.0F : std::stof(output.substr(nText + text.size()));
+}
+
+bool SessionFixture::IsGaugeFull() const {
+    const wxRect& gauge = Place("ID_GAUGE");
+    const CScreenshot now;
+    const auto hasBarAt = [&](int nX) {
+        for (int nY = gauge.y; nY < gauge.GetBottom(); ++nY) {
+            const SColour colour = now.At({nX, nY});
+            if (colour.m_nBlue > colour.m_nRed + 60) {
+                return true;
+            }
+        }
+        return false;
+    };
+    return hasBarAt(gauge.x + 8) && hasBarAt(gauge.GetRight() - 7);
+}
+
 void SessionFixture::CloseWindow() {
     Require(AwaitFocus(TITLE), "the window does not get the keys");
     PressKeys({"alt+F4"});
+    EXPECT_TRUE(Await([] { return !IsWindowOpen(TITLE); }, AT_ONCE)) << "the window stays";
     EXPECT_EQ(m_pProgram->AwaitEnd(std::chrono::seconds(10)), 0) << ReadFile(m_Records.PathOf("errors"));
 }
 

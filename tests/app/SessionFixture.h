@@ -42,15 +42,22 @@ protected:
     [[nodiscard]] bool AwaitOutput(const std::string& text, int nTimes = 1,
                                    std::chrono::milliseconds patience = std::chrono::seconds(20)) const;
 
+    /// The last number that the program has printed after this text, or −1.
+    [[nodiscard]] float LastNumberAfter(const std::string& text) const;
+
+    /// Whether the gauge is full to its end, as it is once the last notice of a run has been handled.
+    [[nodiscard]] bool IsGaugeFull() const;
+
     /// Where a control is on the screen.
     [[nodiscard]] const wxRect& Place(const std::string& control) const { return m_Places.at(control); }
 
-    /// Closes the window as the user does and expects a clean end of the program.
+    /// Closes the window as the user does, and expects it gone at once and a clean end of the program.
     void CloseWindow();
 
     CWindowManager m_WindowManager;
     CTemporaryFolder m_Folder;  ///< the program's own
     CTemporaryFolder m_Records;
+    std::filesystem::path m_OutputFile = m_Records.PathOf("output");         ///< where the program prints to
     std::filesystem::path m_Command = std::filesystem::absolute("nestrix");  ///< what is started
     std::unique_ptr<CProcess> m_pProgram;
 

@@ -101,6 +101,17 @@ TEST(StandardOutput, ThatCannotBeWrittenFails) {
     EXPECT_THAT(result.m_Errors, HasSubstr("standard output could not be written"));
 }
 
+TEST(StandardOutput, ThatCannotBeWrittenCostsNoPicture) {
+    const CTemporaryFolder folder;
+    const std::string picture = folder.PathOf("packing.svg");
+    EXPECT_EQ(RunBatchProgram(SMALL_SEARCH + " --svg " + picture + " >/dev/full").m_nStatus, 1);
+    EXPECT_EQ(ReadFile(picture), ReadFile("golden/squares.svg"));
+}
+
+TEST(StandardError, ThatCannotBeWrittenKeepsTheStatus) {
+    EXPECT_EQ(RunBatchProgram("missing.pol 2>/dev/full").m_nStatus, 2);
+}
+
 TEST(StandardOutput, ThatCannotBeWrittenFailsWithoutAnyGeneration) {
     EXPECT_EQ(RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 0 >/dev/full").m_nStatus, 1);
 }

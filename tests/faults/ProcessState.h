@@ -3,15 +3,11 @@
 #include <cstddef>
 #include <ostream>
 
+#include "UnderSanitizer.h"
+
 namespace faults {
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-inline constexpr bool UNDER_SANITIZER = true;
-#elif defined(__has_feature)
-inline constexpr bool UNDER_SANITIZER = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
-#else
-inline constexpr bool UNDER_SANITIZER = false;
-#endif
+using support::UNDER_SANITIZER;
 
 /// Whether times mean what a user would see: the compiler optimised, and no sanitizer slows it down.
 #ifdef __OPTIMIZE__
