@@ -15,14 +15,6 @@ using support::SessionFixture;
 /// As little as there can be, far too much, and what is broken.
 class ExtremeSession : public SessionFixture {
 protected:
-    void ListSquares(int nCount, int nSide) {
-        for (int i = 0; i < nCount; ++i) {
-            AddSquare("square" + std::to_string(i) + ".pol", nSide);
-        }
-        Start();
-        ListWholeFolder();
-    }
-
     void Run(int nPopulation, int nGenerations) {
         SetRun(nPopulation, nGenerations);
         const int nRuns = CountOutput("Thread Exited\n");
@@ -70,7 +62,7 @@ TEST_F(ExtremeSession, TakesAListOfBadFilesOnly) {
 }
 
 TEST_F(ExtremeSession, PacksOnePolygonAndThenNone) {
-    ListSquares(1, 50);
+    StartWithSquares(1, 50);
     Run(5, 5);
     // It lies on the floor, so it saves nothing of its own height.
     EXPECT_EQ(ShowResult(), 0.0F);
@@ -84,7 +76,7 @@ TEST_F(ExtremeSession, PacksOnePolygonAndThenNone) {
 }
 
 TEST_F(ExtremeSession, BreedsAPopulationOfOneAndThenNoGeneration) {
-    ListSquares(2, 50);
+    StartWithSquares(2, 50);
     Run(1, 20);
     EXPECT_EQ(CountOutput("Generation 20 has been created with 1 many individuals\n"), 1);
     (void)ShowResult();
@@ -95,7 +87,7 @@ TEST_F(ExtremeSession, BreedsAPopulationOfOneAndThenNoGeneration) {
 }
 
 TEST_F(ExtremeSession, PacksAThousandPolygons) {
-    ListSquares(1000, 12);
+    StartWithSquares(1000, 12);
     Run(20, 3);
     EXPECT_EQ(CountOutput("Couldn't"), 0);
     // Some end side by side with the right wall, where sides in line hold them at the start: above twice the
@@ -106,7 +98,7 @@ TEST_F(ExtremeSession, PacksAThousandPolygons) {
 
 TEST_F(ExtremeSession, SearchesOnWithNoRoomForItsOutput) {
     m_OutputFile = "/dev/full";
-    ListSquares(3, 30);
+    StartWithSquares(3, 30);
     SetRun(10, 50);
     ClickOn("ID_BTN_RUN_GA");
     EXPECT_TRUE(Await([&] { return IsGaugeFull(); }));
@@ -120,7 +112,7 @@ TEST_F(ExtremeSession, SearchesOnWhenNobodyReadsItsOutputAnyLonger) {
     m_OutputFile = m_Records.PathOf("pipe");
     ASSERT_EQ(mkfifo(m_OutputFile.c_str(), 0600), 0);
     const int nReader = open(m_OutputFile.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    ListSquares(3, 30);
+    StartWithSquares(3, 30);
     SetRun(10, 1000000);
     ClickOn("ID_BTN_RUN_GA");
     char firstByte = '\0';

@@ -118,6 +118,14 @@ std::string SessionFixture::AddSquare(const std::string& name, int nSide) {
     return m_Folder.Write(name, PolygonFileText(MakeSquare(static_cast<float>(nSide))));
 }
 
+void SessionFixture::StartWithSquares(int nCount, int nSide) {
+    for (int i = 0; i < nCount; ++i) {
+        AddSquare("square" + std::to_string(i) + ".pol", nSide);
+    }
+    Start();
+    ListWholeFolder();
+}
+
 void SessionFixture::ListFile(const std::string& path) {
     ClickOn("ID_BTN_ADD");
     Require(AwaitWindow(DIALOG), "no file dialog");

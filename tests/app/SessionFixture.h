@@ -27,6 +27,9 @@ protected:
     /// Writes a square of this side into the program's folder and returns its path.
     std::string AddSquare(const std::string& name, int nSide);
 
+    /// Starts the program with as many squares of this side in its list.
+    void StartWithSquares(int nCount, int nSide);
+
     /// Puts a polygon file that anyone can see into the list, through the file dialog.
     void ListFile(const std::string& path);
 

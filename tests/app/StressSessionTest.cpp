@@ -21,14 +21,6 @@ int Factor() {
 /// More than a person would do, faster.
 class StressSession : public SessionFixture {
 protected:
-    void StartWithSquares(int nCount, int nSide) {
-        for (int i = 0; i < nCount; ++i) {
-            AddSquare("square" + std::to_string(i) + ".pol", nSide);
-        }
-        Start();
-        ListWholeFolder();
-    }
-
     void SleepUpTo(int nMilliseconds) {
         std::this_thread::sleep_for(
             std::chrono::milliseconds(m_Random() % static_cast<unsigned int>(nMilliseconds)));

@@ -181,7 +181,7 @@ struct SForgery {
     void (*m_pForge)(CPolygon& piece);
 };
 
-CLine& SlantedFrontEdge(CPolygon& piece) {
+CLine& WideFrontEdge(CPolygon& piece) {
     return *std::ranges::find_if(piece.m_FrontLines,
                                  [](const CLine& line) { return line.m_Direction.x != 0.0F; });
 }
@@ -200,7 +200,7 @@ constexpr std::array FORGERIES = {
              [](CPolygon& piece) { piece.m_FrontPoints[0].m_Position.y = -HUGE_COORDINATE; }},
     SForgery{"AHugeBackPoint", [](CPolygon& piece) { piece.m_BackPoints[0].m_Position.y = HUGE_COORDINATE; }},
     SForgery{"AHugeFrontDirection",
-             [](CPolygon& piece) { SlantedFrontEdge(piece).m_Direction.y = HUGE_COORDINATE; }},
+             [](CPolygon& piece) { WideFrontEdge(piece).m_Direction.y = HUGE_COORDINATE; }},
     SForgery{"AHugeBackDirection",
              [](CPolygon& piece) { piece.m_BackLines[0].m_Direction.y = HUGE_COORDINATE; }},
     SForgery{"ADirectionShorterThanItsEdge",
@@ -208,18 +208,18 @@ constexpr std::array FORGERIES = {
                  piece.m_BackLines[0].m_Direction = {-1.0F, 1.0F, 0.0F};
              }},
     SForgery{"AFrontEdgeThatSaysItRunsLeft",
-             [](CPolygon& piece) { SlantedFrontEdge(piece).m_Direction.x = -10.0F; }},
+             [](CPolygon& piece) { WideFrontEdge(piece).m_Direction.x = -10.0F; }},
     SForgery{"ABackEdgeThatSaysItRunsRight",
              [](CPolygon& piece) { piece.m_BackLines[0].m_Direction.x = 10.0F; }},
     SForgery{"AFrontEdgeThatRunsLeft",
              [](CPolygon& piece) {
-                 CLine& edge = SlantedFrontEdge(piece);
+                 CLine& edge = WideFrontEdge(piece);
                  std::swap(edge.m_nStart, edge.m_nEnd);
              }},
     SForgery{"ABackEdgeThatRunsRight",
              [](CPolygon& piece) { std::swap(piece.m_BackLines[0].m_nStart, piece.m_BackLines[0].m_nEnd); }},
     SForgery{"AWideEdgeThatSaysItIsVertical",
-             [](CPolygon& piece) { SlantedFrontEdge(piece).m_Direction.x = 0.0F; }},
+             [](CPolygon& piece) { WideFrontEdge(piece).m_Direction.x = 0.0F; }},
 };
 
 class ShortCutWith : public testing::TestWithParam<SForgery> {};
