@@ -27,12 +27,22 @@ void LoadPolygon(benchmark::State& state,
     }
 }
 
+support::Outline MakeSlant(support::CSeededRandom& /*random*/, int nVertices, float fWidth, float fHeight) {
+    return support::SlantOutline(nVertices, fWidth, fHeight);
+}
+
 BENCHMARK_CAPTURE(LoadPolygon, convex, support::ConvexOutline)
     ->Arg(1'000)
     ->Arg(100'000)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(LoadPolygon, lobed, support::LobedOutline)
     ->Arg(1'000)
+    ->Arg(100'000)
+    ->Unit(benchmark::kMillisecond);
+
+BENCHMARK_CAPTURE(LoadPolygon, slant, MakeSlant)
+    ->Arg(1'000)
+    ->Arg(20'000)
     ->Arg(100'000)
     ->Unit(benchmark::kMillisecond);
 

@@ -2,6 +2,10 @@
 
 #include "Vector.h"
 
+/// The height at x of the line through `start` along `direction`, which is not vertical: computed in double,
+/// and the same bit for bit as in the tests below.
+[[nodiscard]] double HeightOnLine(float x, const mgVector3& start, const mgVector3& direction);
+
 /// Does `point`, moved straight down, meet the segment from `start` to `end`?
 ///
 /// The span test is inclusive at both ends, a point on the segment hits it, and no comparison has a

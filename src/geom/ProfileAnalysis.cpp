@@ -1,63 +1,53 @@
-#include "EdgeIndex.h"
-#include "HitTest.h"
+#include "COutlineSide.h"
+#include "HiddenVertices.h"
 #include "Polygon.h"
 
 namespace {
 
-using THitTest = bool (*)(const mgVector3&, const mgVector3&, const mgVector3&, const mgVector3&, float*);
-
-/// Does the edge, unless it is adjacent to the vertex, lie where the hit test looks?
-bool IsHiddenBy(const CPolygon& polygon, const CPoint& vertex, int nEdge, THitTest hits) {
-    if (nEdge == vertex.m_nPrevLine || nEdge == vertex.m_nNextLine) {
-        return false;
-    }
-    const CLine& edge = polygon.m_Lines[static_cast<size_t>(nEdge)];
-    return hits(vertex.m_Position, polygon.PositionOf(edge.m_nStart), polygon.PositionOf(edge.m_nEnd),
-                edge.m_Direction, nullptr);
-}
-
-bool IsHiddenByAny(const CPolygon& polygon, int nPoint, THitTest hits) {
-    const CPoint& vertex = polygon.m_Points[static_cast<size_t>(nPoint)];
-    for (int nEdge = 0; nEdge < static_cast<int>(polygon.m_Lines.size()); ++nEdge) {
-        if (IsHiddenBy(polygon, vertex, nEdge, hits)) {
+bool IsHiddenByAny(const CPolygon& polygon, int nPoint, ESide side) {
+    const COutlineSide outline(polygon, side);
+    for (int nEdge = 0; nEdge < outline.CountEdges(); ++nEdge) {
+        if (outline.Hides(nEdge, outline.Vertex(nPoint))) {
             return true;
         }
     }
     return false;
 }
 
-/// The filters ask whether vertices are hidden for every profile vertex and both ends of every profile edge;
-/// the index answers without a scan of the whole outline.
+/// What the filters ask, answered for the whole outline at once.
 class CVisibility {
 public:
-    enum class ESide { Below, Above };
+    explicit CVisibility(const CPolygon& polygon)
+        : m_Polygon(polygon),
+          m_FromBelow(FindHiddenVertices(polygon, ESide::Below)),
+          m_FromAbove(FindHiddenVertices(polygon, ESide::Above)) {}
 
-    /// Hidden means hidden by edges on this side.
-    CVisibility(const CPolygon& polygon, const CEdgeIndex& index, ESide side)
-        : m_pPolygon(&polygon), m_pIndex(&index), m_Side(side) {}
-
-    [[nodiscard]] bool IsHidden(const CPoint& vertex) const {
-        const THitTest hits = m_Side == ESide::Below ? DoesPointHitDownward : DoesPointHitUpward;
-        const auto hides = [&](int nEdge) { return IsHiddenBy(*m_pPolygon, vertex, nEdge, hits); };
-        return m_Side == ESide::Below ? m_pIndex->AnyBelow(vertex.m_Position, hides)
-                                      : m_pIndex->AnyAbove(vertex.m_Position, hides);
+    void FilterPoints(CPolygon& polygon) const {
+        std::erase_if(polygon.m_FrontPoints, [this](const CPoint& p) { return IsHidden(m_FromBelow, p); });
+        std::erase_if(polygon.m_BackPoints, [this](const CPoint& p) { return IsHidden(m_FromAbove, p); });
     }
 
-    [[nodiscard]] bool IsHidden(const CLine& edge) const {
-        return IsHidden(m_pPolygon->m_Points[static_cast<size_t>(edge.m_nStart)]) &&
-               IsHidden(m_pPolygon->m_Points[static_cast<size_t>(edge.m_nEnd)]);
+    void FilterLines(CPolygon& polygon) const {
+        std::erase_if(polygon.m_FrontLines, [this](const CLine& e) { return IsHidden(m_FromBelow, e); });
+        std::erase_if(polygon.m_BackLines, [this](const CLine& e) { return IsHidden(m_FromAbove, e); });
     }
 
 private:
-    const CPolygon* m_pPolygon;
-    const CEdgeIndex* m_pIndex;
-    ESide m_Side;
-};
+    /// A copy of a vertex is known by the edge that starts there.
+    [[nodiscard]] bool IsHidden(const std::vector<bool>& hidden, const CPoint& vertex) const {
+        return hidden[At(m_Polygon.m_Lines[At(vertex.m_nNextLine)].m_nStart)];
+    }
 
-template <class TEntry>
-void DropHidden(std::vector<TEntry>& profile, const CVisibility& visibility) {
-    std::erase_if(profile, [&visibility](const TEntry& entry) { return visibility.IsHidden(entry); });
-}
+    [[nodiscard]] static bool IsHidden(const std::vector<bool>& hidden, const CLine& edge) {
+        return hidden[At(edge.m_nStart)] && hidden[At(edge.m_nEnd)];
+    }
+
+    [[nodiscard]] static size_t At(int nIndex) { return static_cast<size_t>(nIndex); }
+
+    const CPolygon& m_Polygon;
+    std::vector<bool> m_FromBelow;
+    std::vector<bool> m_FromAbove;
+};
 
 }  // namespace
 
@@ -65,8 +55,9 @@ void CPolygon::Process() {
     BuildConnectivity();
     ProcessFrontAndBackLines();
     ProcessFrontAndBackPoints();
-    FilterFrontAndBackPoints();
-    FilterFrontAndBackLines();
+    const CVisibility visibility(*this);  // for both filters
+    visibility.FilterPoints(*this);
+    visibility.FilterLines(*this);
 }
 
 void CPolygon::BuildConnectivity() {
@@ -116,21 +107,17 @@ void CPolygon::ProcessFrontAndBackPoints() {
 }
 
 void CPolygon::FilterFrontAndBackPoints() {
-    const CEdgeIndex index(*this);
-    DropHidden(m_FrontPoints, CVisibility(*this, index, CVisibility::ESide::Below));
-    DropHidden(m_BackPoints, CVisibility(*this, index, CVisibility::ESide::Above));
+    CVisibility(*this).FilterPoints(*this);
 }
 
 void CPolygon::FilterFrontAndBackLines() {
-    const CEdgeIndex index(*this);
-    DropHidden(m_FrontLines, CVisibility(*this, index, CVisibility::ESide::Below));
-    DropHidden(m_BackLines, CVisibility(*this, index, CVisibility::ESide::Above));
+    CVisibility(*this).FilterLines(*this);
 }
 
 bool CPolygon::DoesPointHitAnyLineDownward(int pointIndex) const {
-    return IsHiddenByAny(*this, pointIndex, DoesPointHitDownward);
+    return IsHiddenByAny(*this, pointIndex, ESide::Below);
 }
 
 bool CPolygon::DoesPointHitAnyLineUpward(int pointIndex) const {
-    return IsHiddenByAny(*this, pointIndex, DoesPointHitUpward);
+    return IsHiddenByAny(*this, pointIndex, ESide::Above);
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 #include "Agreement.h"
@@ -59,10 +60,71 @@ TEST(RandomOutlines, HaveTheProfilesOfThePlainReference) {
 
 TEST(LargeOutlines, HaveTheProfilesOfThePlainReference) {
     CSeededRandom random(3);
-    for (const int nVertices : {255, 256, 257, 1000}) {
+    for (const int nVertices : {33, 64, 255, 256, 257, 1000}) {
         EXPECT_EQ(reference::FindProfileDifference(StarOutline(random, nVertices, 50, 50)), "");
         EXPECT_EQ(reference::FindProfileDifference(CombOutline(random, nVertices, 50, 50)), "");
         EXPECT_EQ(reference::FindProfileDifference(ScribbleOutline(random, nVertices)), "");
+        EXPECT_EQ(reference::FindProfileDifference(SlantOutline(nVertices, 50, 50)), "");
+        EXPECT_EQ(reference::FindProfileDifference(TouchingOutline(random, nVertices)), "");
+    }
+}
+
+/// Upright sides in few places, with unreal numbers among them.
+Outline UprightOutline(CSeededRandom& random, int nVertices) {
+    Outline outline(static_cast<size_t>(nVertices));
+    for (mgVector3& vertex : outline) {
+        const auto x = static_cast<float>(random.Range(-1, 1));
+        vertex = {random.Percent(3) ? std::nanf("") : x,
+                  random.Percent(10) ? std::nanf("") : random.Between(-9, 9), 0.0F};
+    }
+    return outline;
+}
+
+/// Enough vertices for more than a look at each edge, of every kind that random numbers can make.
+TEST(RandomOutlinesOfDozensOfVertices, HaveTheProfilesOfThePlainReference) {
+    CSeededRandom random(6);
+    const int nCases = RandomCases(3000);
+    for (int i = 0; i < nCases; ++i) {
+        const int nVertices = random.Range(30, 130);
+        Outline outline(static_cast<size_t>(nVertices));
+        for (mgVector3& vertex : outline) {
+            vertex = Position(random);
+        }
+        ASSERT_EQ(reference::FindProfileDifference(outline), "") << "case " << i;
+        ASSERT_EQ(reference::FindProfileDifference(UprightOutline(random, nVertices)), "") << "case " << i;
+        ASSERT_EQ(reference::FindProfileDifference(ScribbleOutline(random, nVertices)), "") << "case " << i;
+        ASSERT_EQ(reference::FindProfileDifference(LobedOutline(random, nVertices, 50, 50)), "")
+            << "case " << i;
+    }
+}
+
+TEST(OutlinesWhoseEdgesDifferInTheLastBit, HaveTheProfilesOfThePlainReference) {
+    CSeededRandom random(7);
+    const int nCases = RandomCases(2000);
+    for (int i = 0; i < nCases; ++i) {
+        Outline outline = TouchingOutline(random, random.Range(34, 200));
+        ASSERT_EQ(reference::FindProfileDifference(outline), "") << "case " << i;
+        for (mgVector3& vertex : outline) {
+            vertex.y = -vertex.y;
+        }
+        ASSERT_EQ(reference::FindProfileDifference(outline), "") << "case " << i << " upside down";
+    }
+}
+
+/// Heights computed for a huge edge are wrong by more than the small ones' whole size.
+TEST(OutlinesOfManyMagnitudes, HaveTheProfilesOfThePlainReference) {
+    CSeededRandom random(8);
+    const int nCases = RandomCases(2000);
+    const auto number = [&] {
+        return random.Between(-1, 1) * random.Pick({1e-38F, 1e-3F, 1.0F, 1e3F, 1e15F, 3.4e38F});
+    };
+    for (int i = 0; i < nCases; ++i) {
+        Outline outline(static_cast<size_t>(random.Range(34, 120)));
+        for (mgVector3& vertex : outline) {
+            const float x = number();
+            vertex = {x, number(), 0.0F};
+        }
+        ASSERT_EQ(reference::FindProfileDifference(outline), "") << "case " << i;
     }
 }
 

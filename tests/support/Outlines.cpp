@@ -169,6 +169,41 @@ Outline ScribbleOutline(CSeededRandom& random, int nVertices) {
     return outline;
 }
 
+Outline SlantOutline(int nVertices, float fWidth, float fHeight) {
+    const int nChain = nVertices / 2;
+    Outline outline;
+    for (int i = 0; i < nChain; ++i) {
+        const float t = static_cast<float>(i) / static_cast<float>(std::max(nChain - 1, 1));
+        outline.push_back({fWidth * t * t, fHeight * (1.0F - t) * (1.0F - t), 0.0F});
+    }
+    for (int i = 1; i <= nVertices - nChain; ++i) {
+        const float fRise = fHeight * static_cast<float>(i) / static_cast<float>(nVertices);
+        outline.push_back(i % 2 == 0 ? mgVector3{fWidth, fRise, 0} : mgVector3{0, fHeight + fRise, 0});
+    }
+    return outline;
+}
+
+Outline TouchingOutline(CSeededRandom& random, int nVertices) {
+    constexpr int STEPS = 1000;
+    const auto fRun = static_cast<float>(random.Range(1, 40));
+    const auto fRise = static_cast<float>(random.Range(-40, 40));
+    const auto onLine = [&](int nStep) {
+        return mgVector3{fRun * static_cast<float>(nStep), fRise * static_cast<float>(nStep), 0.0F};
+    };
+    const auto farAbove = [&] {
+        return onLine(random.Range(0, STEPS)) + mgVector3{0, 1e6F + random.Between(0, 1e5F), 0};
+    };
+    Outline outline;
+    while (static_cast<int>(outline.size()) < nVertices) {
+        outline.push_back(onLine(random.Range(0, STEPS)));
+        if (random.Percent(15)) {
+            outline.push_back(onLine(random.Range(0, STEPS)));
+        }
+        outline.push_back(farAbove());
+    }
+    return outline;
+}
+
 Outline DegenerateOutline(CSeededRandom& random) {
     const float fLength = random.Quarter(1, 40);
     const float fRise = random.Pick({0.0F, fLength, -fLength * 0.5F, random.Between(-30.0F, 30.0F)});

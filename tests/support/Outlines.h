@@ -34,6 +34,14 @@ using Outline = std::vector<mgVector3>;
 /// Random points joined in random order, so the outline crosses itself.
 [[nodiscard]] Outline ScribbleOutline(CSeededRandom& random, int nVertices);
 
+/// The lower half a convex chain that hugs the lower left corner, the upper half a zigzag of diagonals right
+/// across, each over the whole chain: no bounds of an edge tell that it hides nothing.
+[[nodiscard]] Outline SlantOutline(int nVertices, float fWidth, float fHeight);
+
+/// Long edges along one line, each computed with rounding errors of its own, and tips that touch the line
+/// from above in between: whether an edge hides a tip is decided by the last bit.
+[[nodiscard]] Outline TouchingOutline(CSeededRandom& random, int nVertices);
+
 /// No area, too few vertices, vertices on one line, or repeated ones.
 [[nodiscard]] Outline DegenerateOutline(CSeededRandom& random);
 
