@@ -99,7 +99,7 @@ void CheckSoundness(const CPolygon& polygon, CMemoryFile& file) {
     Require(low.x <= high.x && low.y <= high.y, "a sound file's box is the right way round");
     const std::string text = support::PolygonFileText(polygon);
     file.Write(text.data(), text.size());
-    Require(FindPolygonFileFault(file.Path()).empty(), "a sound polygon's own file is sound");
+    Require(ReadPolygonFile(file.Path()).m_Fault.empty(), "a sound polygon's own file is sound");
     Require(Read(file) == polygon, "a sound polygon reads back from its own file");
 }
 
@@ -116,7 +116,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t nBytes) {
     }
     const CPolygon copy = polygon;
     Require(copy == polygon || !IsFinite(polygon), "a copy equals its source");
-    if (FindPolygonFileFault(s_File.Path()).empty()) {
+    if (ReadPolygonFile(s_File.Path()).m_Fault.empty()) {
         CheckSoundness(polygon, s_File);
     }
     return 0;

@@ -36,7 +36,7 @@ void NoteFault(SPolygonPaths& found, const std::string& path, const std::string&
 }
 
 void CheckFile(SPolygonPaths& found, const std::string& file) {
-    NoteFault(found, file, FindPolygonFileFault(file.c_str()));
+    NoteFault(found, file, ReadPolygonFile(file.c_str()).m_Fault);
     found.m_Files.push_back(file);
 }
 

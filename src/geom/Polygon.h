@@ -44,7 +44,10 @@ public:
     ///
     /// The file is text: a count n, n pairs "x,y", then a semicolon and the bounding box, upper-right corner
     /// first, lower-left corner second. Numbers have a decimal point under every locale. The content is not
-    /// validated: a failed conversion leaves 0 in its value, and the rest of the file is misread.
+    /// validated. Vertices are read up to the first one that is not a pair; what is missing of it, and all
+    /// vertices after it, are 0, and the box is read from where the vertex failed. A missing or malformed
+    /// number of the box is 0. A count that is malformed, or no int, gives no vertices; one that the text is
+    /// too short for, at four characters a vertex, gives those only that are there.
     ///
     /// @return false when the file cannot be opened or is not a regular file; this is said on standard
     ///         output, and the polygon is unchanged.

@@ -138,7 +138,7 @@ TEST(Samples, AreSixSetsAndTheLargeOneHoldsAHundredPieces) {
 
 TEST(Samples, AreSoundFiles) {
     for (const SSample& sample : LoadSamples(SAMPLES)) {
-        EXPECT_EQ(FindPolygonFileFault((SAMPLES / sample.m_Name).c_str()), "") << sample.m_Name;
+        EXPECT_EQ(ReadPolygonFile((SAMPLES / sample.m_Name).c_str()).m_Fault, "") << sample.m_Name;
     }
 }
 

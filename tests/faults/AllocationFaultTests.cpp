@@ -107,10 +107,10 @@ TEST_P(AllocationFault, WhileJudgingAFileLeavesNothingOpenAndNothingLeaked) {
     const std::string broken = m_Folder.Write("broken.pol", "4 1,2 3,4 5;6");
     for (const std::string& path :
          {m_Path, broken, m_Folder.PathOf("missing.pol"), std::string("/dev/zero")}) {
-        const std::string fault = FindPolygonFileFault(path.c_str());
-        Sweep([&path] { (void)FindPolygonFileFault(path.c_str()); },
+        const std::string fault = ReadPolygonFile(path.c_str()).m_Fault;
+        Sweep([&path] { (void)ReadPolygonFile(path.c_str()).m_Fault; },
               [](bool bThrown) { EXPECT_TRUE(bThrown); });
-        EXPECT_EQ(FindPolygonFileFault(path.c_str()), fault);
+        EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Fault, fault);
     }
 }
 

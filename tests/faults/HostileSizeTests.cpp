@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <cmath>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
@@ -44,12 +45,24 @@ Outline ZigzagOutline(int nVertices) {
     return outline;
 }
 
+/// Every third vertex is nowhere.
+Outline NoNumbersOutline(int nVertices) {
+    Outline outline = ZigzagOutline(nVertices);
+    for (size_t i = 0; i < outline.size(); i += 3) {
+        outline[i] = {std::nanf(""), std::nanf(""), 0.0F};
+    }
+    return outline;
+}
+
 const std::vector<SLargeOutline> LARGE_OUTLINES = {
     {"Convex", [](CSeededRandom& random, int n) { return ConvexOutline(random, n, 300, 300); }},
     {"Concave", [](CSeededRandom& random, int n) { return StarOutline(random, n, 300, 300); }},
     {"Comb", [](CSeededRandom& random, int n) { return CombOutline(random, n, 300, 300); }},
     {"SelfCrossing", [](CSeededRandom& random, int n) { return ScribbleOutline(random, n); }},
     {"Zigzag", [](CSeededRandom&, int n) { return ZigzagOutline(n); }},
+    {"Slant", [](CSeededRandom&, int n) { return SlantOutline(n, 300, 300); }},
+    {"Touching", [](CSeededRandom& random, int n) { return TouchingOutline(random, n); }},
+    {"NoNumbers", [](CSeededRandom&, int n) { return NoNumbersOutline(n); }},
     {"OnePlace", [](CSeededRandom&, int n) { return Outline(static_cast<size_t>(n)); }},
 };
 
@@ -87,7 +100,7 @@ private:
     rlimit m_Previous = {};
 };
 
-class FileOfTwoHundredMegabytes : public testing::Test {
+class LargeFile : public testing::Test {
 protected:
     void SetUp() override {
         if (faults::UNDER_SANITIZER) {
@@ -96,9 +109,10 @@ protected:
     }
 
     /// The text and, behind it, zero bytes up to the full size; they take no room on the disk.
-    [[nodiscard]] std::string WriteSparse(std::string_view text) const {
+    [[nodiscard]] std::string WriteSparse(std::string_view text,
+                                          size_t nBytes = TWO_HUNDRED_MEGABYTES) const {
         std::string path = m_Folder.Write("sparse.pol", text);
-        std::filesystem::resize_file(path, TWO_HUNDRED_MEGABYTES);
+        std::filesystem::resize_file(path, nBytes);
         return path;
     }
 
@@ -121,31 +135,41 @@ protected:
     const CMemoryLimit m_Limit{4'000'000'000};
 };
 
-TEST_F(FileOfTwoHundredMegabytes, IsReadWholeIfItIsSound) {
+TEST_F(LargeFile, OfTwoHundredMegabytesIsReadWholeIfItIsSound) {
     constexpr int VERTICES = 12'500'000;  // 16 bytes each
     const std::string path = WriteStrip(VERTICES);
     ASSERT_GE(std::filesystem::file_size(path), TWO_HUNDRED_MEGABYTES);
     CPolygon polygon;
     ASSERT_TRUE(polygon.ReadPolygon(path.c_str()));
     EXPECT_EQ(polygon.m_Points.size(), static_cast<size_t>(VERTICES));
-    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "");
+    EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Fault, "");
 }
 
-TEST_F(FileOfTwoHundredMegabytes, WithoutACountHasNoVertices) {
+TEST_F(LargeFile, WithoutACountHasNoVertices) {
     const std::string path = WriteSparse("");
     CPolygon polygon;
     ASSERT_TRUE(polygon.ReadPolygon(path.c_str()));
     EXPECT_TRUE(polygon.m_Points.empty());
-    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "it does not begin with the number of vertices");
+    EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Fault, "it does not begin with the number of vertices");
 }
 
 /// A count that so large a file could almost hold, if it held any vertices.
-TEST_F(FileOfTwoHundredMegabytes, OfEmptyPromisesTakesLittleMemory) {
+TEST_F(LargeFile, OfEmptyPromisesTakesLittleMemory) {
     const std::string path = WriteSparse("190000000 1,2 3,4 5,6 ");
     CPolygon polygon;
     ASSERT_NO_THROW(ASSERT_TRUE(polygon.ReadPolygon(path.c_str())));
     EXPECT_EQ(polygon.PositionOf(2), (mgVector3{5, 6, 0}));
-    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "vertex 4 of 190000000 is not a pair \"x,y\"");
+    EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Fault, "vertex 4 of 190000000 is not a pair \"x,y\"");
+}
+
+/// A count that its nine gigabytes could hold.
+TEST_F(LargeFile, WithoutMuchTextIsReadAtOnce) {
+    const std::string path = WriteSparse("2000000000 1,2 3,4 5,6 ", 9'000'000'000);
+    CPolygon polygon;
+    const std::clock_t nBefore = std::clock();
+    ASSERT_NO_THROW(ASSERT_TRUE(polygon.ReadPolygon(path.c_str())));
+    EXPECT_LT(static_cast<double>(std::clock() - nBefore) / CLOCKS_PER_SEC, 0.5);
+    EXPECT_EQ(polygon.m_Points.size(), 3U);
 }
 
 }  // namespace

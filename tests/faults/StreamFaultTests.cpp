@@ -48,14 +48,14 @@ TEST_F(FileThatCannotBeStreamed, IsRefusedAndClosed) {
 
 TEST_F(FileThatCannotBeStreamed, HasTheFaultOfTheSystem) {
     const CNoStream noStream;
-    EXPECT_EQ(FindPolygonFileFault(m_Path.c_str()), "Cannot allocate memory");
+    EXPECT_EQ(ReadPolygonFile(m_Path.c_str()).m_Fault, "Cannot allocate memory");
 }
 
 TEST_F(FileThatCannotBeStreamed, IsClosedWhenThereIsNoMemoryToSaySo) {
     {
         const CNoStream noStream;
         const faults::CAllocationFault fault(1, faults::EExhaustion::Lasting);
-        EXPECT_THROW((void)FindPolygonFileFault(m_Path.c_str()), std::bad_alloc);
+        EXPECT_THROW((void)ReadPolygonFile(m_Path.c_str()).m_Fault, std::bad_alloc);
     }
     EXPECT_EQ(faults::CurrentState(), m_Before);
 }

@@ -118,9 +118,14 @@ TEST_F(Placement, BesideAPieceAtItsEdgeIsDecidedByTheProfiles) {
     Use({MakeSquare(10), MakeSquare(10)});
     Place({{0, 0, 10}, {1, 1, 0}});
     EXPECT_THAT(Rests(), ElementsAre(0.0F, 40.0F));
-    // A wedge touches the same x with its tip alone, below the square's top: nothing stops it.
-    m_Container.m_Polygons[1] = MakePolygon({{0, 5, 0}, {10, 0, 0}, {10, 0.5F, 0}});
-    Place({{0, 0, 10.0F}, {1, 1, -0.25F}});
+    // A wedge has only its tip there: it comes to rest on the first one's corner.
+    const support::Outline wedge = {{0, 0, 0}, {10, 2.5F, 0}, {0, 5, 0}};
+    m_Container.m_Polygons[1] = MakePolygon(wedge);
+    Place({{0, 0, 10}, {1, 1, 0}});
+    EXPECT_THAT(Rests(), ElementsAre(0.0F, 7.5F));
+    // Where only the boxes touch, nothing stops it.
+    m_Container.m_Polygons[1] = MakePolygon(wedge, {0, 0, 0}, {11, 5, 0});
+    Place({{0, 0, 11}, {1, 1, 0}});
     EXPECT_THAT(Rests(), ElementsAre(0.0F, 0.0F));
 }
 

@@ -11,6 +11,7 @@
 #include "COrdinaryUser.h"
 #include "CStdoutCapture.h"
 #include "CTemporaryFolder.h"
+#include "Pieces.h"
 #include "PolygonMaking.h"
 
 // Files that no honest program writes: each is named for its fault and has one outcome.
@@ -32,6 +33,7 @@ void PrintTo(const SFaultyFile& file, std::ostream* pStream) {
 
 constexpr const char* FEW = "it has fewer than three vertices";
 constexpr const char* NO_COUNT = "it does not begin with the number of vertices";
+constexpr const char* TOO_MANY = "the number of vertices is too large";
 constexpr const char* NO_BOX = "no semicolon with the two corners of the bounding box follows the vertices";
 constexpr const char* ENDLESS_BOX = "the bounding box is not finite";
 
@@ -50,6 +52,9 @@ const std::vector<SFaultyFile> FAULTY_FILES = {
      0, NO_COUNT},
     {"CountOfTwoToThe31InTenBytes", "2147483647", 0, NotAPair(1, "2147483647")},
     {"CountOfTwoToThe31WithThreeVertices", "2147483647 1,2 3,4 5,6 ;5,6 1,2", 3, NotAPair(4, "2147483647")},
+    {"CountOfAnotherOneAndTwoToThe32", "4294967299 1,2 3,4 5,6 ;5,6 1,2", 0, TOO_MANY},
+    {"CountOfTwoToThe31", "2147483648 1,2 3,4 5,6 ;5,6 1,2", 0, TOO_MANY},
+    {"CountBeyondAnyInteger", "99999999999999999999999 1,2 3,4 5,6 ;5,6 1,2", 0, TOO_MANY},
     {"CountOneAboveTheFilesBytes", "12 1,2 3,4", 2, NotAPair(3, "12")},
     {"CountLargerThanThePairs", "4 1,2 3,4 5,6 ;5,6 1,2", 4, NotAPair(4, "4")},
     {"CountBelowTheIntegers", "-99999999999 ;5,6 1,2", 0, FEW},
@@ -94,12 +99,84 @@ TEST_P(FaultyFile, IsReadAsFarAsItGoesAndAnalysed) {
 
 TEST_P(FaultyFile, IsRefusedWithAReasonOrFoundSound) {
     const CTemporaryFolder folder;
-    EXPECT_EQ(FindPolygonFileFault(folder.Write("faulty.pol", GetParam().m_Content).c_str()),
+    EXPECT_EQ(ReadPolygonFile(folder.Write("faulty.pol", GetParam().m_Content).c_str()).m_Fault,
               GetParam().m_Complaint);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, FaultyFile, testing::ValuesIn(FAULTY_FILES),
                          [](const auto& test) { return test.param.m_Name; });
+
+TEST(VertexThatIsNoPair, EndsTheVerticesEvenIfTheRestCouldBeRead) {
+    const CTemporaryFolder folder;
+    CPolygon polygon;
+    ASSERT_TRUE(polygon.ReadPolygon(folder.Write("n.pol", "4 1,2 3,- 5,6 7,8 ;9,9 0,0").c_str()));
+    ASSERT_EQ(polygon.m_Points.size(), 4U);
+    EXPECT_EQ(polygon.PositionOf(0), (mgVector3{1, 2, 0}));
+    EXPECT_EQ(polygon.PositionOf(1), (mgVector3{3, 0, 0}));
+    EXPECT_EQ(polygon.PositionOf(2), mgVector3());
+    EXPECT_EQ(polygon.PositionOf(3), mgVector3());
+    EXPECT_EQ(polygon.m_BoundingBoxMax, mgVector3());
+}
+
+TEST(CountBeyondTheVertices, IsBelievedAsFarAsTheTextIsLongEnough) {
+    const CTemporaryFolder folder;
+    const auto countOf = [&folder](const std::string& text) {
+        CPolygon polygon;
+        EXPECT_TRUE(polygon.ReadPolygon(folder.Write("n.pol", text).c_str()));
+        EXPECT_EQ(polygon.m_BoundingBoxMax, (mgVector3{5, 6, 0})) << "the box was lost";
+        return polygon.m_Points.size();
+    };
+    const std::string pairs = " 1,2 3,4 5,6 ;5,6 1,2 ";  // with the count, 23 bytes
+    EXPECT_EQ(countOf("5" + pairs), 5U);
+    EXPECT_EQ(countOf("6" + pairs), 3U);
+    EXPECT_EQ(countOf("6" + pairs + " "), 6U);
+    EXPECT_EQ(countOf("6" + pairs + std::string(9, '\0')), 3U) << "a zero byte is no text";
+    const std::string comment(100'000, '-');
+    EXPECT_EQ(countOf("20000" + pairs + comment), 20'000U);
+    EXPECT_EQ(countOf("20000" + pairs + std::string(1, '\0') + comment), 3U);
+}
+
+/// What is said of a text, and of which line.
+std::string FaultOf(const std::string& text) {
+    const CTemporaryFolder folder;
+    const SPolygonFile file = ReadPolygonFile(folder.Write("n.pol", text).c_str());
+    return std::to_string(file.m_nFaultLine) + ": " + file.m_Fault;
+}
+
+TEST(Fault, IsFoundInItsLine) {
+    EXPECT_EQ(FaultOf("\n\nfour\n"), std::string("3: ") + NO_COUNT);
+    EXPECT_EQ(FaultOf("\n2\n1,2\n3,4\n;3,4\n1,2"), std::string("2: ") + FEW);
+    EXPECT_EQ(FaultOf("3\n1,2\n\n3;4\n5,6\n;5,6\n1,2"), "4: " + NotAPair(2, "3"));
+    EXPECT_EQ(FaultOf("3 1,2\n3,4\nx,6\n;5,6\n1,2"), "3: " + NotAPair(3, "3"));
+    EXPECT_EQ(FaultOf("4\n1,2\n3,4\n5,6\n;5,6\n1,2"), "5: " + NotAPair(4, "4"));
+    EXPECT_EQ(FaultOf("3\n1,2\n3,inf\n\n5,6\n;5,6\n1,2"), "3: vertex 2 is not finite");
+    EXPECT_EQ(FaultOf("3\n1,2\n3,4\n5,6\n7,8\n;5,6\n1,2"), std::string("5: ") + NO_BOX);
+    EXPECT_EQ(FaultOf("3\n1,2\n3,4\n5,6\n\n;5,6\n1,nan"), std::string("6: ") + ENDLESS_BOX);
+}
+
+TEST(SoundFile, SaysInWhichLinesItsPartsAre) {
+    const CTemporaryFolder folder;
+    const auto linesOf = [&folder](const std::string& text) {
+        const SPolygonFile file = ReadPolygonFile(folder.Write("n.pol", text).c_str());
+        EXPECT_EQ(file.m_Fault, "");
+        EXPECT_EQ(file.m_nFaultLine, 0);
+        return std::vector<int>{file.m_nOutlineLine, file.m_nBoxLine, file.m_nRestLine};
+    };
+    EXPECT_EQ(linesOf("3\n1,2\n3,4\n5,6\n;5,6\n1,2\n"), (std::vector<int>{2, 5, 0}));
+    EXPECT_EQ(linesOf("3 1,2 3,4 5,6 ;5,6 1,2"), (std::vector<int>{1, 1, 0}));
+    EXPECT_EQ(linesOf("\n3\n\n1,2 3,4\n5,6\n\n;5,6\n1,2\n\n \n3\n"), (std::vector<int>{4, 7, 11}));
+    EXPECT_EQ(linesOf("3 1,2 3,4 5,6 ;5,6 1,2x"), (std::vector<int>{1, 1, 1}));
+}
+
+TEST(SoundFile, IsTheSameForThoseWhoWouldRefuseAnUnsoundOne) {
+    const CTemporaryFolder folder;
+    support::CSeededRandom random(19);
+    const CPolygon star = support::MakePiece(random, support::EPiece::Star);
+    const std::string path = folder.Write("star.pol", support::PolygonFileText(star));
+    std::string printed =
+        support::PrintedBy([&] { EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Polygon, star); });
+    EXPECT_EQ(printed, "");
+}
 
 TEST(UnsoundNumber, IsTakenAsItStands) {
     const CTemporaryFolder folder;
@@ -126,14 +203,14 @@ TEST(MissingFile, IsNamed) {
     const CTemporaryFolder folder;
     const std::string path = folder.PathOf("missing.pol");
     EXPECT_EQ(PrintedByFailure(path), "Couldn't read polyon file " + path + "\n");
-    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "No such file or directory");
+    EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Fault, "No such file or directory");
 }
 
 TEST(Folder, IsNoPolygonFile) {
     const CTemporaryFolder folder;
     const std::string path = folder.Path();
     EXPECT_EQ(PrintedByFailure(path), "Couldn't read polyon file " + path + "\n");
-    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "not a regular file");
+    EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Fault, "not a regular file");
 }
 
 TEST(NamedPipe, IsNoPolygonFileAndNobodyWaitsForItsWriter) {
@@ -141,12 +218,12 @@ TEST(NamedPipe, IsNoPolygonFileAndNobodyWaitsForItsWriter) {
     const std::string path = folder.PathOf("pipe.pol");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     EXPECT_EQ(PrintedByFailure(path), "Couldn't read polyon file " + path + "\n");
-    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "not a regular file");
+    EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Fault, "not a regular file");
 }
 
 TEST(EndlessDevice, IsNoPolygonFile) {
     EXPECT_EQ(PrintedByFailure("/dev/zero"), "Couldn't read polyon file /dev/zero\n");
-    EXPECT_EQ(FindPolygonFileFault("/dev/zero"), "not a regular file");
+    EXPECT_EQ(ReadPolygonFile("/dev/zero").m_Fault, "not a regular file");
 }
 
 TEST(UnreadableFile, IsNamed) {
@@ -156,7 +233,7 @@ TEST(UnreadableFile, IsNamed) {
     ASSERT_EQ(chmod(path.c_str(), 0), 0);
     const support::COrdinaryUser ordinary;
     EXPECT_EQ(PrintedByFailure(path), "Couldn't read polyon file " + path + "\n");
-    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "Permission denied");
+    EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Fault, "Permission denied");
 }
 
 TEST(LinkToItself, IsNamed) {
@@ -199,17 +276,17 @@ TEST(FileWithoutADescriptorLeft, IsRefusedAndCanBeReadLater) {
     std::string fault;
     {
         const CNoMoreDescriptors none;
-        fault = FindPolygonFileFault(path.c_str());
+        fault = ReadPolygonFile(path.c_str()).m_Fault;
     }
     EXPECT_EQ(fault, "Too many open files");
-    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "");
+    EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Fault, "");
 }
 
 TEST(SoundFile, HasNoFaultUnderADecimalComma) {
     const CTemporaryFolder folder;
     const std::string path = folder.Write("half.pol", "3 0.5,0 9.5,0 9.5,9 ;9.5,9 0.5,0");
     const support::CCommaLocale locale;
-    EXPECT_EQ(FindPolygonFileFault(path.c_str()), "");
+    EXPECT_EQ(ReadPolygonFile(path.c_str()).m_Fault, "");
 }
 
 TEST(OutlineOfAHundredThousandVertices, IsReadAndAnalysedInTime) {

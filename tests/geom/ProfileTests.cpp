@@ -138,18 +138,35 @@ TEST(ClockwiseSquare, LosesItsUpperProfile) {
     EXPECT_THAT(polygon.m_BackLines, IsEmpty());
 }
 
+/// A square with a slit from above whose tip, a candidate of the lower profile, ends at a height.
+CPolygon SlitSquare(float fTip) {
+    return MakePolygon(
+        {{0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {12, 20, 0}, {10, fTip, 0}, {11, 20, 0}, {0, 20, 0}});
+}
+
 TEST(VertexLevelWithANonAdjacentEdge, IsRemovedFromTheFront) {
-    // The notch's tip at (10, 0) touches the lower edge from above.
-    const CPolygon polygon = MakePolygon({{0, 0, 0}, {20, 0, 0}, {20, 20, 0}, {10, 0, 0}, {0, 20, 0}});
-    EXPECT_TRUE(polygon.DoesPointHitAnyLineDownward(3));
-    EXPECT_THAT(Positions(polygon.m_FrontPoints), testing::Not(testing::Contains(mgVector3{10, 0, 0})));
+    const CPolygon touching = SlitSquare(0);
+    EXPECT_TRUE(touching.m_Points[4].m_bFront);
+    EXPECT_TRUE(touching.DoesPointHitAnyLineDownward(4));
+    EXPECT_THAT(Positions(touching.m_FrontPoints), ElementsAre(LOWER_LEFT, LOWER_RIGHT));
+    const CPolygon piercing = SlitSquare(-0.5F);
+    EXPECT_FALSE(piercing.DoesPointHitAnyLineDownward(4));
+    EXPECT_THAT(Positions(piercing.m_FrontPoints), testing::Contains(mgVector3{10, -0.5F, 0}));
+}
+
+/// The same turned by half a circle: the slit comes from below.
+CPolygon SquareSlitFromBelow(float fTip) {
+    return MakePolygon({{20, 20, 0}, {0, 20, 0}, {0, 0, 0}, {8, 0, 0}, {10, fTip, 0}, {9, 0, 0}, {20, 0, 0}});
 }
 
 TEST(VertexLevelWithANonAdjacentEdge, IsRemovedFromTheBack) {
-    // The tip at (10, 20) touches the upper edge from below.
-    const CPolygon polygon = MakePolygon({{0, 0, 0}, {10, 20, 0}, {20, 0, 0}, {20, 20, 0}, {0, 20, 0}});
-    EXPECT_TRUE(polygon.DoesPointHitAnyLineUpward(1));
-    EXPECT_THAT(Positions(polygon.m_BackPoints), ElementsAre(UPPER_RIGHT, UPPER_LEFT));
+    const CPolygon touching = SquareSlitFromBelow(20);
+    EXPECT_TRUE(touching.m_Points[4].m_bBack);
+    EXPECT_TRUE(touching.DoesPointHitAnyLineUpward(4));
+    EXPECT_THAT(Positions(touching.m_BackPoints), ElementsAre(UPPER_RIGHT, UPPER_LEFT));
+    const CPolygon piercing = SquareSlitFromBelow(20.5F);
+    EXPECT_FALSE(piercing.DoesPointHitAnyLineUpward(4));
+    EXPECT_THAT(Positions(piercing.m_BackPoints), testing::Contains(mgVector3{10, 20.5F, 0}));
 }
 
 TEST(VertexUnderAVerticalEdgeAtItsX, IsHiddenByIt) {
