@@ -67,7 +67,8 @@ int CChromosome::Mutate(int nOrderLow, int nOrderHigh, float fXLow, float fXHigh
         gene.m_fX = static_cast<float>(range * static_cast<double>(GA_RANDOM_SCALE) * nDraw +
                                        (range * -0.5 + static_cast<double>(gene.m_fX)));
     } else {
-        gene.m_nOrder = nOrderLow + nDraw % (nOrderHigh - nOrderLow + 1);
+        const int nKeys = nOrderHigh - nOrderLow + 1;
+        gene.m_nOrder = nKeys > 0 ? nOrderLow + nDraw % nKeys : gene.m_nOrder;
     }
     return 1;
 }

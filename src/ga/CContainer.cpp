@@ -30,7 +30,10 @@ void CContainer::PrepareEverything(unsigned int nPopulation) {
 
     CChromosome fresh;
     fresh.SetGeneCount(static_cast<int>(m_Polygons.size()));
-    m_Population.insert(m_Population.end(), nPopulation, fresh);
+    m_Population.reserve(m_Population.size() + nPopulation);
+    for (unsigned int i = 0; i < nPopulation && !m_bAbandoned; ++i) {
+        m_Population.push_back(fresh);
+    }
     m_nPopulationSize = static_cast<int>(m_Population.size());
 }
 

@@ -40,9 +40,9 @@ protected:
 /// Order of use: AddPolygon for each file, then RunGA (or RunSearch without a window). Clear before
 /// another run.
 ///
-/// Threads: one thread searches. Meanwhile any other may write m_bStop and g_MutationProbability, read the
-/// relaxed scalars and the polygon set, and call PopulationSize, CopyBestChromosome and EvaluateFitnessValue.
-/// Nothing else may be touched until the search has returned.
+/// Threads: one thread searches. Meanwhile any other may write m_bStop, m_bAbandoned and
+/// g_MutationProbability, read the relaxed scalars and the polygon set, and call PopulationSize,
+/// CopyBestChromosome and EvaluateFitnessValue. Nothing else may be touched until the search has returned.
 class CContainer {
 public:
     /// Loads one polygon file into the set. On failure says so on standard output, leaves the set as it is
@@ -102,6 +102,10 @@ public:
     /// event per generation to m_pEventHandler and prints the progress lines. Returns after the last
     /// generation, or soon after m_bStop was set; it clears the flag itself when it begins.
     ///
+    /// Returns much sooner after m_bAbandoned was set: within a placement, and without another event or line.
+    /// The best chromosome and its fitness are then the best of what was placed, if anything was; all else is
+    /// good for nothing but Clear.
+    ///
     /// An event handler that lags behind slows the search down, one that handles nothing does not stop it.
     void RunGA(int nPopulation, int nGenerations);
 
@@ -117,6 +121,7 @@ public:
     CPolyDisplay* m_pContactDisplay = nullptr;  ///< receives contact markers; may be null
     wxEvtHandler* m_pEventHandler = nullptr;    ///< receives progress events; null means none
     CRelaxed<bool> m_bStop = false;             ///< the request to stop
+    CRelaxed<bool> m_bAbandoned = false;        ///< the request to leave at once; only its owner clears it
     float m_fContainerWidth = 400.0F;
     float m_fContainerHeight = 600.0F;         ///< for the window; the search never reads it
     CRelaxed<float> m_fTotalHeight = 0.0F;     ///< of all bounding boxes stacked in one column

@@ -46,11 +46,13 @@ float FallBefore(const SDrop& falling, float fBoxBottom, float fFall) {
 
 }  // namespace
 
-CDropField::CDropField(std::span<const CPolygon> polygons, float fStripWidth)
+CDropField::CDropField(std::span<const CPolygon> polygons, float fStripWidth,
+                       const CRelaxed<bool>* pAbandoned)
     : m_Polygons(polygons),
       m_fStripWidth(fStripWidth),
       m_fLargestOffset(fStripWidth + LargestX(polygons)),
-      m_Profiles(polygons, m_fLargestOffset + LargestX(polygons)),
+      m_pAbandoned(pAbandoned),
+      m_Profiles(polygons, m_fLargestOffset + LargestX(polygons), pAbandoned),
       m_bVerticals(m_Profiles.HasVerticals()),
       m_bUsable(fStripWidth >= std::numeric_limits<float>::min() && m_Profiles.IsComplete()) {
     if (!m_bUsable) {
@@ -104,7 +106,7 @@ CDropField::SStop CDropField::FindStop(const SFalling& falling, SStop stop, int 
             return true;
         }
         half.m_nQuery = m_nQuery;
-        const float fFall = FindGap(front, half.m_Back, stop.m_fFall);
+        const float fFall = FindGap(front, half.m_Back, stop.m_fFall, m_pAbandoned);
         if (fFall < stop.m_fFall) {
             stop = {fFall, entry.m_nDrop};
         }

@@ -21,7 +21,9 @@
 class CDropField {
 public:
     /// @param polygons the set. It must stay as it is while the field lives.
-    CDropField(std::span<const CPolygon> polygons, float fStripWidth);
+    /// @param pAbandoned once this is true, the field is of no use any more: everything that takes time
+    ///        returns soon, with whatever it has got. May be null.
+    CDropField(std::span<const CPolygon> polygons, float fStripWidth, const CRelaxed<bool>* pAbandoned);
 
     /// Whether the field can take all the set's polygons; without it, nothing below may be called.
     [[nodiscard]] bool IsUsable() const { return m_bUsable; }
@@ -85,6 +87,7 @@ private:
     std::span<const CPolygon> m_Polygons;
     float m_fStripWidth;
     float m_fLargestOffset;
+    const CRelaxed<bool>* m_pAbandoned;
     CProfileSet m_Profiles;
     bool m_bVerticals;
     bool m_bUsable;

@@ -27,26 +27,36 @@ void CContainer::RunSearch(int nPopulation, int nGenerations, unsigned int nSeed
 CGeneticSearch::CGeneticSearch(CContainer& container, CGenerationSink& sink)
     : m_Container(container),
       m_Sink(sink),
-      m_Placement(container.m_Polygons, container.m_fTotalHeight, container.m_fContainerWidth),
-      m_Shares(container.m_Population.size()),
-      m_Next(container.m_Population) {}
+      m_Placement(container.m_Polygons, container.m_fTotalHeight, container.m_fContainerWidth,
+                  &container.m_bAbandoned),
+      m_Shares(container.m_Population.size()) {
+    m_Next.reserve(container.m_Population.size());
+    for (size_t i = 0; i < container.m_Population.size() && !IsAbandoned(); ++i) {
+        m_Next.push_back(container.m_Population[i]);
+    }
+}
 
 void CGeneticSearch::Run(int nGenerations) {
-    EvaluateFirstGeneration();
+    if (!EvaluateFirstGeneration()) {
+        return;
+    }
     m_Sink.GenerationDone(m_nGeneration);
-    while (!m_Container.m_bStop && m_nGeneration < nGenerations) {
+    while (!IsToLeave() && m_nGeneration < nGenerations) {
         if (!BreedGeneration()) {
             return;
         }
     }
 }
 
-void CGeneticSearch::EvaluateFirstGeneration() {
+bool CGeneticSearch::EvaluateFirstGeneration() {
     float fTotalFitness = 0.0F;
     for (size_t i = 0; i < m_Container.m_Population.size(); ++i) {
         CChromosome& chromosome = m_Container.m_Population[i];
         m_Container.ValidateChromosome(chromosome);
         const float fFitness = m_Placement.Place(chromosome.Genes());
+        if (IsAbandoned()) {
+            return false;
+        }
         chromosome.m_fFitness = fFitness;
         m_Shares[i] = fFitness;
         if (i == 0 || m_Container.m_fWorstFitness > fFitness) {
@@ -60,6 +70,7 @@ void CGeneticSearch::EvaluateFirstGeneration() {
     }
     NormaliseShares(fTotalFitness);
     m_Container.m_fAverageFitness = AverageOf(fTotalFitness, m_Shares.size());
+    return !IsAbandoned();
 }
 
 bool CGeneticSearch::BreedGeneration() {
@@ -68,7 +79,7 @@ bool CGeneticSearch::BreedGeneration() {
     }
     std::swap(m_Container.m_Population, m_Next);
     std::printf("Newly Created %d\n", static_cast<int>(m_Container.m_Population.size()));
-    if (m_Container.m_bStop) {
+    if (IsToLeave()) {
         return false;
     }
     float fTotalFitness = 0.0F;
@@ -76,27 +87,30 @@ bool CGeneticSearch::BreedGeneration() {
         m_Shares[i] = m_Container.m_Population[i].m_fFitness;
         fTotalFitness += m_Shares[i];
     }
-    if (m_Container.m_bStop) {
+    if (IsToLeave()) {
         return false;
     }
     NormaliseShares(fTotalFitness);
-    if (m_Container.m_bStop) {
+    if (IsToLeave()) {
         return false;
     }
     m_Container.m_fAverageFitness = AverageOf(fTotalFitness, m_Shares.size());
     ++m_nGeneration;
     m_Sink.GenerationDone(m_nGeneration);
+    if (IsAbandoned()) {
+        return false;
+    }
     PrintGeneration();
     return true;
 }
 
 bool CGeneticSearch::BreedChildren() {
     for (CChromosome& child : m_Next) {
-        if (m_Container.m_bStop) {
+        if (IsToLeave()) {
             return false;
         }
         BreedChild(child);
-        if (m_Container.m_bStop) {
+        if (IsToLeave()) {
             return false;
         }
         const float fFitness = child.m_fFitness;
@@ -108,7 +122,7 @@ bool CGeneticSearch::BreedChildren() {
             m_Container.ReplaceBestChromosome(child);
         }
     }
-    return !m_Container.m_bStop;
+    return !IsToLeave();
 }
 
 void CGeneticSearch::BreedChild(CChromosome& child) {

@@ -15,14 +15,15 @@ public:
     /// Makes and evaluates nothing yet. The container's total height and population must be prepared.
     CGeneticSearch(CContainer& container, CGenerationSink& sink);
 
-    /// Evaluates the first generation and breeds nGenerations more, until m_bStop is set.
+    /// Evaluates the first generation and breeds nGenerations more, until m_bStop or m_bAbandoned is set.
     void Run(int nGenerations);
 
 private:
-    void EvaluateFirstGeneration();
+    /// @return false when it was abandoned meanwhile.
+    [[nodiscard]] bool EvaluateFirstGeneration();
 
     /// Breeds, evaluates and reports one generation.
-    /// @return false when it noticed the request to stop; the population is then the last complete one, and
+    /// @return false when it noticed a request to stop; the population is then the last complete one, and
     ///         the generation has not been reported.
     [[nodiscard]] bool BreedGeneration();
     [[nodiscard]] bool BreedChildren();
@@ -36,6 +37,8 @@ private:
     /// Divides the population's fitness values, in m_Shares, by their sum.
     void NormaliseShares(float fTotalFitness);
     void PrintGeneration() const;
+    [[nodiscard]] bool IsAbandoned() const { return m_Container.m_bAbandoned; }
+    [[nodiscard]] bool IsToLeave() const { return m_Container.m_bStop || IsAbandoned(); }
 
     CContainer& m_Container;
     CGenerationSink& m_Sink;

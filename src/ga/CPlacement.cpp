@@ -6,11 +6,13 @@
 
 #include "Approach.h"
 
-CPlacement::CPlacement(std::span<const CPolygon> polygons, float fTotalHeight, float fStripWidth)
+CPlacement::CPlacement(std::span<const CPolygon> polygons, float fTotalHeight, float fStripWidth,
+                       const CRelaxed<bool>* pAbandoned)
     : m_Polygons(polygons),
       m_fTotalHeight(fTotalHeight),
       m_fStartY(2.0F * fTotalHeight),
-      m_Field(polygons, fStripWidth) {}
+      m_Field(polygons, fStripWidth, pAbandoned),
+      m_pAbandoned(pAbandoned) {}
 
 float CPlacement::Place(std::span<const SGene> genes, CContactSink* pContacts) {
     SortGenes(genes);
@@ -23,6 +25,9 @@ float CPlacement::Place(std::span<const SGene> genes, CContactSink* pContacts) {
     }
     float fMaxTop = 0.0F;
     for (const SGene& gene : m_Sorted) {
+        if (IsMade(m_pAbandoned)) {
+            break;
+        }
         const CPolygon& polygon = m_Polygons[static_cast<size_t>(gene.m_nPolygon)];
         SDrop drop{gene.m_nPolygon, {gene.m_fX, m_fStartY, polygon.m_ReferencePoint.z}, {}};
         drop.m_Box = WorldBox(polygon, drop.m_ReferencePoint);
@@ -82,7 +87,7 @@ CPlacement::SRest CPlacement::Walk(const SDrop& falling) const {
             continue;
         }
         const CPolygon& other = m_Polygons[static_cast<size_t>(obstacle->m_nPolygon)];
-        const SApproach approach = FindApproach(polygon, at, other, obstacle->m_ReferencePoint);
+        const SApproach approach = FindApproach(polygon, at, other, obstacle->m_ReferencePoint, m_pAbandoned);
         if (approach.m_bFound && rest.m_fFall > approach.m_fDistance) {
             rest = {approach.m_fDistance, {approach.m_fContactX, approach.m_fContactY, 0.0F}};
         }

@@ -23,7 +23,10 @@ public:
 
     /// @param polygons the set; it must outlive the placement and stay as it is.
     /// @param fTotalHeight the height of all polygons in one column. They fall from twice that height.
-    CPlacement(std::span<const CPolygon> polygons, float fTotalHeight, float fStripWidth);
+    /// @param pAbandoned once this is true, the placement is of no use any more: Place returns soon, with
+    ///        whatever it has got. May be null; otherwise it must outlive the placement.
+    CPlacement(std::span<const CPolygon> polygons, float fTotalHeight, float fStripWidth,
+               const CRelaxed<bool>* pAbandoned = nullptr);
 
     /// Drops the genes' polygons in ascending order of their keys and returns the packing's fitness. Genes
     /// of unknown polygons are skipped.
@@ -58,5 +61,6 @@ private:
     std::vector<SSortedGene> m_Sorted;
     std::vector<SDrop> m_Drops;
     bool m_bShortCuts = false;
+    const CRelaxed<bool>* m_pAbandoned;
     SCounts m_Counts;
 };

@@ -136,7 +136,7 @@ SProfile Prepare(const CPolygon& polygon, float fReach) {
 
 }  // namespace
 
-CProfileSet::CProfileSet(std::span<const CPolygon> polygons, float fReach)
+CProfileSet::CProfileSet(std::span<const CPolygon> polygons, float fReach, const CRelaxed<bool>* pAbandoned)
     : m_bComplete(IsTame(fReach) && std::all_of(polygons.begin(), polygons.end(),
                                                 [](const CPolygon& p) { return IsTame(p); })) {
     if (!m_bComplete) {
@@ -144,6 +144,10 @@ CProfileSet::CProfileSet(std::span<const CPolygon> polygons, float fReach)
     }
     m_Profiles.reserve(polygons.size());
     for (const CPolygon& polygon : polygons) {
+        if (IsMade(pAbandoned)) {
+            m_bComplete = false;
+            return;
+        }
         m_Profiles.push_back(Prepare(polygon, fReach));
     }
 }

@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "CRelaxed.h"
 #include "Polygon.h"
 
 struct SRange {
@@ -82,10 +83,11 @@ struct SProfile {
 class CProfileSet {
 public:
     /// @param fReach no x in the strip is larger in absolute value.
-    CProfileSet(std::span<const CPolygon> polygons, float fReach);
+    /// @param pAbandoned once this is true, no more profiles are prepared. May be null.
+    CProfileSet(std::span<const CPolygon> polygons, float fReach, const CRelaxed<bool>* pAbandoned = nullptr);
 
     /// False if one of the polygons cannot be prepared: coordinates that are not finite or huge, or edges
-    /// that the profile analysis would not have made. Then there are no profiles at all.
+    /// that the profile analysis would not have made. Then the profiles are of no use.
     [[nodiscard]] bool IsComplete() const { return m_bComplete; }
 
     [[nodiscard]] const SProfile& Of(int nPolygon) const { return m_Profiles[static_cast<size_t>(nPolygon)]; }

@@ -48,20 +48,23 @@ private:
 /// Posts one notice per generation, and keeps the receiver's queue short.
 class CPostingSink final : public CGenerationSink {
 public:
-    CPostingSink(wxEvtHandler* pReceiver, const CRelaxed<bool>& bStop)
-        : m_pReceiver(pReceiver), m_bStop(bStop) {}
+    explicit CPostingSink(const CContainer& container)
+        : m_pReceiver(container.m_pEventHandler), m_Container(container) {}
 
     void GenerationDone(int nGeneration) override {
         if (m_pReceiver == nullptr) {
             return;
         }
         WaitForReceiver();
+        if (m_Container.m_bAbandoned) {
+            return;
+        }
         m_pReceiver->AddPendingEvent(CGenerationEvent(nGeneration, m_pOutstanding));
         m_nAfterPost = *m_pOutstanding;
     }
 
 private:
-    /// Once the queue is full, waits until it is empty, until the search is stopped, or until the receiver
+    /// Once the queue is full, waits until it is empty, until the search is to stop, or until the receiver
     /// has handled nothing for so long that it counts as gone: then the search goes on without it until it
     /// stirs again. A search on the window's own thread never waits, since nobody else would handle notices.
     void WaitForReceiver() {
@@ -71,7 +74,7 @@ private:
             return;
         }
         auto lastProgress = std::chrono::steady_clock::now();
-        while (nSeen > 0 && !m_bStop) {
+        while (nSeen > 0 && !m_Container.m_bStop && !m_Container.m_bAbandoned) {
             std::this_thread::sleep_for(POLL_INTERVAL);
             const int nNow = *m_pOutstanding;
             const auto now = std::chrono::steady_clock::now();
@@ -86,7 +89,7 @@ private:
     }
 
     wxEvtHandler* m_pReceiver;
-    const CRelaxed<bool>& m_bStop;
+    const CContainer& m_Container;
     std::shared_ptr<std::atomic<int>> m_pOutstanding = std::make_shared<std::atomic<int>>(0);
     bool m_bGone = false;
     /// Notices outstanding after the last post: fewer now means that some have been handled.
@@ -96,6 +99,6 @@ private:
 }  // namespace
 
 void CContainer::RunGA(int nPopulation, int nGenerations) {
-    CPostingSink sink(m_pEventHandler, m_bStop);
+    CPostingSink sink(*this);
     RunSearch(nPopulation, nGenerations, static_cast<unsigned int>(std::time(nullptr)), sink);
 }

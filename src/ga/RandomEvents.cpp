@@ -38,6 +38,9 @@ void CContainer::RandomlyGenerateFirstGeneration() {
             if (pool.empty()) {
                 break;  // a chromosome left over from a larger polygon set
             }
+            if (m_bAbandoned) {
+                return;
+            }
             gene.m_nPolygon = nPolygon++;
             const auto chosen =
                 pool.begin() + static_cast<ptrdiff_t>(static_cast<unsigned>(std::rand()) % pool.size());

@@ -23,4 +23,6 @@ struct SMovedHalf {
 
 /// The smallest gap between the lower side of what falls and the upper side of what it falls on, vertical
 /// sides apart; fCut if none is smaller.
-[[nodiscard]] float FindGap(const SMovedHalf& front, const SMovedHalf& back, float fCut);
+/// @param pAbandoned once this is true, the answer is of no use any more, and comes soon. May be null.
+[[nodiscard]] float FindGap(const SMovedHalf& front, const SMovedHalf& back, float fCut,
+                            const CRelaxed<bool>* pAbandoned = nullptr);

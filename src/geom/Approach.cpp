@@ -14,9 +14,12 @@ void Offer(SApproach& best, float fGap, float fContactX, float fContactY) {
 }  // namespace
 
 SApproach FindApproach(const CPolygon& moving, const mgVector3& movingAt, const CPolygon& obstacle,
-                       const mgVector3& obstacleAt) {
+                       const mgVector3& obstacleAt, const CRelaxed<bool>* pAbandoned) {
     SApproach best;
     for (const CPoint& vertex : moving.m_FrontPoints) {
+        if (IsMade(pAbandoned)) {
+            return best;
+        }
         const mgVector3 point = vertex.m_Position + movingAt;
         for (const CLine& edge : obstacle.m_BackLines) {
             const mgVector3 start = obstacle.PositionOf(edge.m_nStart) + obstacleAt;
@@ -28,6 +31,9 @@ SApproach FindApproach(const CPolygon& moving, const mgVector3& movingAt, const 
         }
     }
     for (const CPoint& vertex : obstacle.m_BackPoints) {
+        if (IsMade(pAbandoned)) {
+            return best;
+        }
         const mgVector3 point = vertex.m_Position + obstacleAt;
         for (const CLine& edge : moving.m_FrontLines) {
             const mgVector3 start = moving.PositionOf(edge.m_nStart) + movingAt;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CRelaxed.h"
 #include "Polygon.h"
 
 /// The contact that stops a vertical fall.
@@ -18,5 +19,8 @@ struct SApproach {
 /// the earlier candidate on a tie. A vertical side of the moving polygon exactly in line with an obstacle's
 /// corner gives a gap of zero, however high it is, and a negative one where the two overlap (see
 /// DoesPointHitUpward).
+///
+/// @param pAbandoned once this is true, the answer is of no use any more, and comes soon. May be null.
 [[nodiscard]] SApproach FindApproach(const CPolygon& moving, const mgVector3& movingAt,
-                                     const CPolygon& obstacle, const mgVector3& obstacleAt);
+                                     const CPolygon& obstacle, const mgVector3& obstacleAt,
+                                     const CRelaxed<bool>* pAbandoned = nullptr);

@@ -7,7 +7,7 @@
 /// order is relaxed, so nothing else is published with the value.
 ///
 /// These are the scalars that cross between the search's thread and the window's, and the reason that
-/// neither ever waits for the other: the stop flag, the mutation probability, the statistics.
+/// neither ever waits for the other: the requests to stop, the mutation probability, the statistics.
 template <class T>
 class CRelaxed {
 public:
@@ -28,3 +28,8 @@ private:
     static_assert(std::atomic<T>::is_always_lock_free);
     static_assert(sizeof(std::atomic<T>) == sizeof(T));
 };
+
+/// Whether there is a request, and it has been made.
+[[nodiscard]] inline bool IsMade(const CRelaxed<bool>* pRequest) {
+    return pRequest != nullptr && *pRequest;
+}
