@@ -96,6 +96,15 @@ TEST_F(Mutation, OfAnOrderKeyInARangeOfZeroWritesZero) {
     EXPECT_EQ(chromosome.m_pGenes[0].m_nOrder, 0);
 }
 
+TEST_F(Mutation, OfAnOrderKeyWithoutAnyToChooseFromKeepsIt) {
+    g_MutationProbability = 1;
+    CChromosome chromosome = MakeChromosome({{0, 50, 1}});
+    const CScriptedDraws draws({0, 0, 0, 7});
+    EXPECT_EQ(chromosome.Mutate(0, -1, 0, 400), 1);
+    EXPECT_THAT(chromosome.Genes(), ElementsAre(SGene{0, 50, 1}));
+    EXPECT_EQ(draws.Count(), 4);
+}
+
 TEST_F(Mutation, PicksTheGeneByTheThirdDraw) {
     g_MutationProbability = 1;
     for (int nDraw = 0; nDraw < 7; ++nDraw) {

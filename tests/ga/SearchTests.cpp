@@ -342,6 +342,16 @@ TEST_F(Search, LeavesABestChromosomeThatCanStillBePlacedAfterTheSetWasEmptied) {
     EXPECT_THAT(placed, IsEmpty());
 }
 
+TEST_F(Search, OfASetEmptiedBehindItsBackRunsToItsEnd) {
+    UseMixture(6);
+    Run(5, 5);
+    m_Container.m_Polygons.clear();
+    g_MutationProbability = 1;
+    Run(5, 5);
+    EXPECT_THAT(m_History.m_Generations, SizeIs(12));
+    EXPECT_THAT(m_Container.m_Population, SizeIs(10));
+}
+
 TEST_F(Search, OfAllBadPiecesRunsToItsEnd) {
     support::CSeededRandom random(32);
     for (const support::EPiece piece :

@@ -1,11 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <limits>
 #include <thread>
 
 #include "BenchmarkSets.h"
 #include "CContainer.h"
 #include "CStdoutCapture.h"
+#include "PolygonMaking.h"
 
 // A search on one thread while another does all that a window may do meanwhile. The thread sanitizer watches.
 
@@ -138,6 +140,44 @@ TEST_F(SearchOnAThread, HasTheSameHistoryAsOnTheMainThread) {
     again.RunSearch(POPULATION, 50, 1, counter);
     EXPECT_EQ(again.m_BestChromosome.m_fFitness, best.m_fFitness);
     EXPECT_TRUE(std::equal(best.Genes().begin(), best.Genes().end(), again.m_BestChromosome.Genes().begin()));
+}
+
+/// Very many pieces of which only the first and the last count: how good a chromosome is can be told from two
+/// of its genes, and a chromosome copied while it was replaced gives itself away.
+class BestOfManyGenes : public SearchOnAThread {
+protected:
+    void SetUp() override {
+        m_Two.m_Polygons = {support::MakePolygon({{0, 0, 0}, {300, 0, 0}, {300, 70, 0}}),
+                            support::MakePolygon({{0, 0, 0}, {300, 90, 0}, {0, 90, 0}})};
+        m_Two.PrepareEverything(0);
+        m_Container.m_Polygons.assign(12'000, CPolygon());
+        m_Container.m_Polygons.front() = m_Two.m_Polygons.front();
+        m_Container.m_Polygons.back() = m_Two.m_Polygons.back();
+    }
+
+    [[nodiscard]] bool IsWhole(const CChromosome& chromosome) const {
+        CChromosome two;
+        two.SetGeneCount(2);
+        two.m_pGenes[0] = chromosome.Genes().front();
+        two.m_pGenes[1] = chromosome.Genes().back();
+        two.m_pGenes[1].m_nPolygon = 1;
+        std::vector<CPolygon> placed;
+        return m_Two.PlaceChromosome(two, placed, nullptr) == chromosome.m_fFitness;
+    }
+
+    CContainer m_Two;
+};
+
+TEST_F(BestOfManyGenes, IsNeverCopiedWhileItIsReplaced) {
+    m_Thread = std::thread([this] {
+        m_Container.RunSearch(100, 0, 1, m_Counter);
+        m_bReturned = true;
+    });
+    while (!m_bReturned) {
+        m_Container.m_fBestFitness = -std::numeric_limits<float>::infinity();  // so that the next one is better
+        const CChromosome best = m_Container.CopyBestChromosome();
+        ASSERT_TRUE(best.m_nGenes == 0 || IsWhole(best));
+    }
 }
 
 }  // namespace
