@@ -53,7 +53,8 @@ CNestrixFrame::CNestrixFrame(const wxString& title) {
 }
 
 CNestrixFrame::~CNestrixFrame() {
-    // No request to stop here, deliberately: a thread that is deleted while it runs sees to that itself.
+    // No request to stop here, deliberately: a thread that is deleted while it runs abandons its search, since
+    // nobody will see what it would find.
     delete m_pThread;
 }
 

@@ -26,7 +26,7 @@ public:
     /// Loads the form. Where that fails, says so in a message box and goes on without.
     explicit CNestrixFrame(const wxString& title);
 
-    /// Stops the worker, if there is one, and waits for it: at most as long as one placement takes.
+    /// Has the worker, if there is one, abandon its search, and waits for it: far less than half a second.
     ~CNestrixFrame() override;
 
     /// Seeds the random generator, plants the canvases into the form and finds the controls that show

@@ -10,7 +10,13 @@
 CPolyThread::CPolyThread(CNestrixFrame* pFrame) : wxThread(wxTHREAD_JOINABLE), m_pFrame(pFrame) {}
 
 CPolyThread::~CPolyThread() {
-    StopAndJoin();
+    if (!IsToBeJoined()) {
+        return;
+    }
+    CRelaxed<bool>& bAbandoned = m_pFrame->m_Container.m_bAbandoned;
+    bAbandoned = true;
+    Wait();
+    bAbandoned = false;
 }
 
 void CPolyThread::SetPopulation(int nPopulation) {
@@ -31,7 +37,7 @@ void CPolyThread::SetGenerations(int nGenerations) {
 
 wxThread::ExitCode CPolyThread::Entry() {
     m_bEntered = true;
-    if (m_bAbandoned) {
+    if (m_bOnlyToBeJoined) {
         return nullptr;
     }
     std::puts("Inside the entry code");
@@ -45,13 +51,18 @@ wxThread::ExitCode CPolyThread::Entry() {
     return nullptr;
 }
 
+bool CPolyThread::IsToBeJoined() {
+    if (IsAlive() || m_bEntered) {
+        return true;
+    }
+    // Never run. Once created it sleeps until it is, and the toolkit can neither join nor delete it so.
+    m_bOnlyToBeJoined = true;
+    return GetId() != 0 && Run() == wxTHREAD_NO_ERROR;
+}
+
 void CPolyThread::StopAndJoin() {
-    if (!IsAlive() && !m_bEntered) {
-        // Never run. Once created it sleeps until it is, and the toolkit can neither join nor delete it so.
-        m_bAbandoned = true;
-        if (GetId() == 0 || Run() != wxTHREAD_NO_ERROR) {
-            return;
-        }
+    if (!IsToBeJoined()) {
+        return;
     }
     // Once is not enough: the search clears the flag when it begins.
     while (IsAlive()) {

@@ -8,8 +8,8 @@ class CNestrixFrame;
 
 /// The worker that runs one search on a frame's container.
 ///
-/// Looks after itself, in the manner of std::jthread: destroyed while it runs, it stops the search and joins
-/// first. The toolkit's own thread would crash.
+/// Looks after itself, in the manner of std::jthread: destroyed while it runs, it abandons the search and
+/// joins first. The toolkit's own thread would crash.
 ///
 /// Order of use: construct, SetPopulation, SetGenerations, Create, Run; at the end StopAndJoin or just
 /// delete. All of it on the window's thread; only Entry runs on the new one.
@@ -25,8 +25,8 @@ public:
     /// The search. Whatever goes wrong in it ends the search and not the program.
     ExitCode Entry() override;
 
-    /// Returns once Entry has returned, which it makes happen soon. May be repeated; does nothing for a
-    /// thread that could not be created.
+    /// Asks the search to stop, and returns once Entry has returned. That is soon, but the first generation
+    /// is completed before. May be repeated; does nothing for a thread that could not be created.
     void StopAndJoin();
 
     CNestrixFrame* m_pFrame;  ///< observed; outlives the thread
@@ -34,6 +34,8 @@ public:
     int m_nGenerations = 0;
 
 private:
-    std::atomic<bool> m_bEntered = false;    ///< Entry has begun
-    std::atomic<bool> m_bAbandoned = false;  ///< started only in order to be joined
+    [[nodiscard]] bool IsToBeJoined();
+
+    std::atomic<bool> m_bEntered = false;         ///< Entry has begun
+    std::atomic<bool> m_bOnlyToBeJoined = false;  ///< started only for that
 };

@@ -3,12 +3,14 @@
 #include <unistd.h>
 #include <wx/log.h>
 
+#include <chrono>
 #include <fstream>
 #include <memory>
 #include <new>
 
 #include "CPolyDisplay.h"
 #include "CStdoutCapture.h"
+#include "EventPump.h"
 #include "FrameFixture.h"
 
 namespace {
@@ -64,13 +66,30 @@ TEST_F(PolyThread, KeepsItsParametersWhileItRuns) {
     EXPECT_EQ(pThread->m_nGenerations, 1000000000);
 }
 
-TEST_F(PolyThread, StopsAndJoinsWhenItIsDestroyedWhileRunning) {
+TEST_F(PolyThread, AbandonsItsSearchAndJoinsWhenItIsDestroyedWhileRunning) {
     for (int i = 0; i < 20; ++i) {
         auto pThread = MakeThread();
         ASSERT_EQ(pThread->Create(), wxTHREAD_NO_ERROR);
         ASSERT_EQ(pThread->Run(), wxTHREAD_NO_ERROR);
         EXPECT_THAT(PrintedBy([&] { pThread.reset(); }), HasSubstr("Thread Exited\n"));
+        EXPECT_FALSE(m_pFrame->m_Container.m_bAbandoned) << "no other search could be run";
+        EXPECT_FALSE(m_pFrame->m_Container.m_bStop);
     }
+}
+
+TEST_F(PolyThread, GoesWithTheWindowAtOnceEvenFromAFirstGenerationThatTakesSeconds) {
+    constexpr int POPULATION = 10'000;
+    ListSquares(1000);
+    SetRun(POPULATION, 5);
+    Press("ID_BTN_RUN_GA");
+    const CContainer& container = m_pFrame->m_Container;
+    ASSERT_TRUE(support::PumpUntil([&] { return container.PopulationSize() == POPULATION; }));
+    wxMilliSleep(300);
+    EXPECT_TRUE(m_pFrame->m_pBestPlotter->m_Points.empty()) << "the first generation is complete already";
+    const auto begin = std::chrono::steady_clock::now();
+    const std::string printed = PrintedBy([this] { CloseFrame(); });
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(1));
+    EXPECT_EQ(printed, "Thread Exited\n");
 }
 
 TEST_F(PolyThread, MayBeStoppedAgain) {

@@ -120,6 +120,36 @@ TEST_F(Selection, TakesSharesThatWereMultipliedByTheReciprocalAndNotDivided) {
     EXPECT_GE(nTold, 3);
 }
 
+TEST(SecondParent, IsDrawnFromSharesMultipliedByTheReciprocalOfTheirSum) {
+    CSeededRandom random(9);
+    int nTold = 0;
+    for (int i = 0; i < 30; ++i) {
+        std::vector<float> rest;
+        float fSum = 0.0F;
+        for (int j = 0; j < POPULATION; ++j) {
+            rest.push_back(random.Between(0.05F, 0.2F));
+            fSum += rest.back();
+        }
+        std::vector<float> multiplied = rest;
+        std::vector<float> divided = rest;
+        for (float& fShare : multiplied) {
+            fShare *= 1.0F / fSum;
+        }
+        for (float& fShare : divided) {
+            fShare /= fSum;
+        }
+        if (const std::optional<STellingDraw> telling = FindTellingDraw(multiplied, divided)) {
+            ++nTold;
+            std::vector<float> all = rest;
+            all.insert(all.begin() + 2, 0.3F);
+            CContainer container;
+            const CScriptedDraws script({telling->m_nDraw});
+            EXPECT_EQ(container.RandomEvent(all.data(), POPULATION + 1, 2), telling->m_nFirst);
+        }
+    }
+    EXPECT_GE(nTold, 3);
+}
+
 TEST_F(Selection, TakesTheFirstChromosomeForAParentThatTheWheelDidNotFind) {
     // Each fitness is finite, but their sum is not: all shares are 0.
     m_Polygons = {support::MakeRectangle(20, 0.8e38F), support::MakeRectangle(30, 0.8e38F)};

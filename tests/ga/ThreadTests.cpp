@@ -174,7 +174,8 @@ TEST_F(BestOfManyGenes, IsNeverCopiedWhileItIsReplaced) {
         m_bReturned = true;
     });
     while (!m_bReturned) {
-        m_Container.m_fBestFitness = -std::numeric_limits<float>::infinity();  // so that the next one is better
+        m_Container.m_fBestFitness =
+            -std::numeric_limits<float>::infinity();  // so that the next one is better
         const CChromosome best = m_Container.CopyBestChromosome();
         ASSERT_TRUE(best.m_nGenes == 0 || IsWhole(best));
     }

@@ -193,6 +193,19 @@ TEST_F(ProgressEvent, ThatWaitsForItsReceiverGivesWayToARequestToStop) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
 }
 
+TEST_F(ProgressEvent, IsNotPostedAnyMoreByAnAbandonedSearchThatWaitsForItsReceiver) {
+    RunOnAThread(2, 1'000'000'000);
+    while (m_Receiver.m_nPosted < 64) {
+        std::this_thread::yield();
+    }
+    std::this_thread::sleep_for(20ms);
+    const auto start = std::chrono::steady_clock::now();
+    m_Container.m_bAbandoned = true;
+    m_Thread.join();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
+    EXPECT_EQ(m_Receiver.m_nPosted, 64);
+}
+
 /// Ends a search at its first notice.
 TEST_F(ProgressEvent, HandledBeforeARequestToStopIsTheLastOne) {
     m_Receiver.m_OnPost = [this](const wxEvent&) { m_Container.m_bStop = true; };
