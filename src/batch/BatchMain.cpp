@@ -1,4 +1,6 @@
+#include <fcntl.h>
 #include <signal.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <exception>
@@ -7,6 +9,26 @@
 #include "BatchRun.h"
 
 namespace {
+
+/// Opens what is closed of standard input, output and error, so that no other file gets their numbers. For
+/// reading only: whatever is written there is lost, and must not seem to have arrived.
+void OpenStandardStreams() {
+    int nDescriptor = 0;
+    do {
+        nDescriptor = open("/dev/null", O_RDONLY);
+    } while (nDescriptor >= 0 && nDescriptor <= STDERR_FILENO);
+    if (nDescriptor >= 0) {
+        close(nDescriptor);
+    }
+}
+
+/// Has writing fail where by default it would end the program.
+void OutliveFailedWrites() {
+    // The reader of a pipe may go first, as "tee" does on Ctrl-C: the picture must still be drawn.
+    signal(SIGPIPE, SIG_IGN);
+    // Files may have a largest size.
+    signal(SIGXFSZ, SIG_IGN);
+}
 
 int RunProgram(int argc, char const* const* argv) {
     SBatchOptions options;
@@ -25,10 +47,10 @@ bool IsOutputComplete() {
 }  // namespace
 
 int main(int argc, char** argv) {
+    OpenStandardStreams();
+    OutliveFailedWrites();
     // Each line is seen when it is written, also behind a pipe.
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    // The reader of a pipe may go first, as "tee" does on Ctrl-C: the picture must still be drawn.
-    signal(SIGPIPE, SIG_IGN);
     int nStatus = BATCH_FAILED;
     try {
         nStatus = RunProgram(argc, argv);

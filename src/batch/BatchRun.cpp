@@ -1,15 +1,15 @@
 #include "BatchRun.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <ctime>
 
 #include "CContainer.h"
+#include "CPictureFile.h"
+#include "CStopSignals.h"
 #include "NumericLocale.h"
-#include "PackingSvg.h"
-#include "PolygonPaths.h"
-#include "StopSignals.h"
-#include "WholeFile.h"
+#include "PolygonInput.h"
 
 namespace {
 
@@ -17,51 +17,68 @@ void Complain(const std::string& complaint) {
     std::fprintf(stderr, "nestrix-batch: %s\n", complaint.c_str());
 }
 
-/// Carries a stop signal over into the search, and ends it when nobody can read its lines any more.
+/// Complains, if there is anything to complain about.
+/// @return whether there is.
+bool IsFaulty(const std::string& fault) {
+    if (!fault.empty()) {
+        Complain(fault);
+    }
+    return !fault.empty();
+}
+
+/// Counts the generations, and ends a search of whose result nobody could hear.
 class CBatchProgress final : public CGenerationSink {
 public:
-    CBatchProgress(CContainer& container, const CStopSignals& signals)
-        : m_Container(container), m_Signals(signals) {}
+    CBatchProgress(CContainer& container, bool bPicture) : m_Container(container), m_bPicture(bPicture) {}
 
     void GenerationDone(int nGeneration) override {
         m_nGeneration = nGeneration;
-        if (m_Signals.WasRequested() || std::ferror(stdout) != 0) {
+        if (!m_bPicture && std::ferror(stdout) != 0) {
             m_Container.m_bStop = true;
         }
     }
 
+    /// The last complete generation; −1 before the first.
     [[nodiscard]] int LastGeneration() const { return m_nGeneration; }
 
 private:
     CContainer& m_Container;
-    const CStopSignals& m_Signals;
-    int m_nGeneration = 0;
+    bool m_bPicture;
+    int m_nGeneration = -1;
 };
 
-bool LoadPolygons(const SBatchOptions& options, CContainer& container) {
-    SPolygonPaths found = FindPolygonFiles(options.m_Paths);
-    if (found.m_Faults.empty()) {
-        for (const std::string& file : found.m_Files) {
-            if (!container.AddPolygon(file.c_str())) {
-                found.m_Faults.push_back(file + ": it went away while it was read");
-            }
-        }
+/// Says what there is to say about the polygon files.
+/// @return whether one of them is not sound.
+bool IsFaulty(const SPolygonInput& input) {
+    for (const std::string& warning : input.m_Warnings) {
+        Complain("warning: " + warning);
     }
-    for (const std::string& fault : found.m_Faults) {
-        Complain(fault);
-    }
-    return found.m_Faults.empty();
+    std::for_each(input.m_Faults.begin(), input.m_Faults.end(), Complain);
+    return !input.m_Faults.empty();
 }
 
-void Search(const SBatchOptions& options, unsigned int nSeed, const CStopSignals& signals,
-            CContainer& container) {
-    CBatchProgress progress(container, signals);
+void SayWhenItWasStopped(int nGeneration, int nGenerations) {
+    if (nGeneration < 0) {
+        Complain("stopped within the first generation");
+    } else if (nGeneration < nGenerations) {
+        Complain("stopped after generation " + std::to_string(nGeneration) + " of " +
+                 std::to_string(nGenerations));
+    }
+}
+
+/// @return false if there is no packing.
+bool Search(const SBatchOptions& options, unsigned int nSeed, bool bPicture, CContainer& container) {
+    CBatchProgress progress(container, bPicture);
     g_MutationProbability = options.m_fMutation;
     container.RunSearch(options.m_nPopulation, options.m_nGenerations, nSeed, progress);
-    if (signals.WasRequested()) {
-        Complain("stopped after generation " + std::to_string(progress.LastGeneration()) + " of " +
-                 std::to_string(options.m_nGenerations));
+    if (container.m_bAbandoned) {
+        if (container.m_BestChromosome.m_nGenes == 0) {
+            Complain("stopped before there was a packing");
+            return false;
+        }
+        SayWhenItWasStopped(progress.LastGeneration(), options.m_nGenerations);
     }
+    return true;
 }
 
 void PrintResult(unsigned int nSeed, float fHeight) {
@@ -72,55 +89,36 @@ void PrintResult(unsigned int nSeed, float fHeight) {
     }
 }
 
-std::string WriteFault(const std::string& path, const std::string& reason) {
-    return reason.empty() ? "" : "cannot write " + path + ": " + reason;
-}
-
-/// Why a picture could not be written, as far as that shows before the search. Empty without a fault.
-std::string FindPictureFault(const std::string& path) {
-    return path.empty() ? "" : WriteFault(path, FindOutputFault(path));
-}
-
-/// Draws the best packing, if a picture is wanted.
-/// @return why it could not be drawn; empty on success.
-std::string DrawResult(const CContainer& container, float fHeight, const std::string& path) {
-    if (path.empty()) {
-        return {};
-    }
-    std::vector<CPolygon> placed;
-    (void)container.PlaceChromosome(container.m_BestChromosome, placed, nullptr);
-    const std::string picture = DrawPackingSvg({placed, container.m_fContainerWidth, fHeight});
-    if (picture.empty()) {
-        return "the packing is too large to draw";
-    }
-    return WriteFault(path, WriteWholeFile(path, picture));
-}
-
 }  // namespace
 
 int RunBatch(const SBatchOptions& options) {
     CContainer container;
-    if (!LoadPolygons(options, container)) {
+    SPolygonInput input = ReadPolygonInput(options.m_Paths, container.m_fContainerWidth);
+    if (IsFaulty(input)) {
         return BATCH_BAD_INPUT;
     }
-    if (const std::string fault = FindPictureFault(options.m_SvgPath); !fault.empty()) {
-        Complain(fault);
+    CPictureFile picture(options.m_SvgPath);
+    if (const std::string replaced = picture.FindReplaced(input.m_Files); !replaced.empty()) {
+        Complain("the picture would take the place of " + replaced);
+        return BATCH_BAD_INPUT;
+    }
+    if (IsFaulty(picture.Fault())) {
         return BATCH_FAILED;
     }
-    // Lives until the picture is written, so that a second Ctrl-C does not cost the result.
-    const CStopSignals signals(container.m_bStop);
-    const unsigned int nSeed = options.m_Seed.value_or(static_cast<unsigned int>(std::time(nullptr)));
-    Search(options, nSeed, signals, container);
+    container.m_Polygons = std::move(input.m_Polygons);
 
+    // Until here signals end the program, since there is nothing to keep. From here on they are requests, and
+    // remain so until the picture is written: a second Ctrl-C must not cost the result.
+    const CStopSignals signals(container.m_bAbandoned);
+    const unsigned int nSeed = options.m_Seed.value_or(static_cast<unsigned int>(std::time(nullptr)));
+    if (!Search(options, nSeed, picture.IsWanted(), container)) {
+        return BATCH_FAILED;
+    }
     const float fHeight = container.m_fTotalHeight - container.m_fBestFitness;
     PrintResult(nSeed, fHeight);
     if (!std::isfinite(fHeight)) {
         Complain("the polygons are too large: their packing has no finite height");
         return BATCH_FAILED;
     }
-    if (const std::string fault = DrawResult(container, fHeight, options.m_SvgPath); !fault.empty()) {
-        Complain(fault);
-        return BATCH_FAILED;
-    }
-    return BATCH_DONE;
+    return IsFaulty(picture.Draw(container, fHeight)) ? BATCH_FAILED : BATCH_DONE;
 }

@@ -41,8 +41,8 @@ double DistanceToEdge(const mgVector3& start, const mgVector3& end, double x, do
     return std::hypot(x - start.x - part * edgeX, y - start.y - part * edgeY);
 }
 
-/// The distance to the nearest edge, 0 outside the outline.
-double RoomAt(const CPolygon& polygon, double x, double y) {
+/// The distance to the nearest edge, 0 outside the outline or if it is no more than `enough`.
+double RoomAt(const CPolygon& polygon, double x, double y, double enough) {
     bool bInside = false;
     double room = std::numeric_limits<double>::infinity();
     for (const CLine& line : polygon.m_Lines) {
@@ -50,6 +50,9 @@ double RoomAt(const CPolygon& polygon, double x, double y) {
         const mgVector3& end = polygon.PositionOf(line.m_nEnd);
         bInside ^= Crosses(start, end, x, y);
         room = std::min(room, DistanceToEdge(start, end, x, y));
+        if (room <= enough) {
+            return 0.0;
+        }
     }
     return bInside ? room : 0.0;
 }
@@ -65,13 +68,13 @@ SLabelPoint FindLabelPoint(const CPolygon& polygon) {
     }
     const int nMiddle = GRID_LINES / 2;
     SLabelPoint best{across.At(nMiddle), upward.At(nMiddle), 0.0};
-    best.m_Room = RoomAt(polygon, best.m_X, best.m_Y);
+    best.m_Room = RoomAt(polygon, best.m_X, best.m_Y, 0.0);
     for (int i = 0; i < GRID_LINES * GRID_LINES; ++i) {
         const double x = across.At(i % GRID_LINES);
         const double y = upward.At(i / GRID_LINES);
-        const double room = RoomAt(polygon, x, y);
         // A little more room is not worth leaving the middle for.
-        if (room > CLEARLY_MORE * best.m_Room) {
+        const double room = RoomAt(polygon, x, y, CLEARLY_MORE * best.m_Room);
+        if (room > 0.0) {
             best = {x, y, room};
         }
     }

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "PolygonFile.h"
-
 namespace fs = std::filesystem;
 
 namespace {
@@ -29,17 +27,6 @@ std::string ListFolder(const std::string& folder, std::vector<std::string>& file
     return files.empty() ? "the folder holds no .pol files" : "";
 }
 
-void NoteFault(SPolygonPaths& found, const std::string& path, const std::string& reason) {
-    if (!reason.empty()) {
-        found.m_Faults.push_back(path + ": " + reason);
-    }
-}
-
-void CheckFile(SPolygonPaths& found, const std::string& file) {
-    NoteFault(found, file, ReadPolygonFile(file.c_str()).m_Fault);
-    found.m_Files.push_back(file);
-}
-
 }  // namespace
 
 SPolygonPaths FindPolygonFiles(std::span<const std::string> paths) {
@@ -47,14 +34,14 @@ SPolygonPaths FindPolygonFiles(std::span<const std::string> paths) {
     for (const std::string& path : paths) {
         std::error_code error;
         if (!fs::is_directory(path, error)) {
-            CheckFile(found, path);
+            found.m_Files.push_back(path);
             continue;
         }
         std::vector<std::string> files;
-        NoteFault(found, path, ListFolder(path, files));
-        for (const std::string& file : files) {
-            CheckFile(found, file);
+        if (const std::string fault = ListFolder(path, files); !fault.empty()) {
+            found.m_Faults.push_back(path + ": " + fault);
         }
+        found.m_Files.insert(found.m_Files.end(), files.begin(), files.end());
     }
     return found;
 }

@@ -7,7 +7,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <fstream>
 #include <sstream>
+#include <thread>
 #include <vector>
 
 #include "CTemporaryFolder.h"
@@ -20,6 +23,41 @@ namespace {
 int ExitStatusOf(int nWaitStatus) {
     return WIFEXITED(nWaitStatus) ? WEXITSTATUS(nWaitStatus) : -1;
 }
+
+/// How a new program gets the signals that end programs: ignored, as this process ignores it while this
+/// object lives, or at their defaults.
+class CInheritedSignals {
+public:
+    explicit CInheritedSignals(int nIgnored) : m_nIgnored(nIgnored) {
+        posix_spawnattr_init(&m_Attributes);
+        posix_spawnattr_setflags(&m_Attributes, POSIX_SPAWN_SETSIGDEF);
+        sigset_t defaults;
+        sigemptyset(&defaults);
+        for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) {
+            if (nSignal == nIgnored) {
+                m_Previous = signal(nSignal, SIG_IGN);
+            } else {
+                sigaddset(&defaults, nSignal);
+            }
+        }
+        posix_spawnattr_setsigdefault(&m_Attributes, &defaults);
+    }
+    ~CInheritedSignals() {
+        if (m_nIgnored != 0) {
+            signal(m_nIgnored, m_Previous);
+        }
+        posix_spawnattr_destroy(&m_Attributes);
+    }
+    CInheritedSignals(const CInheritedSignals&) = delete;
+    CInheritedSignals& operator=(const CInheritedSignals&) = delete;
+
+    [[nodiscard]] const posix_spawnattr_t* Attributes() const { return &m_Attributes; }
+
+private:
+    posix_spawnattr_t m_Attributes{};
+    int m_nIgnored;
+    sighandler_t m_Previous = SIG_DFL;
+};
 
 }  // namespace
 
@@ -46,7 +84,7 @@ SBatchResult RunBatchProgram(const std::string& arguments, const std::string& be
     return result;
 }
 
-CRunningBatch::CRunningBatch(const std::string& arguments) {
+CRunningBatch::CRunningBatch(const std::string& arguments, int nIgnoredSignal) {
     std::vector<std::string> words{NESTRIX_BATCH};
     std::istringstream stream(arguments);
     for (std::string word; stream >> word;) {
@@ -63,7 +101,9 @@ CRunningBatch::CRunningBatch(const std::string& arguments) {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, pipeEnds[1], STDOUT_FILENO);
-    EXPECT_EQ(posix_spawn(&m_nProcess, NESTRIX_BATCH, &actions, nullptr, argv.data(), environ), 0);
+    const CInheritedSignals signals(nIgnoredSignal);
+    EXPECT_EQ(posix_spawn(&m_nProcess, NESTRIX_BATCH, &actions, signals.Attributes(), argv.data(), environ),
+              0);
     posix_spawn_file_actions_destroy(&actions);
     close(pipeEnds[1]);
     m_pPipe = fdopen(pipeEnds[0], "r");
@@ -101,6 +141,18 @@ bool CRunningBatch::ReadUntil(const std::string& start) {
 
 void CRunningBatch::Signal(int nSignal) const {
     EXPECT_EQ(kill(m_nProcess, nSignal), 0);
+}
+
+void CRunningBatch::WaitUntilItHandles(int nSignal) const {
+    const std::string path = "/proc/" + std::to_string(m_nProcess) + "/status";
+    for (uint64_t nHandled = 0; (nHandled >> (nSignal - 1) & 1U) == 0;) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        std::ifstream status(path);
+        std::string word;
+        while (status >> word && word != "SigCgt:") {
+        }
+        ASSERT_TRUE(status >> std::hex >> nHandled) << "the program has ended";
+    }
 }
 
 void CRunningBatch::CloseOutput() {

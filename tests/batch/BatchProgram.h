@@ -21,8 +21,9 @@ struct SBatchResult {
 /// The real program while it runs, its standard output on a pipe.
 class CRunningBatch {
 public:
-    /// `arguments` are separated by blanks and reach the program as they are.
-    explicit CRunningBatch(const std::string& arguments);
+    /// `arguments` are separated by blanks and reach the program as they are. Whatever this process does with
+    /// the signals that end programs, the new one has them at their defaults, but for nIgnoredSignal.
+    explicit CRunningBatch(const std::string& arguments, int nIgnoredSignal = 0);
     ~CRunningBatch();
     CRunningBatch(const CRunningBatch&) = delete;
     CRunningBatch& operator=(const CRunningBatch&) = delete;
@@ -30,6 +31,9 @@ public:
     /// Reads until a line begins with `start`. False when the output ends first.
     bool ReadUntil(const std::string& start);
     void Signal(int nSignal) const;
+
+    /// Waits until the program handles the signal itself, as it does from the beginning of the search on.
+    void WaitUntilItHandles(int nSignal) const;
 
     /// Reads no more: the program's next line meets a closed pipe.
     void CloseOutput();

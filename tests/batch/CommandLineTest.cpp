@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "BatchProgram.h"
+#include "CTemporaryFolder.h"
+#include "TextFiles.h"
 
 using testing::HasSubstr;
 
@@ -61,6 +65,37 @@ TEST(CommandLine, MutationThatIsNoProbabilityIsRefused) {
 TEST(CommandLine, SeedBeyondAnUnsignedIntIsRefused) {
     ExpectRefused(RunWithBadOptions("--seed 4294967296"), "--seed");
     ExpectRefused(RunWithBadOptions("--seed -1"), "--seed");
+}
+
+TEST(CommandLine, NumbersThatAreNotWrittenInDecimalDigitsAreRefused) {
+    for (char const* const pNumber : {"''", "0x10", "1e2", "1.0", "' 7'", "'7 '", "+7", "7u", "seven"}) {
+        ExpectRefused(RunWithBadOptions(std::string("--seed ") + pNumber), "--seed");
+        ExpectRefused(RunWithBadOptions(std::string("--population ") + pNumber), "--population");
+        ExpectRefused(RunWithBadOptions(std::string("--generations ") + pNumber), "--generations");
+    }
+    ExpectRefused(RunWithBadOptions("--seed="), "--seed");
+    ExpectRefused(RunWithBadOptions("--mutation ''"), "--mutation");
+}
+
+TEST(CommandLine, ZerosInFrontOfANumberDoNotMakeItOctal) {
+    const SBatchResult result = RunWithBadOptions("--population 010 --generations 008 --seed 0010");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.ValueOf("Seed: "), "10");
+    EXPECT_THAT(result.m_Output, HasSubstr("Generation 8 has been created with 10 many individuals"));
+}
+
+TEST(CommandLine, ArgumentInBracketsIsTakenWhole) {
+    const support::CTemporaryFolder folder;
+    std::filesystem::create_directory(folder.PathOf("[set 1]"));
+    (void)folder.Write("[set 1]/a.pol", SquareFile(10.0F));
+    (void)folder.Write("[b,c]", SquareFile(20.0F));
+    const SBatchResult result =
+        RunBatchProgram("'[set 1]' '[b,c]' '[set 1]/a.pol' --population 3 --generations 0 --svg '[x, y]'",
+                        "cd " + folder.Path().native());
+    EXPECT_EQ(result.m_Errors, "");
+    EXPECT_THAT(ReadFile(folder.PathOf("[x, y]")), HasSubstr("Packing of 3 pieces"));
+    EXPECT_EQ(EntryCount(folder.Path()), 3);
+    EXPECT_THAT(RunBatchProgram("'[no, such]'").m_Errors, HasSubstr(": [no, such]: No such file"));
 }
 
 TEST(CommandLine, EmptyNameForThePictureIsRefused) {

@@ -1,9 +1,14 @@
 #include <gmock/gmock.h>
+#include <sys/inotify.h>
+#include <unistd.h>
 
+#include <array>
 #include <filesystem>
 
 #include "BatchProgram.h"
 #include "CTemporaryFolder.h"
+#include "PolygonInput.h"
+#include "PolygonMaking.h"
 #include "PolygonPaths.h"
 #include "TextFiles.h"
 
@@ -11,6 +16,7 @@ using support::CTemporaryFolder;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 namespace fs = std::filesystem;
 
@@ -48,7 +54,42 @@ TEST(PolygonFiles, OfAFolderAreOnlyThoseWithTheExtension) {
 TEST(PolygonFiles, NamedOutrightNeedNoExtension) {
     const CTemporaryFolder folder;
     const std::vector<std::string> paths{folder.Write("square.txt", SquareFile(10.0F))};
-    EXPECT_THAT(FindPolygonFiles(paths).m_Faults, IsEmpty());
+    const SPolygonInput input = ReadPolygonInput(paths, 400.0F);
+    EXPECT_THAT(input.m_Faults, IsEmpty());
+    EXPECT_THAT(input.m_Polygons, ElementsAre(support::MakeSquare(10.0F)));
+}
+
+/// Counts how often files are opened.
+class COpenings {
+public:
+    explicit COpenings(const std::string& path) : m_nQueue(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+        EXPECT_GE(inotify_add_watch(m_nQueue, path.c_str(), IN_OPEN), 0);
+    }
+    ~COpenings() { close(m_nQueue); }
+    COpenings(const COpenings&) = delete;
+    COpenings& operator=(const COpenings&) = delete;
+
+    [[nodiscard]] int Count() const {
+        std::array<inotify_event, 64> events;  // none has a name: a file is watched
+        const ssize_t nBytes = read(m_nQueue, events.data(), sizeof events);
+        return nBytes < 0 ? 0 : static_cast<int>(nBytes) / static_cast<int>(sizeof(inotify_event));
+    }
+
+private:
+    int m_nQueue;
+};
+
+/// What is checked is what is packed, even if the file is replaced in between.
+TEST(PolygonFiles, AreOpenedOnce) {
+    const CTemporaryFolder folder;
+    const std::string square = folder.Write("a.pol", SquareFile(10.0F));
+    const std::string unsound = folder.Write("b.pol", "3\n0,0\n");
+    const COpenings sound(square);
+    EXPECT_EQ(RunBatchProgram(square + " --population 2 --generations 1").m_nStatus, 0);
+    EXPECT_EQ(sound.Count(), 1);
+    const COpenings faulty(unsound);
+    EXPECT_EQ(RunBatchProgram(folder.Path().native() + " --population 2").m_nStatus, 2);
+    EXPECT_EQ(faulty.Count(), 1);
 }
 
 TEST(PolygonFiles, AreSearchedInTheOrderOfTheirNames) {
@@ -102,10 +143,67 @@ TEST(BadFiles, AreAllNamedBeforeAnySearch) {
         RunBatchProgram(shortened + " " + sound + " " + boxless + " " + infinite + " /no/such.pol");
     EXPECT_EQ(result.m_nStatus, 2);
     EXPECT_EQ(result.m_Output, "");
-    for (const std::string& file : {shortened, boxless, infinite, std::string("/no/such.pol")}) {
-        EXPECT_THAT(result.m_Errors, HasSubstr(file + ": "));
+    for (const std::string& place :
+         {shortened + ":4: ", boxless + ":5: ", infinite + ":3: ", std::string("/no/such.pol: ")}) {
+        EXPECT_THAT(result.m_Errors, HasSubstr("nestrix-batch: " + place));
     }
     EXPECT_EQ(CountOf("\n", result.m_Errors), 4);
+}
+
+/// The warnings about one file, each without its path.
+std::vector<std::string> WarningsOf(const std::string& text) {
+    const CTemporaryFolder folder;
+    const std::vector<std::string> paths{folder.Write("odd.pol", text)};
+    SPolygonInput input = ReadPolygonInput(paths, 400.0F);
+    EXPECT_THAT(input.m_Faults, IsEmpty());
+    EXPECT_EQ(input.m_Polygons.size(), 1U);
+    for (std::string& warning : input.m_Warnings) {
+        EXPECT_TRUE(warning.starts_with(paths[0] + ":"));
+        warning.erase(0, paths[0].size() + 1);
+    }
+    return input.m_Warnings;
+}
+
+TEST(OddFile, ThatIsNotOddGivesNoWarning) {
+    EXPECT_THAT(WarningsOf(SquareFile(10.0F)), IsEmpty());
+    EXPECT_THAT(WarningsOf("3\n0,0\n400,0\n0,9\n;400,9\n0,0\n"), IsEmpty()) << "just as wide as the strip";
+    EXPECT_THAT(WarningsOf("3\n0,0\n4,0\n8,0\n;8,0\n0,0\n"), IsEmpty()) << "no area, no winding";
+    EXPECT_THAT(WarningsOf("3\n0,0\n4,0\n0,9\n;5,10\n-1,-1\n"), IsEmpty()) << "a box with room";
+}
+
+TEST(OddFile, WhoseOutlineRunsClockwiseIsNamed) {
+    EXPECT_THAT(WarningsOf("\n3\n\n0,0\n0,9\n9,0\n;9,9\n0,0"),
+                ElementsAre(StartsWith("4: the outline runs clockwise")));
+}
+
+TEST(OddFile, WhoseBoxLeavesOutAVertexIsNamed) {
+    const std::string outline = "3\n0,0\n9,0\n9,8\n";
+    for (char const* const pBox : {";8,8\n0,0", ";9,7\n0,0", ";9,8\n1,0", ";9,8\n0,0.5"}) {
+        EXPECT_THAT(WarningsOf(outline + pBox),
+                    ElementsAre(StartsWith("5: the bounding box does not enclose")))
+            << pBox;
+    }
+}
+
+TEST(OddFile, WiderThanTheStripIsNamed) {
+    EXPECT_THAT(WarningsOf("3\n-1,0\n400,0\n0,9\n\n;400,9\n-1,0"),
+                ElementsAre(StartsWith("6: the piece is wider than the strip")));
+}
+
+TEST(OddFile, WithMoreThanOnePolygonIsNamed) {
+    EXPECT_THAT(WarningsOf(SquareFile(10.0F) + "\n" + SquareFile(20.0F)),
+                ElementsAre(StartsWith("9: what follows the bounding box is left out")));
+}
+
+TEST(OddFiles, AreNamedOnStandardErrorAndPacked) {
+    const CTemporaryFolder folder;
+    const std::string clockwise = folder.Write("a.pol", "3\n0,0\n0,9\n9,0\n;9,9\n0,0");
+    const std::string options = " --population 4 --generations 2 --seed 1";
+    const SBatchResult result = RunBatchProgram(clockwise + " " + NESTRIX_SAMPLES "/squares" + options);
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_NE(result.ValueOf("Best height: "), "");
+    EXPECT_THAT(result.m_Errors, StartsWith("nestrix-batch: warning: " + clockwise + ":2: "));
+    EXPECT_EQ(CountOf("\n", result.m_Errors), 1);
 }
 
 TEST(BadFiles, LeaveNoPictureBehind) {

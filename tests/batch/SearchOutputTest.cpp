@@ -108,6 +108,46 @@ TEST(StandardOutput, ThatCannotBeWrittenCostsNoPicture) {
     EXPECT_EQ(ReadFile(picture), ReadFile("golden/squares.svg"));
 }
 
+/// A search that gets better and better, and its picture.
+void ExpectTheSamePictureAs(const std::string& redirection, int nStatus) {
+    const CTemporaryFolder folder;
+    const std::string search = NESTRIX_SAMPLES "/concave --population 20 --generations 40 --seed 3 --svg ";
+    const std::string first = NESTRIX_SAMPLES "/concave --population 20 --generations 5 --seed 3 --svg ";
+    ASSERT_EQ(RunBatchProgram(search + folder.PathOf("expected.svg")).m_nStatus, 0);
+    ASSERT_EQ(RunBatchProgram(first + folder.PathOf("first.svg")).m_nStatus, 0);
+    ASSERT_NE(ReadFile(folder.PathOf("first.svg")), ReadFile(folder.PathOf("expected.svg")));
+    const SBatchResult result = RunBatchProgram(search + folder.PathOf("packing.svg") + " " + redirection);
+    EXPECT_EQ(result.m_nStatus, nStatus);
+    EXPECT_EQ(ReadFile(folder.PathOf("packing.svg")), ReadFile(folder.PathOf("expected.svg")));
+    EXPECT_EQ(EntryCount(folder.Path()), 3);
+}
+
+TEST(StandardOutput, ThatCannotBeWrittenDoesNotCutTheSearchOffFromItsPicture) {
+    ExpectTheSamePictureAs(">/dev/full", 1);
+    ExpectTheSamePictureAs("| head -n 2 >/dev/null", 0);  // the status of head
+}
+
+TEST(StandardOutput, ThatIsClosedDoesNotCutTheSearchOffFromItsPicture) {
+    ExpectTheSamePictureAs(">&-", 1);
+    ExpectTheSamePictureAs("<&- >&- 2>&-", 1);
+}
+
+TEST(StandardInput, ThatIsClosedChangesNothing) {
+    ExpectTheSamePictureAs("<&-", 0);
+}
+
+TEST(StandardError, ThatIsClosedChangesNothing) {
+    ExpectTheSamePictureAs("2>&-", 0);
+}
+
+TEST(StandardOutput, BeyondTheLargestSizeOfAFileDoesNotKillTheProgram) {
+    const CTemporaryFolder folder;
+    const std::string search = NESTRIX_SAMPLES "/squares --population 2 --generations 200 --seed 1 >";
+    const SBatchResult result = RunBatchProgram(search + folder.PathOf("out"), "ulimit -f 8");
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_THAT(result.m_Errors, HasSubstr("standard output could not be written"));
+}
+
 TEST(StandardError, ThatCannotBeWrittenKeepsTheStatus) {
     EXPECT_EQ(RunBatchProgram("missing.pol 2>/dev/full").m_nStatus, 2);
 }
@@ -116,7 +156,7 @@ TEST(StandardOutput, ThatCannotBeWrittenFailsWithoutAnyGeneration) {
     EXPECT_EQ(RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 0 >/dev/full").m_nStatus, 1);
 }
 
-TEST(StandardOutput, ThatNobodyReadsAnyMoreEndsTheSearch) {
+TEST(StandardOutput, ThatNobodyReadsAnyMoreEndsASearchThatDrawsNoPicture) {
     CRunningBatch batch(NESTRIX_SAMPLES "/squares --generations 2000000000");
     ASSERT_TRUE(batch.ReadUntil("Generation 1 "));
     batch.CloseOutput();

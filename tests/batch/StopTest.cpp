@@ -1,11 +1,17 @@
 #include <gmock/gmock.h>
 #include <signal.h>
+#include <string.h>
+
+#include <chrono>
+#include <thread>
 
 #include "BatchProgram.h"
-#include "CContainer.h"
+#include "CStopSignals.h"
 #include "CTemporaryFolder.h"
-#include "StopSignals.h"
+#include "Outlines.h"
+#include "PolygonMaking.h"
 #include "TextFiles.h"
+#include "UnderSanitizer.h"
 
 using support::CTemporaryFolder;
 using testing::HasSubstr;
@@ -27,23 +33,31 @@ void ExpectResultAfter(int nSignal) {
     EXPECT_EQ(EntryCount(folder.Path()), 1);
 }
 
-/// Asks for a stop through the signals alone, as the program does.
-class CStopOnRequest final : public CGenerationSink {
-public:
-    CStopOnRequest(CContainer& container, const CStopSignals& signals)
-        : m_Container(container), m_Signals(signals) {}
+/// A polygon file with a round piece of very many vertices.
+std::string DiscFile(int nVertices) {
+    support::CSeededRandom random(1);
+    return support::PolygonFileText(
+        support::MakePolygon(support::ConvexOutline(random, nVertices, 300.0F, 300.0F)));
+}
 
-    void GenerationDone(int nGeneration) override {
-        m_nLast = nGeneration;
-        if (m_Signals.WasRequested()) {
-            m_Container.m_bStop = true;
-        }
+/// The same path over and over.
+std::string Repeated(const std::string& path, int nTimes) {
+    std::string arguments;
+    for (int i = 0; i < nTimes; ++i) {
+        arguments += path + " ";
     }
+    return arguments;
+}
 
-    CContainer& m_Container;
-    const CStopSignals& m_Signals;
-    int m_nLast = -1;
-};
+/// Sends the signal and waits for the end, which must come soon.
+int StatusSoonAfter(CRunningBatch& batch, int nSignal) {
+    const auto begin = std::chrono::steady_clock::now();
+    batch.Signal(nSignal);
+    const int nStatus = batch.WaitForEnd();
+    EXPECT_LT(std::chrono::steady_clock::now() - begin,
+              std::chrono::milliseconds(support::UNDER_SANITIZER ? 5000 : 1000));
+    return nStatus;
+}
 
 void KeepHandler(int /*nSignal*/) {}
 
@@ -56,6 +70,61 @@ TEST(CtrlC, StopsTheSearchAndStillWritesTheResult) {
 TEST(Termination, StopsTheSearchAndStillWritesTheResult) {
     ExpectResultAfter(SIGTERM);
 }
+
+TEST(EndOfTheTerminal, StopsTheSearchAndStillWritesTheResult) {
+    ExpectResultAfter(SIGHUP);
+}
+
+TEST(CtrlC, WithinTheFirstGenerationKeepsTheBestSoFar) {
+    // Placing all of it would take minutes.
+    const CTemporaryFolder folder;
+    const std::string disc = folder.Write("disc.pol", DiscFile(2000));
+    CRunningBatch batch(Repeated(disc, 20) + "--population 200000 --seed 5 --svg " +
+                        folder.PathOf("best.svg"));
+    batch.WaitUntilItHandles(SIGINT);
+    std::this_thread::sleep_for(std::chrono::milliseconds(support::UNDER_SANITIZER ? 5000 : 1000));
+    EXPECT_EQ(StatusSoonAfter(batch, SIGINT), 0);
+    EXPECT_THAT(batch.Output(), MatchesRegex("Seed: 5\nBest height: [0-9.]+\n"));
+    EXPECT_THAT(ReadFile(folder.PathOf("best.svg")), HasSubstr("Packing of 20 pieces"));
+}
+
+TEST(CtrlC, BeforeThereIsAnyPackingSaysSo) {
+    // The last piece has all of them walk onto each other, each pair for most of a second.
+    const CTemporaryFolder folder;
+    const std::string disc = folder.Write("disc.pol", DiscFile(40'000));
+    const std::string beyond = folder.Write("beyond.pol", "3\n0,0\n1,0\n1,1e19\n;1,1\n0,0\n");
+    CRunningBatch batch(Repeated(disc, 9) + beyond + " --svg " + folder.PathOf("best.svg"));
+    batch.WaitUntilItHandles(SIGINT);
+    EXPECT_EQ(StatusSoonAfter(batch, SIGINT), 1);
+    EXPECT_EQ(batch.Output(), "");
+    EXPECT_EQ(EntryCount(folder.Path()), 2);
+}
+
+TEST(CtrlC, WhileThePolygonsAreReadEndsTheProgram) {
+    const CTemporaryFolder folder;
+    const std::string disc = folder.Write("disc.pol", DiscFile(100'000));
+    CRunningBatch batch(Repeated(disc, 100) + "--svg " + folder.PathOf("best.svg"));
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    EXPECT_EQ(StatusSoonAfter(batch, SIGINT), -1);
+    EXPECT_EQ(batch.Output(), "");
+    EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+class InheritedIgnorance : public testing::TestWithParam<int> {};
+
+TEST_P(InheritedIgnorance, OfASignalIsRespected) {
+    const int nOther = GetParam() == SIGTERM ? SIGHUP : SIGTERM;
+    CRunningBatch batch(ENDLESS_SEARCH, GetParam());
+    batch.WaitUntilItHandles(nOther);
+    ASSERT_TRUE(batch.ReadUntil("Generation 1 "));
+    batch.Signal(GetParam());
+    EXPECT_TRUE(batch.ReadUntil("Generation 2000 ")) << "the signal has ended the search";
+    batch.Signal(nOther);
+    EXPECT_EQ(batch.WaitForEnd(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, InheritedIgnorance, testing::Values(SIGINT, SIGTERM, SIGHUP),
+                         [](const auto& signal) { return std::string(sigabbrev_np(signal.param)); });
 
 TEST(CtrlC, PressedTwiceStillWritesTheResult) {
     const CTemporaryFolder folder;
@@ -80,45 +149,32 @@ TEST(CtrlC, ThatAlsoEndsTheReaderOfThePipeStillDrawsThePicture) {
     EXPECT_THAT(ReadFile(folder.PathOf("packing.svg")), HasSubstr("</svg>"));
 }
 
-TEST(StopSignal, BeforeTheSearchClearsItsFlagIsNotLost) {
-    CContainer container;
-    const CStopSignals signals(container.m_bStop);
-    CStopOnRequest sink(container, signals);
-    raise(SIGINT);
-    EXPECT_TRUE(container.m_bStop);
-    container.RunSearch(2, 1'000'000'000, 1, sink);
-    EXPECT_EQ(sink.m_nLast, 0);
-}
-
-TEST(StopSignal, SetsTheFlagAtOnce) {
-    CRelaxed<bool> stopFlag = false;
-    const CStopSignals signals(stopFlag);
-    EXPECT_FALSE(signals.WasRequested());
-    raise(SIGTERM);
-    EXPECT_TRUE(stopFlag);
-    EXPECT_TRUE(signals.WasRequested());
+TEST(StopSignal, MakesTheRequestAtOnce) {
+    for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) {
+        const auto previous = signal(nSignal, SIG_DFL);
+        {
+            CRelaxed<bool> request = false;
+            const CStopSignals signals(request);
+            EXPECT_FALSE(request);
+            raise(nSignal);
+            EXPECT_TRUE(request);
+        }
+        signal(nSignal, previous);
+    }
 }
 
 TEST(StopSignals, GiveTheSignalsBackToTheirPreviousHandlers) {
-    struct sigaction action = {};
-    action.sa_handler = KeepHandler;
-    struct sigaction before = {};
-    sigaction(SIGINT, &action, &before);
-    {
-        CRelaxed<bool> stopFlag = false;
-        const CStopSignals signals(stopFlag);
+    for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) {
+        struct sigaction action = {};
+        action.sa_handler = KeepHandler;
+        struct sigaction before = {};
+        sigaction(nSignal, &action, &before);
+        {
+            CRelaxed<bool> request = false;
+            const CStopSignals signals(request);
+        }
+        struct sigaction after = {};
+        sigaction(nSignal, &before, &after);
+        EXPECT_EQ(after.sa_handler, KeepHandler);
     }
-    struct sigaction after = {};
-    sigaction(SIGINT, &before, &after);
-    EXPECT_EQ(after.sa_handler, KeepHandler);
-}
-
-TEST(StopSignals, BeginAnewWithoutARequest) {
-    CRelaxed<bool> stopFlag = false;
-    {
-        const CStopSignals signals(stopFlag);
-        raise(SIGINT);
-    }
-    const CStopSignals signals(stopFlag);
-    EXPECT_FALSE(signals.WasRequested());
 }

@@ -1,0 +1,36 @@
+#include "CPictureFile.h"
+
+#include <algorithm>
+
+#include "PackingSvg.h"
+
+CPictureFile::CPictureFile(const std::string& path) : m_Path(path) {
+    if (!path.empty()) {
+        m_File.emplace(path);
+    }
+}
+
+std::string CPictureFile::FindReplaced(std::span<const std::string> files) const {
+    const auto replaced = std::find_if(files.begin(), files.end(), [this](const std::string& file) {
+        return m_File && m_File->WouldReplace(file);
+    });
+    return replaced != files.end() ? *replaced : std::string();
+}
+
+std::string CPictureFile::Fault() const {
+    return m_File ? InWords(m_File->Fault()) : std::string();
+}
+
+std::string CPictureFile::Draw(const CContainer& container, float fHeight) {
+    if (!m_File) {
+        return {};
+    }
+    std::vector<CPolygon> placed;
+    (void)container.PlaceChromosome(container.m_BestChromosome, placed, nullptr);
+    const std::string picture = DrawPackingSvg({placed, container.m_fContainerWidth, fHeight});
+    return picture.empty() ? "the packing is too large to draw" : InWords(m_File->Write(picture));
+}
+
+std::string CPictureFile::InWords(const std::string& fault) const {
+    return fault.empty() ? fault : "cannot write " + m_Path + ": " + fault;
+}

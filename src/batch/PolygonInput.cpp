@@ -1,0 +1,73 @@
+#include "PolygonInput.h"
+
+#include <algorithm>
+
+#include "PolygonFile.h"
+#include "PolygonPaths.h"
+
+namespace {
+
+/// Twice the area, negative for an outline that runs clockwise.
+double SignedArea(const CPolygon& polygon) {
+    double area = 0.0;
+    for (const CLine& line : polygon.m_Lines) {
+        const mgVector3& start = polygon.PositionOf(line.m_nStart);
+        const mgVector3& end = polygon.PositionOf(line.m_nEnd);
+        area += static_cast<double>(start.x) * static_cast<double>(end.y) -
+                static_cast<double>(end.x) * static_cast<double>(start.y);
+    }
+    return area;
+}
+
+bool IsEnclosed(const CPolygon& polygon) {
+    const mgVector3& low = polygon.m_BoundingBoxMin;
+    const mgVector3& high = polygon.m_BoundingBoxMax;
+    return std::all_of(polygon.m_Points.begin(), polygon.m_Points.end(), [&](const CPoint& point) {
+        const mgVector3& at = point.m_Position;
+        return at.x >= low.x && at.x <= high.x && at.y >= low.y && at.y <= high.y;
+    });
+}
+
+/// Names the place in the manner of compilers, so that editors find it.
+std::string Remark(const std::string& path, int nLine, const std::string& remark) {
+    return path + ":" + (nLine > 0 ? std::to_string(nLine) + ": " : " ") + remark;
+}
+
+void NoteOddities(const std::string& path, const SPolygonFile& file, float fStripWidth,
+                  std::vector<std::string>& warnings) {
+    const CPolygon& polygon = file.m_Polygon;
+    if (SignedArea(polygon) < 0.0) {
+        warnings.push_back(Remark(path, file.m_nOutlineLine,
+                                  "the outline runs clockwise: other pieces may come to lie on top of it"));
+    }
+    if (!IsEnclosed(polygon)) {
+        warnings.push_back(Remark(path, file.m_nBoxLine,
+                                  "the bounding box does not enclose the outline: the piece may stick out of "
+                                  "the strip or overlap others"));
+    }
+    if (polygon.m_BoundingBoxMax.x - polygon.m_BoundingBoxMin.x > fStripWidth) {
+        warnings.push_back(Remark(path, file.m_nBoxLine,
+                                  "the piece is wider than the strip: it will stick out on the left"));
+    }
+    if (file.m_nRestLine > 0) {
+        warnings.push_back(Remark(path, file.m_nRestLine,
+                                  "what follows the bounding box is left out: a file holds one polygon"));
+    }
+}
+
+}  // namespace
+
+SPolygonInput ReadPolygonInput(std::span<const std::string> paths, float fStripWidth) {
+    SPolygonPaths found = FindPolygonFiles(paths);
+    SPolygonInput input{std::move(found.m_Files), {}, std::move(found.m_Faults), {}};
+    for (const std::string& path : input.m_Files) {
+        SPolygonFile file = ReadPolygonFile(path.c_str());
+        if (!file.m_Fault.empty()) {
+            input.m_Faults.push_back(Remark(path, file.m_nFaultLine, file.m_Fault));
+            continue;
+        }
+        NoteOddities(path, file, fStripWidth, input.m_Warnings);
+        input.m_Polygons.push_back(std::move(file.m_Polygon));
+    }
+    return input;
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "Polygon.h"
+
+/// What the polygon files that some paths stand for give. Each is read once.
+struct SPolygonInput {
+    std::vector<std::string> m_Files;  ///< all of them
+    std::vector<CPolygon> m_Polygons;  ///< of the sound ones, in their order
+    /// "path: reason" for every folder at fault, "path:line: reason" for every file that is not sound.
+    std::vector<std::string> m_Faults;
+    std::vector<std::string> m_Warnings;  ///< "path:line: reason" for what is odd about sound files
+};
+
+/// Finds and reads polygon files. Odd is an outline that runs clockwise, a bounding box that does not enclose
+/// it or is wider than the strip, and whatever follows the box.
+/// @param paths files, and folders of them: see FindPolygonFiles.
+[[nodiscard]] SPolygonInput ReadPolygonInput(std::span<const std::string> paths, float fStripWidth);
