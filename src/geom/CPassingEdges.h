@@ -15,9 +15,10 @@
 /// range of those that came by. The loser of a comparison goes on to the half in which it may yet win; it can
 /// cross the winner only once. So the edge that is lowest at a place lies on the way from the root to it.
 ///
-/// Heights are computed with rounding, so that an edge dropped for good may turn out lower than the edges
-/// kept, by a little. What it may be lower by is added to its node's doubt. Where a vertex lies below all
-/// edges on its way, but by no more than their doubts, the answer is open.
+/// Heights are computed with rounding, so that an edge dropped for good may turn out lower than the one it
+/// lost to, by a little. What it may be lower by is added to its node's doubt; and since the winner may lose
+/// further down in turn, no edge is lower than the lowest on the way less all the doubts on the way. Where a
+/// vertex lies below the lowest, but not by more than these, the answer is open.
 class CPassingEdges {
 public:
     enum class EAnswer { Hidden, Exposed, Open };

@@ -10,7 +10,9 @@ namespace {
 /// errors on the way to the sum, and the sum adds one: 2^-53 times (start + 4 rises), here taken as eight of
 /// both, which leaves room for the rounding of whatever is done with two heights.
 float NoiseOf(double startHeight, double largestRise) {
-    return static_cast<float>(0x1p-50 * (std::abs(startHeight) + std::abs(largestRise)));
+    const double noise = 0x1p-50 * (std::abs(startHeight) + std::abs(largestRise));
+    // Up, since otherwise that of the smallest coordinates would be 0.
+    return std::nextafter(static_cast<float>(noise), std::numeric_limits<float>::infinity());
 }
 
 }  // namespace

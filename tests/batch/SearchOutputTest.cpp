@@ -1,7 +1,12 @@
 #include <gmock/gmock.h>
+
+#include <limits>
+
 #include "BatchProgram.h"
 #include "CCommaLocale.h"
+#include "CPictureFile.h"
 #include "CTemporaryFolder.h"
+#include "PolygonMaking.h"
 #include "TextFiles.h"
 
 using support::CCommaLocale;
@@ -43,6 +48,19 @@ TEST(SmallSearch, RepeatsItselfWithTheSameSeed) {
 TEST(SmallSearch, DiffersWithAnotherSeed) {
     const std::string search = NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed ";
     EXPECT_NE(RunBatchProgram(search + "11").m_Output, RunBatchProgram(search + "12").m_Output);
+}
+
+TEST(SmallSearch, WithoutASeedTakesAnotherOneEverySecond) {
+    const std::string search = NESTRIX_SAMPLES "/squares --population 2 --generations 0";
+    const SBatchResult first = RunBatchProgram(search);
+    EXPECT_NE(first.ValueOf("Seed: "), RunBatchProgram(search, "sleep 1.1").ValueOf("Seed: "));
+}
+
+TEST(SmallSearch, MutatesAsOftenAsItIsTold) {
+    const std::string search = NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed 11";
+    const std::string usual = RunBatchProgram(search).m_Output;
+    EXPECT_EQ(RunBatchProgram(search + " --mutation 0.1").m_Output, usual);
+    EXPECT_NE(RunBatchProgram(search + " --mutation 1").m_Output, usual);
 }
 
 TEST(SmallSearch, WithoutASeedSaysWhichOneRepeatsIt) {
@@ -163,6 +181,16 @@ TEST(StandardOutput, ThatNobodyReadsAnyMoreEndsASearchThatDrawsNoPicture) {
     EXPECT_EQ(batch.WaitForEnd(), 1);
 }
 
+TEST(PackingBeyondAllNumbers, IsNotDrawn) {
+    const CTemporaryFolder folder;
+    CContainer container;
+    container.m_Polygons = {support::MakeSquare(std::numeric_limits<float>::infinity())};
+    container.m_BestChromosome.SetGeneCount(1);
+    CPictureFile picture(folder.PathOf("packing.svg"));
+    EXPECT_EQ(picture.Draw(container, 20.0F), "the packing is too large to draw");
+    EXPECT_EQ(EntryCount(folder.Path()), 0);
+}
+
 TEST(EndlessPolygons, GiveNoHeightAndNoPicture) {
     const CTemporaryFolder folder;
     const std::string huge = "3\n0,0\n1,0\n0,3e38\n;1,3e38\n0,0\n";
@@ -170,7 +198,8 @@ TEST(EndlessPolygons, GiveNoHeightAndNoPicture) {
     const SBatchResult result =
         RunBatchProgram(piece + " " + piece + " --generations 1 --svg " + folder.PathOf("packing.svg"));
     EXPECT_EQ(result.m_nStatus, 1);
-    EXPECT_THAT(result.m_Errors, HasSubstr("too large"));
+    EXPECT_THAT(result.m_Errors, HasSubstr("too large: their packing has no finite height"));
     EXPECT_THAT(result.m_Output, Not(HasSubstr("Best height")));
     EXPECT_EQ(EntryCount(folder.Path()), 1);
+    EXPECT_EQ(RunBatchProgram(piece + " " + piece + " --generations 1").m_nStatus, 1);
 }

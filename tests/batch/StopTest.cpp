@@ -40,22 +40,13 @@ std::string DiscFile(int nVertices) {
         support::MakePolygon(support::ConvexOutline(random, nVertices, 300.0F, 300.0F)));
 }
 
-/// The same path over and over.
-std::string Repeated(const std::string& path, int nTimes) {
-    std::string arguments;
-    for (int i = 0; i < nTimes; ++i) {
-        arguments += path + " ";
-    }
-    return arguments;
-}
-
 /// Sends the signal and waits for the end, which must come soon.
 int StatusSoonAfter(CRunningBatch& batch, int nSignal) {
     const auto begin = std::chrono::steady_clock::now();
     batch.Signal(nSignal);
     const int nStatus = batch.WaitForEnd();
     EXPECT_LT(std::chrono::steady_clock::now() - begin,
-              std::chrono::milliseconds(support::UNDER_SANITIZER ? 5000 : 1000));
+              std::chrono::milliseconds(support::UNDER_SANITIZER ? 10000 : 3000));
     return nStatus;
 }
 
@@ -125,6 +116,14 @@ TEST_P(InheritedIgnorance, OfASignalIsRespected) {
 
 INSTANTIATE_TEST_SUITE_P(All, InheritedIgnorance, testing::Values(SIGINT, SIGTERM, SIGHUP),
                          [](const auto& signal) { return std::string(sigabbrev_np(signal.param)); });
+
+TEST(Termination, IsToldWithTheLastGeneration) {
+    const SBatchResult result =
+        RunBatchProgram(ENDLESS_SEARCH + " --seed 5 & p=$!; sleep 0.5; kill -TERM $p; wait $p");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_THAT(result.m_Errors,
+                MatchesRegex("nestrix-batch: stopped after generation [1-9][0-9]* of 2147483647\n"));
+}
 
 TEST(CtrlC, PressedTwiceStillWritesTheResult) {
     const CTemporaryFolder folder;

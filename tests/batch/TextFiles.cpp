@@ -31,6 +31,14 @@ int CountOf(const std::string& part, const std::string& text) {
     return nCount;
 }
 
+std::string Repeated(const std::string& argument, int nTimes) {
+    std::string arguments;
+    for (int i = 0; i < nTimes; ++i) {
+        arguments += argument + " ";
+    }
+    return arguments;
+}
+
 int EntryCount(const fs::path& folder) {
     return static_cast<int>(std::distance(fs::directory_iterator(folder), {}));
 }

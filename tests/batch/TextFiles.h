@@ -12,5 +12,8 @@
 /// How often `part` occurs in `text`.
 [[nodiscard]] int CountOf(const std::string& part, const std::string& text);
 
+/// The same argument over and over, with a blank behind each.
+[[nodiscard]] std::string Repeated(const std::string& argument, int nTimes);
+
 /// How many entries the folder holds.
 [[nodiscard]] int EntryCount(const std::filesystem::path& folder);

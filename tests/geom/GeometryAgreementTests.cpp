@@ -108,6 +108,10 @@ TEST(OutlinesWhoseEdgesDifferInTheLastBit, HaveTheProfilesOfThePlainReference) {
             vertex.y = -vertex.y;
         }
         ASSERT_EQ(reference::FindProfileDifference(outline), "") << "case " << i << " upside down";
+        for (mgVector3& vertex : outline) {
+            vertex.y *= 0x1p-140F;
+        }
+        ASSERT_EQ(reference::FindProfileDifference(outline), "") << "case " << i << " next to nothing";
     }
 }
 
