@@ -70,11 +70,13 @@ private:
     void Plant(wxWindow* pCanvas, const char* pPlaceholder);
     CPlotter* PlantPlotter(const char* pPlaceholder);
     void LoadPolygons(const wxArrayString& paths);
+    [[nodiscard]] bool LoadPolygon(const wxString& path);
     void ResetPlotters();
     void StartThread();
     void ShowRatio(const char* pSlider, const char* pField);
     void ShowGauge(int nGeneration);
     [[nodiscard]] bool IsNewerNoticeQueued();
+    void ShowBestPacking();
 
     wxDECLARE_EVENT_TABLE();
 };

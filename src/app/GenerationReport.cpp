@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <new>
 #include <vector>
 
 #include "CNestrixFrame.h"
@@ -64,6 +65,16 @@ bool CNestrixFrame::IsNewerNoticeQueued() {
 }
 
 void CNestrixFrame::OnShowResult(wxCommandEvent&) {
+    try {
+        ShowBestPacking();
+    } catch (const std::bad_alloc&) {
+        m_pDisplay->Clear();
+        std::puts("Not enough memory to show the result");
+    }
+    m_pDisplay->Refresh(true, nullptr);
+}
+
+void CNestrixFrame::ShowBestPacking() {
     const CChromosome best = m_Container.CopyBestChromosome();
     std::vector<CPolygon> placed;
     m_Container.EvaluateFitnessValue(best, placed, false);
@@ -72,5 +83,4 @@ void CNestrixFrame::OnShowResult(wxCommandEvent&) {
         m_pDisplay->AddPolygon(polygon);
     }
     std::printf("Best Chromosome so far is %s\n", NumberText(best.m_fFitness, 6).c_str());
-    m_pDisplay->Refresh(true, nullptr);
 }

@@ -2,14 +2,19 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
+#include <set>
 
+#include "CCanvasHost.h"
 #include "COrdinaryUser.h"
 #include "CPolyDisplay.h"
+#include "CScarceMemory.h"
 #include "CStdoutCapture.h"
 #include "EventPump.h"
 #include "FrameFixture.h"
+#include "UnderSanitizer.h"
 
 namespace {
 
@@ -133,6 +138,32 @@ TEST_F(RunControl, GoesAheadWhenEveryFileIsBad) {
     EXPECT_THAT(RunToItsEnd(), HasSubstr("Generation 2 has been created with 3 many individuals\n"));
     EXPECT_TRUE(Container().m_Polygons.empty());
     EXPECT_EQ(PointCount(), 3U);
+}
+
+TEST_F(RunControl, LeavesOutAFileThatTheMemoryHasNoRoomForAndPacksTheOthers) {
+    if (support::UNDER_SANITIZER) {
+        GTEST_SKIP() << "the sanitizers' allocators end the program instead";
+    }
+    constexpr int VERTICES = 1'000'000;
+    std::string text = std::to_string(VERTICES) + "\n";
+    for (int i = 0; i < VERTICES; ++i) {
+        text += "1,1\n";
+    }
+    ListSquares(1);
+    const std::string large = m_Folder.Write("large.pol", text + ";1,1\n0,0\n");
+    List().Append(large);
+    ListSquares(1);
+    SetRun(2, 1);
+    const std::string printed = PrintedBy([this] {
+        const support::CScarceMemory scarce(20U << 20U);
+        wxCommandEvent event(wxEVT_BUTTON, XRCID("ID_BTN_RUN_GA"));
+        m_pFrame->ProcessWindowEvent(event);
+        AwaitEndOfRun();
+    });
+    EXPECT_THAT(printed,
+                HasSubstr("Not enough memory to read " + large + "\nCouldn't Load Polygon " + large + "\n"));
+    EXPECT_THAT(printed, HasSubstr("Generation 1 has been created with 2 many individuals\n"));
+    EXPECT_EQ(Container().m_Polygons.size(), 2U);
 }
 
 TEST_F(RunControl, OpensAndPrintsPathsWithAnyCharacters) {
