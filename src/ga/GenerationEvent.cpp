@@ -48,14 +48,19 @@ private:
 /// Posts one notice per generation, and keeps the receiver's queue short.
 class CPostingSink final : public CGenerationSink {
 public:
-    CPostingSink(wxEvtHandler* pReceiver, const CRelaxed<bool>& bStop)
-        : m_pReceiver(pReceiver), m_bStop(bStop) {}
+    /// @param reported gets the statistics of each generation, which does not travel in its notice.
+    CPostingSink(const CContainer& container, CStatisticsQueue& reported)
+        : m_Container(container),
+          m_Reported(reported),
+          m_pReceiver(container.m_pEventHandler),
+          m_bStop(container.m_bStop) {}
 
     void GenerationDone(int nGeneration) override {
         if (m_pReceiver == nullptr) {
             return;
         }
         WaitForReceiver();
+        m_Reported.Push({nGeneration, m_Container.m_fAverageFitness, m_Container.m_fBestFitness});
         m_pReceiver->AddPendingEvent(CGenerationEvent(nGeneration, m_pOutstanding));
         m_nAfterPost = *m_pOutstanding;
     }
@@ -85,6 +90,8 @@ private:
         }
     }
 
+    const CContainer& m_Container;
+    CStatisticsQueue& m_Reported;
     wxEvtHandler* m_pReceiver;
     const CRelaxed<bool>& m_bStop;
     std::shared_ptr<std::atomic<int>> m_pOutstanding = std::make_shared<std::atomic<int>>(0);
@@ -96,6 +103,11 @@ private:
 }  // namespace
 
 void CContainer::RunGA(int nPopulation, int nGenerations) {
-    CPostingSink sink(m_pEventHandler, m_bStop);
+    CPostingSink sink(*this, m_Reported);
     RunSearch(nPopulation, nGenerations, static_cast<unsigned int>(std::time(nullptr)), sink);
+}
+
+SGenerationStatistics CContainer::TakeStatistics(int nGeneration) {
+    const SGenerationStatistics now{nGeneration, m_fAverageFitness, m_fBestFitness};
+    return m_Reported.Take(nGeneration).value_or(now);
 }

@@ -99,6 +99,36 @@ TEST_F(RunControl, SpansThePlotsOverAllGenerations) {
     }
 }
 
+/// The numbers that the search prints after this text, one a generation but the first.
+std::vector<float> NumbersAfter(const std::string& text, const std::string& printed) {
+    std::vector<float> numbers;
+    for (size_t i = printed.find(text); i != std::string::npos; i = printed.find(text, i + 1)) {
+        numbers.push_back(std::stof(printed.substr(i + text.size())));
+    }
+    return numbers;
+}
+
+std::vector<float> ValuesButTheFirst(const CPlotter& plotter) {
+    std::vector<float> values;
+    for (size_t i = 1; i < plotter.m_Points.size(); ++i) {
+        values.push_back(plotter.m_Points[i].y);
+    }
+    return values;
+}
+
+TEST_F(RunControl, PlotsWhatWasTrueWhenEachGenerationEnded) {
+    // So quick that the search is over before the window has handled its first notice.
+    ListSquares(5);
+    SetRun(4, 60);
+    const std::string printed = RunToItsEnd();
+    const std::vector<float> averages = NumbersAfter("Average fitness= ", printed);
+    ASSERT_EQ(averages.size(), 60U);
+    EXPECT_GT(std::set<float>(averages.begin(), averages.end()).size(), 1U) << "nothing to tell apart";
+    EXPECT_EQ(ValuesButTheFirst(*m_pFrame->m_pAvgPlotter), averages);
+    EXPECT_EQ(ValuesButTheFirst(*m_pFrame->m_pBestPlotter),
+              NumbersAfter("Best Chromosome so far is ", printed));
+}
+
 TEST_F(RunControl, ReportsABadFileTwiceAndPacksTheOthers) {
     ListSquares(1);
     const std::string missing = m_Folder.PathOf("missing.pol");
