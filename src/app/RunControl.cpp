@@ -78,6 +78,8 @@ void CNestrixFrame::ResetPlotters() {
     }
     for (CPlotter* pPlotter : {m_pAvgPlotter, m_pBestPlotter, m_pTotalPopPlotter}) {
         pPlotter->Reshape(static_cast<float>(m_nGenerations));
+        // A run repaints them with its first notice, but there may be nothing to run.
+        pPlotter->Refresh(true, nullptr);
     }
 }
 

@@ -56,6 +56,28 @@ TEST_F(RunControl, ClearsTheLastRunAndStartsNoneWhenTheListIsEmpty) {
     EXPECT_EQ(m_pFrame->m_pThread, pFinished);
 }
 
+TEST_F(RunControl, TakesTheLastCurvesOffTheScreenWhenTheListIsEmpty) {
+    const std::array plotters{m_pFrame->m_pAvgPlotter, m_pFrame->m_pBestPlotter,
+                              m_pFrame->m_pTotalPopPlotter};
+    std::vector<support::CPicture> empty;
+    for (CPlotter* pPlotter : plotters) {
+        pPlotter->Reshape(30.0F);
+        empty.push_back(support::CCanvasHost::Paint(*pPlotter));
+    }
+    ListSquares(3);
+    SetRun(4, 30);
+    RunToItsEnd();
+    for (CPlotter* pPlotter : plotters) {
+        ASSERT_TRUE(PumpUntil([&] { return !support::CCanvasHost::IsRepainted(*pPlotter); }));
+    }
+    Press("ID_BTN_CLEAR");
+    // Each plot by a run of its own, since watching one would miss the paints of the others.
+    for (size_t i = 0; i < plotters.size(); ++i) {
+        Press("ID_BTN_RUN_GA");
+        EXPECT_TRUE(support::CCanvasHost::AwaitPaint(*plotters[i]) == empty[i]) << i;
+    }
+}
+
 TEST_F(RunControl, StartsNoThreadWhenTheListHasNeverHeldAnything) {
     EXPECT_EQ(Press("ID_BTN_RUN_GA"), "");
     EXPECT_EQ(m_pFrame->m_pThread, nullptr);
