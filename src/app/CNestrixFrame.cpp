@@ -12,6 +12,7 @@
 #include "CPolyDisplay.h"
 #include "CPolyThread.h"
 #include "FormControls.h"
+#include "PolygonListView.h"
 
 namespace {
 
@@ -49,6 +50,9 @@ CNestrixFrame::CNestrixFrame(const wxString& title) {
         new CNestrixScrolledWindow(this, -1, wxDefaultPosition, wxDefaultSize, wxHSCROLL | wxVSCROLL);
     m_pScrolledWindow->m_pScrollCallback = this;
     LayOutForm();
+    if (auto* pList = FindControl<wxListBox>(*this, "ID_LST_POLYGON")) {
+        ShowEndsOfPaths(*pList);
+    }
     Maximize(true);
 }
 

@@ -1,9 +1,17 @@
+#include <algorithm>
+
+#include "CCanvasHost.h"
 #include "CDialogAnswers.h"
+#include "CPolyDisplay.h"
+#include "EventPump.h"
 #include "FrameFixture.h"
+#include "PolygonMaking.h"
 
 namespace {
 
+using support::CCanvasHost;
 using support::CDialogAnswers;
+using support::CPicture;
 using support::FrameFixture;
 
 class PolygonList : public FrameFixture {
@@ -12,6 +20,14 @@ protected:
         for (const char* pPath : {"/one.pol", "/two.pol", "/three.pol"}) {
             List().Append(pPath);
         }
+    }
+
+    /// What the list says of itself with the pointer at a height of its own.
+    [[nodiscard]] std::string TipAt(int nY) {
+        wxMouseEvent motion(wxEVT_MOTION);
+        motion.SetPosition(wxPoint(20, nY));
+        List().ProcessWindowEvent(motion);
+        return List().GetToolTipText().utf8_string();
     }
 
     [[nodiscard]] std::string Items() {
@@ -58,9 +74,24 @@ TEST_F(PolygonList, StaysEmptyWhenClearedOrRemovedFromAgain) {
 }
 
 TEST_F(PolygonList, TouchesNeitherSearchNorCanvas) {
+    CPolyDisplay& display = *m_pFrame->m_pDisplay;
+    m_pFrame->m_Container.m_Polygons = {support::MakeSquare(50.0F)};
+    display.AddPolygon(support::PlacedAt(support::MakeSquare(50.0F), 100.0F, 200.0F));
+    const CPicture before = CCanvasHost::Paint(display);
+    ASSERT_TRUE(support::PumpUntil([&] { return !CCanvasHost::IsRepainted(display); }));
     ListSquares(2);
+    List().SetSelection(0);
+    for (const int nAnswer : {wxID_CANCEL, wxID_OK}) {
+        CDialogAnswers answers(nAnswer);
+        Press("ID_BTN_ADD");
+    }
+    Press("ID_BTN_REMOVE");
     Press("ID_BTN_CLEAR");
-    EXPECT_TRUE(m_pFrame->m_Container.m_Polygons.empty());
+    EXPECT_FALSE(CCanvasHost::IsRepainted(display));
+    EXPECT_EQ(display.m_PolyItems.size(), 1U);
+    EXPECT_EQ(display.m_fHeight, 250.0F);
+    EXPECT_TRUE(CCanvasHost::Paint(display) == before);
+    EXPECT_EQ(m_pFrame->m_Container.m_Polygons.size(), 1U);
     EXPECT_EQ(m_pFrame->m_pThread, nullptr);
 }
 
@@ -69,6 +100,30 @@ TEST_F(PolygonList, DoesNotAffectARunThatIsInProgress) {
     Press("ID_BTN_CLEAR");
     EXPECT_EQ(m_pFrame->m_Container.m_Polygons.size(), 5U);
     EXPECT_TRUE(m_pFrame->m_pThread->IsRunning());
+}
+
+TEST_F(PolygonList, NamesTheWholePathOfTheLineUnderThePointer) {
+    const std::string ownTip = List().GetToolTipText().utf8_string();
+    EXPECT_EQ(TipAt(5), ownTip) << "nothing is listed";
+    Fill();
+    support::PumpPending();
+    std::vector<std::string> tips;
+    for (int nY = 0; nY < List().GetClientSize().y; ++nY) {
+        const std::string tip = TipAt(nY);
+        if (tips.empty() || tips.back() != tip) {
+            tips.push_back(tip);
+        }
+    }
+    EXPECT_EQ(tips, (std::vector<std::string>{"/one.pol", "/two.pol", "/three.pol", ownTip}));
+    EXPECT_EQ(TipAt(5), "/one.pol");
+    Press("ID_BTN_CLEAR");
+    EXPECT_EQ(TipAt(5), ownTip);
+}
+
+TEST_F(PolygonList, HoldsWholePathsHoweverLong) {
+    const std::string longPath = "/" + std::string(500, 'x') + "/one.pol";
+    List().Append(longPath);
+    EXPECT_EQ(Items(), longPath + " ");
 }
 
 }  // namespace
