@@ -84,6 +84,9 @@ void CNestrixFrame::LayOutForm() {
         pForm = wxXmlResource::Get()->LoadPanel(m_pScrolledWindow, "NestrixMainDlg");
     }
     if (pForm != nullptr) {
+        // Pinned, since the toolkit would measure the form anew whenever the list gains or loses a line, and
+        // its boxes from the sizes that their contents happen to have: large once, it would stay so for ever.
+        pForm->SetMinSize(pForm->GetBestSize());
         pInner->Add(pForm, 1, wxALL | wxEXPAND, BORDER);
     }
     m_pScrolledWindow->SetSizer(pInner);
