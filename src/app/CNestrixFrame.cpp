@@ -111,10 +111,16 @@ void CNestrixFrame::Initialize() {
     m_pTxtAvgFitness = FindControl<wxTextCtrl>(*this, "ID_TXT_AVG_FITNESS");
     m_pTxtBestFitness = FindControl<wxTextCtrl>(*this, "ID_TXT_BEST_FITNESS");
     m_pTxtTotalPop = FindControl<wxTextCtrl>(*this, "ID_TXT_TOTAL_POP");
+    HideCanvasesWithoutPlace();
+    if (m_pDisplay->IsShown() && !IsOpenGLAvailable()) {
+        wxMessageBox(
+            "This screen has no OpenGL (GLX): packings and plots cannot be drawn.\n"
+            "The search works all the same.",
+            "Error", wxOK, this);
+    }
 }
 
-/// A form without the placeholder leaves the canvas where it was created. There is nothing to type into a
-/// canvas: Tab passes over it, and over the placeholder around it.
+/// There is nothing to type into a canvas: Tab passes over it, and over the placeholder around it.
 void CNestrixFrame::Plant(wxWindow* pCanvas, const char* pPlaceholder) {
     const wxLogNull quiet;
     pCanvas->SetCanFocus(false);
@@ -129,6 +135,15 @@ CPlotter* CNestrixFrame::PlantPlotter(const char* pPlaceholder) {
     pPlotter->Show(true);
     pPlotter->Initialize();
     return pPlotter;
+}
+
+/// A form without the placeholder leaves the canvas where it was created. It stays at the commands' service,
+/// but all such would lie upon each other in the window's corner.
+void CNestrixFrame::HideCanvasesWithoutPlace() {
+    for (wxWindow* pCanvas :
+         std::initializer_list<wxWindow*>{m_pDisplay, m_pAvgPlotter, m_pBestPlotter, m_pTotalPopPlotter}) {
+        pCanvas->Show(pCanvas->GetParent() != m_pScrolledWindow);
+    }
 }
 
 void CNestrixFrame::OnScrolled() {

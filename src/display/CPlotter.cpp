@@ -10,6 +10,7 @@
 
 namespace {
 
+const wxSize FIRST_SIZE(150, 80);
 constexpr float FACE_SIZE = 8.0F;
 constexpr float FIRST_TOP = 50.0F;      ///< top of the y range before a value reaches it
 constexpr float FIRST_SPAN_X = 150.0F;  ///< generations across until the first run
@@ -44,10 +45,11 @@ wxBEGIN_EVENT_TABLE(CPlotter, wxGLCanvas)
     EVT_ERASE_BACKGROUND(CPlotter::OnEraseBackground)
 wxEND_EVENT_TABLE()
 
-CPlotter::CPlotter(wxWindow* parent)
-    : wxGLCanvas(parent, -1, g_OpenGLAttribList, wxPoint(0, 0), wxSize(150, 80), 0, "GLCanvas",
-                 wxNullPalette),
-      m_Surface(*this) {}
+CPlotter::CPlotter(wxWindow* parent) : CPlotter(parent, CGLSurface::CLeniency()) {}
+
+CPlotter::CPlotter(wxWindow* pParent, const CGLSurface::CLeniency&)
+    : wxGLCanvas(pParent, -1, g_OpenGLAttribList, wxPoint(0, 0), FIRST_SIZE, 0, "GLCanvas", wxNullPalette),
+      m_Surface(*this, pParent, FIRST_SIZE) {}
 
 CPlotter::~CPlotter() = default;
 

@@ -55,8 +55,9 @@ public:
     float m_fScaleY = 0.0F;  ///< pixels per unit of value; 0 while the y range has no height
 
 private:
+    CPlotter(wxWindow* pParent, const CGLSurface::CLeniency&);
+
     void SetUp();
-    void WidenRange(float fValue);
     void ComputeScales();
     void DrawFrame();
     void DrawCurve();

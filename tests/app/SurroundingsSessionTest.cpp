@@ -1,10 +1,11 @@
 #include "CCommaLocale.h"
+#include "CVirtualDisplay.h"
 #include "SessionFixture.h"
 
 namespace {
 
 using support::Await;
-using support::AwaitWindow;
+using support::AwaitFocus;
 using support::BLACK;
 using support::CCommaLocale;
 using support::CScreenshot;
@@ -23,13 +24,24 @@ protected:
         }
     }
 
-    void ExpectOneMessageBox() {
-        Launch();
-        ASSERT_TRUE(AwaitWindow("Error"));
+    void DismissMessageBox() {
+        ASSERT_TRUE(AwaitFocus("Error"));
         PressKeys({"Return"});
-        ASSERT_TRUE(AwaitWindow("Nestrix using GA"));
-        EXPECT_FALSE(IsWindowOpen("Error"));
         ASSERT_TRUE(Await([] { return !IsWindowOpen("Error"); }));
+        ASSERT_TRUE(AwaitFocus("Nestrix using GA"));
+    }
+
+    /// Whether the area has one colour only.
+    static bool IsBlank(const wxRect& area) {
+        const CScreenshot now;
+        return now.Count(now.At(area.GetPosition()), area) == area.width * area.height;
+    }
+
+    void ExpectOneMessageBoxAndAnEmptyWindow() {
+        Launch();
+        DismissMessageBox();
+        // All of the screen but the title bar.
+        EXPECT_TRUE(Await([] { return IsBlank(wxRect(2, 30, 1276, 768)); }));
         CloseWindow();
     }
 
@@ -46,17 +58,25 @@ protected:
         ASSERT_TRUE(AwaitOutput("Thread Exited\n"));
         ClickOn("ID_BTN_SHOW_RESULT");
         CloseWindow();
+        ExpectNoWordAboutAFont();
+    }
+
+    void ExpectNoWordAboutAFont() const {
+        const std::string said = Output() + support::ReadFile(m_Records.PathOf("errors"));
+        for (const char* pWord : {"arial", "ont", "FT"}) {
+            EXPECT_EQ(said.find(pWord), std::string::npos) << said;
+        }
     }
 };
 
 TEST_F(SurroundingsSession, WithoutFormGiveOneMessageBoxAndAnEmptyWindow) {
     Replace("Nestrix_wdr.xrc", nullptr);
-    ExpectOneMessageBox();
+    ExpectOneMessageBoxAndAnEmptyWindow();
 }
 
 TEST_F(SurroundingsSession, WithAMalformedFormGiveOneMessageBoxAndAnEmptyWindow) {
     Replace("Nestrix_wdr.xrc", "<resource><object class=\"wxPanel\"");
-    ExpectOneMessageBox();
+    ExpectOneMessageBoxAndAnEmptyWindow();
 }
 
 TEST_F(SurroundingsSession, WithoutFontCostTheTextOnly) {
@@ -67,6 +87,47 @@ TEST_F(SurroundingsSession, WithoutFontCostTheTextOnly) {
 TEST_F(SurroundingsSession, WithAFontThatIsNoneCostTheTextOnly) {
     Replace("arial.ttf", "This is not a font.");
     ExpectNoText();
+}
+
+TEST_F(SurroundingsSession, WithoutOpenGLGiveOneMessageBoxAndAWindowWithoutPictures) {
+    AddSquare("a.pol", 50);
+    const support::CVirtualDisplay screen("1280x800x24", "GLX");
+    const support::CWindowManager windowManager;
+    Launch();
+    DismissMessageBox();
+    AwaitRest();
+    ListWholeFolder();
+    SetRun(5, 3);
+    ClickOn("ID_BTN_RUN_GA");
+    ASSERT_TRUE(AwaitOutput("Thread Exited\n"));
+    EXPECT_TRUE(Await([this] { return IsGaugeFull(); }));
+    ClickOn("ID_BTN_SHOW_RESULT");
+    ASSERT_TRUE(AwaitOutput("Best Chromosome so far is ", 4));
+    support::ParkPointer();
+    for (const char* pPlace : {"ID_DISPLAY", "ID_AVG_PLOTTER", "ID_BEST_PLOTTER", "ID_TOTAL_POP_PLOTTER"}) {
+        EXPECT_TRUE(IsBlank(Place(pPlace))) << pPlace;
+    }
+    CloseWindow();
+    EXPECT_EQ(support::ReadFile(m_Records.PathOf("errors")).find("assert"), std::string::npos);
+}
+
+TEST_F(SurroundingsSession, WithoutOpenGLAndFormGiveTheMessageAboutTheFormOnly) {
+    Replace("Nestrix_wdr.xrc", nullptr);
+    const support::CVirtualDisplay screen("1280x800x24", "GLX");
+    const support::CWindowManager windowManager;
+    ExpectOneMessageBoxAndAnEmptyWindow();
+}
+
+TEST_F(SurroundingsSession, WithoutStandardStreamsChangeNothing) {
+    m_bWithStreams = false;
+    StartWithSquares(3, 30);
+    SetRun(10, 50);
+    ClickOn("ID_BTN_RUN_GA");
+    EXPECT_TRUE(Await([this] { return IsGaugeFull(); }));
+    const CScreenshot before;
+    ClickOn("ID_BTN_SHOW_RESULT");
+    EXPECT_TRUE(Await([&] { return CScreenshot().Differs(before, Place("ID_DISPLAY")); }));
+    CloseWindow();
 }
 
 TEST_F(SurroundingsSession, WithADecimalCommaReadAndPrintPoints) {
