@@ -41,10 +41,8 @@ void Redirect(const std::filesystem::path& path, int nDescriptor) {
         arguments.push_back(const_cast<char*>(argument.c_str()));
     }
     arguments.push_back(nullptr);
-    if (!settings.m_bWithStreams) {
-        for (const int nDescriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-            close(nDescriptor);
-        }
+    for (const int nDescriptor : settings.m_Closed) {
+        close(nDescriptor);
     }
     execvp(arguments[0], arguments.data());
     _exit(127);

@@ -92,7 +92,7 @@ void SessionFixture::Launch(const std::map<std::string, std::string>& environmen
     settings.m_Folder = m_Folder.Path();
     settings.m_Output = m_OutputFile;
     settings.m_Errors = m_Records.PathOf("errors");
-    settings.m_bWithStreams = m_bWithStreams;
+    settings.m_Closed = m_Closed;
     settings.m_Environment = environment;
     settings.m_Environment["LSAN_OPTIONS"] =
         std::string(LEAK_OPTIONS) + ":suppressions=" + m_Records.Write("leaks", TOOLKIT_LEAKS);

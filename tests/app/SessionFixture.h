@@ -64,7 +64,7 @@ protected:
     CTemporaryFolder m_Folder;  ///< the program's own
     CTemporaryFolder m_Records;
     std::filesystem::path m_OutputFile = m_Records.PathOf("output");  ///< where the program prints to
-    bool m_bWithStreams = true;  ///< whether it is given standard streams at all
+    std::vector<int> m_Closed;  ///< descriptors that the program starts without
     std::filesystem::path m_Command = std::filesystem::absolute("nestrix");  ///< what is started
     std::unique_ptr<CProcess> m_pProgram;
 

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include "CCommaLocale.h"
 #include "CVirtualDisplay.h"
 #include "SessionFixture.h"
@@ -118,8 +120,9 @@ TEST_F(SurroundingsSession, WithoutOpenGLAndFormGiveTheMessageAboutTheFormOnly) 
     ExpectOneMessageBoxAndAnEmptyWindow();
 }
 
-TEST_F(SurroundingsSession, WithoutStandardStreamsChangeNothing) {
-    m_bWithStreams = false;
+TEST_F(SurroundingsSession, WithoutStandardOutputAreNotMistakenForIt) {
+    // The connection to the display would take its place, and the progress lines would go there.
+    m_Closed = {STDOUT_FILENO};
     StartWithSquares(3, 30);
     SetRun(10, 50);
     ClickOn("ID_BTN_RUN_GA");
@@ -127,6 +130,16 @@ TEST_F(SurroundingsSession, WithoutStandardStreamsChangeNothing) {
     const CScreenshot before;
     ClickOn("ID_BTN_SHOW_RESULT");
     EXPECT_TRUE(Await([&] { return CScreenshot().Differs(before, Place("ID_DISPLAY")); }));
+    CloseWindow();
+}
+
+TEST_F(SurroundingsSession, WithoutAnyStandardStreamGiveTheProgramTheNullDevice) {
+    m_Closed = {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO};
+    Start();
+    for (const int nDescriptor : m_Closed) {
+        const std::string process = "/proc/" + std::to_string(m_pProgram->Id());
+        EXPECT_EQ(std::filesystem::read_symlink(process + "/fd/" + std::to_string(nDescriptor)), "/dev/null");
+    }
     CloseWindow();
 }
 
