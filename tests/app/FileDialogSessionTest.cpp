@@ -4,7 +4,6 @@ namespace {
 
 using support::Await;
 using support::AwaitWindow;
-using support::CScreenshot;
 using support::IsWindowOpen;
 using support::PressKeys;
 using support::SessionFixture;
@@ -82,28 +81,6 @@ TEST_F(FileDialogSession, ListsAFileWithAnyCharacterInItsName) {
     m_Squares = {AddSquare("Größe 100%s.pol", 10)};
     ListWholeFolder();
     EXPECT_EQ(ListedFiles(), "Größe 100%s.pol ");
-    CloseWindow();
-}
-
-TEST_F(FileDialogSession, ListsFilesOfAFolderFarAwaySoThatTheyCanBeToldApart) {
-    const std::string folder =
-        "a-folder-whose-name-alone-is-as-long-as-a-line-of-the-list/and-another-one-in-it";
-    std::filesystem::create_directories(m_Folder.PathOf(folder));
-    std::vector<std::unique_ptr<CScreenshot>> pictures;
-    for (const char* pName : {"/first.pol", "/second.pol"}) {
-        ListFile(AddSquare(folder + pName, 10));
-        support::ParkPointer();
-        std::unique_ptr<CScreenshot> pPicture;
-        ASSERT_TRUE(Await([&] {
-            const CScreenshot before;
-            std::this_thread::sleep_for(std::chrono::milliseconds(100));
-            pPicture = std::make_unique<CScreenshot>();
-            return !pPicture->Differs(before, Place("ID_LST_POLYGON"));
-        })) << "the list does not come to rest";
-        pictures.push_back(std::move(pPicture));
-        ClickOn("ID_BTN_CLEAR");
-    }
-    EXPECT_TRUE(pictures[0]->Differs(*pictures[1], Place("ID_LST_POLYGON")));
     CloseWindow();
 }
 

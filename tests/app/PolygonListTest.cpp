@@ -1,8 +1,7 @@
-#include <algorithm>
-
 #include "CCanvasHost.h"
 #include "CDialogAnswers.h"
 #include "CPolyDisplay.h"
+#include "Desktop.h"
 #include "EventPump.h"
 #include "FrameFixture.h"
 #include "PolygonMaking.h"
@@ -12,6 +11,7 @@ namespace {
 using support::CCanvasHost;
 using support::CDialogAnswers;
 using support::CPicture;
+using support::CScreenshot;
 using support::FrameFixture;
 
 class PolygonList : public FrameFixture {
@@ -20,6 +20,21 @@ protected:
         for (const char* pPath : {"/one.pol", "/two.pol", "/three.pol"}) {
             List().Append(pPath);
         }
+    }
+
+    /// The list's first line, without the scroll bar that may come and go below.
+    [[nodiscard]] wxRect FirstLine() { return {List().GetScreenPosition(), wxSize(List().GetSize().x, 24)}; }
+
+    /// The screen once that line does not change any longer.
+    [[nodiscard]] std::unique_ptr<CScreenshot> PictureAtRest() {
+        std::unique_ptr<CScreenshot> pNow;
+        EXPECT_TRUE(support::PumpUntil([&] {
+            const CScreenshot before;
+            (void)support::PumpUntil([] { return false; }, std::chrono::milliseconds(200));
+            pNow = std::make_unique<CScreenshot>();
+            return !pNow->Differs(before, FirstLine());
+        }));
+        return pNow;
     }
 
     /// What the list says of itself with the pointer at a height of its own.
@@ -118,6 +133,14 @@ TEST_F(PolygonList, NamesTheWholePathOfTheLineUnderThePointer) {
     EXPECT_EQ(TipAt(5), "/one.pol");
     Press("ID_BTN_CLEAR");
     EXPECT_EQ(TipAt(5), ownTip);
+}
+
+TEST_F(PolygonList, TellsFilesOfOneFolderFarAwayApart) {
+    const std::string folder = "/a-folder-whose-name-is-as-long-as-a-line-of-the-list/and-another-one-in-it/";
+    List().Append(folder + "1.pol");
+    const auto pFirst = PictureAtRest();
+    List().SetString(0, folder + "2.pol");
+    EXPECT_TRUE(PictureAtRest()->Differs(*pFirst, FirstLine()));
 }
 
 TEST_F(PolygonList, HoldsWholePathsHoweverLong) {
