@@ -107,7 +107,7 @@ TEST_F(SurroundingsSession, WithoutOpenGLGiveOneMessageBoxAndAWindowWithoutPictu
     ASSERT_TRUE(AwaitOutput("Best Chromosome so far is ", 4));
     support::ParkPointer();
     for (const char* pPlace : {"ID_DISPLAY", "ID_AVG_PLOTTER", "ID_BEST_PLOTTER", "ID_TOTAL_POP_PLOTTER"}) {
-        EXPECT_TRUE(IsBlank(Place(pPlace))) << pPlace;
+        EXPECT_TRUE(Await([&] { return IsBlank(Place(pPlace)); })) << pPlace;
     }
     CloseWindow();
     EXPECT_EQ(support::ReadFile(m_Records.PathOf("errors")).find("assert"), std::string::npos);
