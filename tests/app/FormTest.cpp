@@ -158,9 +158,12 @@ TEST_F(Form, ScrollsBothWaysWhereItDoesNotFit) {
     EXPECT_TRUE(window.HasScrollbar(wxHORIZONTAL));
     EXPECT_TRUE(window.HasScrollbar(wxVERTICAL));
     const wxPoint atFirst = Panel().GetPosition();
-    window.Scroll(12, 7);
-    // Ten pixels a unit.
-    EXPECT_EQ(Panel().GetPosition(), atFirst - wxPoint(120, 70));
+    // By ten pixels a line, as the scroll bars do it.
+    for (const int nDirection : {wxHORIZONTAL, wxVERTICAL, wxVERTICAL}) {
+        wxScrollWinEvent event(wxEVT_SCROLLWIN_LINEDOWN, 0, nDirection);
+        window.ProcessWindowEvent(event);
+    }
+    EXPECT_EQ(Panel().GetPosition(), atFirst - wxPoint(10, 20));
     window.Scroll(1000, 1000);
     const wxPoint corner = Panel().GetPosition() + Panel().GetSize();
     EXPECT_LE(corner.x, window.GetClientSize().x) << "the right edge stays out of sight";

@@ -139,9 +139,9 @@ std::vector<float> ValuesButTheFirst(const CPlotter& plotter) {
 }
 
 TEST_F(RunControl, PlotsWhatWasTrueWhenEachGenerationEnded) {
-    // So quick that the search is over before the window has handled its first notice.
-    ListSquares(5);
-    SetRun(4, 60);
+    // So few generations that the search is over before the window has handled its first notice.
+    ListSquares(12, 90);
+    SetRun(10, 60);
     const std::string printed = RunToItsEnd();
     const std::vector<float> averages = NumbersAfter("Average fitness= ", printed);
     ASSERT_EQ(averages.size(), 60U);
