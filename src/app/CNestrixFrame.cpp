@@ -12,6 +12,7 @@
 #include "CPolyDisplay.h"
 #include "CPolyThread.h"
 #include "FormControls.h"
+#include "OpenGLSupport.h"
 #include "PolygonListView.h"
 
 namespace {
@@ -114,7 +115,7 @@ void CNestrixFrame::Initialize() {
     HideCanvasesWithoutPlace();
     if (m_pDisplay->IsShown() && !IsOpenGLAvailable()) {
         wxMessageBox(
-            "This screen has no OpenGL (GLX): packings and plots cannot be drawn.\n"
+            "This screen has no OpenGL: packings and plots cannot be drawn.\n"
             "The search works all the same.",
             "Error", wxOK, this);
     }

@@ -1,9 +1,6 @@
 #include "CGLSurface.h"
 
-#include <wx/utils.h>
-
-// After the toolkit, whose names it would redefine.
-#include <GL/glx.h>
+#include "OpenGLSupport.h"
 
 int g_OpenGLAttribList[11] = {WX_GL_RGBA,
                               WX_GL_DOUBLEBUFFER,
@@ -16,16 +13,6 @@ int g_OpenGLAttribList[11] = {WX_GL_RGBA,
                               WX_GL_DEPTH_SIZE,
                               0,
                               0};
-
-bool IsOpenGLAvailable() {
-    const wxDisplayInfo screen = wxGetDisplayInfo();
-    int nError = 0;
-    int nEvent = 0;
-    // The toolkit's own question asserts where there is no GLX at all.
-    return screen.type == wxDisplayX11 &&
-           glXQueryExtension(static_cast<Display*>(screen.dpy), &nError, &nEvent) != 0 &&
-           wxGLCanvas::IsDisplaySupported(g_OpenGLAttribList);
-}
 
 CGLSurface::CLeniency::CLeniency() : m_Previous(wxSetAssertHandler(nullptr)) {
     if (IsOpenGLAvailable()) {
@@ -40,7 +27,7 @@ CGLSurface::CLeniency::~CLeniency() {
 CGLSurface::CGLSurface(wxGLCanvas& canvas, wxWindow* pParent, const wxSize& size) : m_Canvas(canvas) {
     if (IsOpenGLAvailable()) {
         m_pContext = std::make_unique<wxGLContext>(&canvas);
-    } else {
+    } else if (canvas.GetHandle() == nullptr) {
         // The canvas has not become a window; so that it can be placed, hidden and destroyed like any other,
         // it becomes a plain one.
         canvas.wxWindow::Create(pParent, wxID_ANY, wxPoint(0, 0), size);

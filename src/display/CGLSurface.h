@@ -8,10 +8,6 @@
 /// The attributes of every canvas: double-buffered RGB without a depth buffer.
 extern int g_OpenGLAttribList[11];
 
-/// Whether the screen can show canvases of these attributes. False where it has no GLX, as over some remote
-/// connections, or where the toolkit does not draw through X11.
-[[nodiscard]] bool IsOpenGLAvailable();
-
 /// One canvas's own OpenGL context and its measure in physical pixels.
 ///
 /// A canvas can be drawn on only while it has a window on the screen. Whoever sets a canvas up earlier
