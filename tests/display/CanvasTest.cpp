@@ -251,6 +251,7 @@ TEST(CanvasOffTheScreen, IsSetUpAtItsFirstPaint) {
     EXPECT_EQ(picture.At(33, 300), BLACK);
     EXPECT_EQ(picture.At(366, 300), BLACK);
     EXPECT_FALSE(picture.IsBlank(0, 16 + 3, 28, 16 + 11));
+    EXPECT_TRUE(picture.IsBlank(40, 60, 360, 600));
 }
 
 /// A canvas whose font was looked for in another folder.

@@ -167,7 +167,7 @@ TEST(PlotterOffTheScreen, IsSetUpAtItsFirstPaint) {
     EXPECT_EQ(pPlotter->m_fMaxX, 130.0F);
     EXPECT_TRUE(picture.Touches(BLACK, 10.0F, 40.0F));
     EXPECT_TRUE(picture.Touches(BLACK, 140.0F, 40.0F));
-    EXPECT_FALSE(picture.IsBlank(2, 11, 9, 18));
+    EXPECT_TRUE(picture.IsBlank(30, 12, 139, 77));
 }
 
 }  // namespace
