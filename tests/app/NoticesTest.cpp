@@ -52,17 +52,18 @@ TEST_F(Notices, LeaveTheStatisticsOfTheirGenerationWithTheContainerUntilTheyAreH
     wxEvtHandler handler;
     container.m_pEventHandler = &handler;
     (void)support::PrintedBy([&container] { container.RunGA(3, 5); });
-    container.m_fAverageFitness = -1.0F;
-    container.m_fBestFitness = -2.0F;
-    EXPECT_EQ(container.TakeStatistics(1).m_fAverageFitness, -1.0F) << "not this one's turn";
+    constexpr float NOW = 1e30F;
+    container.m_fAverageFitness = NOW;
+    container.m_fBestFitness = NOW;
+    EXPECT_EQ(container.TakeStatistics(1).m_fAverageFitness, NOW) << "not this one's turn";
     for (int i = 0; i <= 5; ++i) {
         const SGenerationStatistics statistics = container.TakeStatistics(i);
         EXPECT_EQ(statistics.m_nGeneration, i);
-        EXPECT_GE(statistics.m_fAverageFitness, 0.0F);
-        EXPECT_GE(statistics.m_fBestFitness, 0.0F);
+        EXPECT_LT(statistics.m_fAverageFitness, NOW);
+        EXPECT_LT(statistics.m_fBestFitness, NOW);
     }
-    EXPECT_EQ(container.TakeStatistics(5).m_fAverageFitness, -1.0F) << "taken already";
-    EXPECT_EQ(container.TakeStatistics(5).m_fBestFitness, -2.0F);
+    EXPECT_EQ(container.TakeStatistics(5).m_fAverageFitness, NOW) << "taken already";
+    EXPECT_EQ(container.TakeStatistics(5).m_fBestFitness, NOW);
 }
 
 TEST_F(Notices, OfAnEarlierRunLeaveNothingToTheNext) {
