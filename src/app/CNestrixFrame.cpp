@@ -12,6 +12,8 @@
 #include "CPolyDisplay.h"
 #include "CPolyThread.h"
 #include "FormControls.h"
+#include "OpenGLSupport.h"
+#include "PolygonListView.h"
 
 namespace {
 
@@ -49,6 +51,9 @@ CNestrixFrame::CNestrixFrame(const wxString& title) {
         new CNestrixScrolledWindow(this, -1, wxDefaultPosition, wxDefaultSize, wxHSCROLL | wxVSCROLL);
     m_pScrolledWindow->m_pScrollCallback = this;
     LayOutForm();
+    if (auto* pList = FindControl<wxListBox>(*this, "ID_LST_POLYGON")) {
+        ShowEndsOfPaths(*pList);
+    }
     Maximize(true);
 }
 
@@ -81,6 +86,9 @@ void CNestrixFrame::LayOutForm() {
         pForm = wxXmlResource::Get()->LoadPanel(m_pScrolledWindow, "NestrixMainDlg");
     }
     if (pForm != nullptr) {
+        // Pinned, since the toolkit would measure the form anew whenever the list gains or loses a line, and
+        // its boxes from the sizes that their contents happen to have: large once, it would stay so for ever.
+        pForm->SetMinSize(pForm->GetBestSize());
         pInner->Add(pForm, 1, wxALL | wxEXPAND, BORDER);
     }
     m_pScrolledWindow->SetSizer(pInner);
@@ -105,10 +113,16 @@ void CNestrixFrame::Initialize() {
     m_pTxtAvgFitness = FindControl<wxTextCtrl>(*this, "ID_TXT_AVG_FITNESS");
     m_pTxtBestFitness = FindControl<wxTextCtrl>(*this, "ID_TXT_BEST_FITNESS");
     m_pTxtTotalPop = FindControl<wxTextCtrl>(*this, "ID_TXT_TOTAL_POP");
+    HideCanvasesWithoutPlace();
+    if (m_pDisplay->IsShown() && !IsOpenGLAvailable()) {
+        wxMessageBox(
+            "This screen has no OpenGL: packings and plots cannot be drawn.\n"
+            "The search works all the same.",
+            "Error", wxOK, this);
+    }
 }
 
-/// A form without the placeholder leaves the canvas where it was created. There is nothing to type into a
-/// canvas: Tab passes over it, and over the placeholder around it.
+/// There is nothing to type into a canvas: Tab passes over it, and over the placeholder around it.
 void CNestrixFrame::Plant(wxWindow* pCanvas, const char* pPlaceholder) {
     const wxLogNull quiet;
     pCanvas->SetCanFocus(false);
@@ -123,6 +137,15 @@ CPlotter* CNestrixFrame::PlantPlotter(const char* pPlaceholder) {
     pPlotter->Show(true);
     pPlotter->Initialize();
     return pPlotter;
+}
+
+/// A form without the placeholder leaves the canvas where it was created. It stays at the commands' service,
+/// but all such would lie upon each other in the window's corner.
+void CNestrixFrame::HideCanvasesWithoutPlace() {
+    for (wxWindow* pCanvas :
+         std::initializer_list<wxWindow*>{m_pDisplay, m_pAvgPlotter, m_pBestPlotter, m_pTotalPopPlotter}) {
+        pCanvas->Show(pCanvas->GetParent() != m_pScrolledWindow);
+    }
 }
 
 void CNestrixFrame::OnScrolled() {

@@ -30,7 +30,8 @@ public:
     ~CNestrixFrame() override;
 
     /// Seeds the random generator, plants the canvases into the form and finds the controls that show
-    /// progress. Once, after the frame has been shown.
+    /// progress. Where the screen has no OpenGL, says so in a message box and goes on without pictures. Once,
+    /// after the frame has been shown.
     void Initialize();
 
     void OnScrolled() override;
@@ -69,12 +70,15 @@ private:
     void LayOutForm();
     void Plant(wxWindow* pCanvas, const char* pPlaceholder);
     CPlotter* PlantPlotter(const char* pPlaceholder);
+    void HideCanvasesWithoutPlace();
     void LoadPolygons(const wxArrayString& paths);
+    [[nodiscard]] bool LoadPolygon(const wxString& path);
     void ResetPlotters();
     void StartThread();
     void ShowRatio(const char* pSlider, const char* pField);
     void ShowGauge(int nGeneration);
     [[nodiscard]] bool IsNewerNoticeQueued();
+    void ShowBestPacking();
 
     wxDECLARE_EVENT_TABLE();
 };

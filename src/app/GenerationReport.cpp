@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <new>
 #include <vector>
 
 #include "CNestrixFrame.h"
@@ -17,24 +18,23 @@ void SetText(wxTextCtrl* pField, const std::string& text) {
 
 }  // namespace
 
-/// The statistics are read while the worker may be at the next generation already: what is shown can mix
-/// two generations, by design, and no copy travels in the notice.
+/// No copy of the statistics travels in the notice. The worker may be generations ahead, so the container
+/// is asked for what was true when this one ended.
 void CNestrixFrame::OnGenerationDone(wxCommandEvent& event) {
     const int nGeneration = event.GetInt();
-    const float fAverage = m_Container.m_fAverageFitness;
-    const float fBest = m_Container.m_fBestFitness;
+    const SGenerationStatistics statistics = m_Container.TakeStatistics(nGeneration);
     const int nPopulation = m_Container.PopulationSize();
     ShowGauge(nGeneration);
     // The fields cost fifty times more than all the rest. With small sets notices come faster than that, so
     // only the newest is written; it always is.
     if (!IsNewerNoticeQueued()) {
-        SetText(m_pTxtAvgFitness, NumberText(fAverage, 6));
-        SetText(m_pTxtBestFitness, NumberText(fBest, 6));
+        SetText(m_pTxtAvgFitness, NumberText(statistics.m_fAverageFitness, 6));
+        SetText(m_pTxtBestFitness, NumberText(statistics.m_fBestFitness, 6));
         SetText(m_pTxtTotalPop, std::to_string(nPopulation));
     }
     const float fGeneration = static_cast<float>(nGeneration);
-    m_pAvgPlotter->AddValue(fGeneration, fAverage);
-    m_pBestPlotter->AddValue(fGeneration, fBest);
+    m_pAvgPlotter->AddValue(fGeneration, statistics.m_fAverageFitness);
+    m_pBestPlotter->AddValue(fGeneration, statistics.m_fBestFitness);
     m_pTotalPopPlotter->AddValue(fGeneration, static_cast<float>(nPopulation));
     for (CPlotter* pPlotter : {m_pAvgPlotter, m_pBestPlotter, m_pTotalPopPlotter}) {
         pPlotter->Refresh(true, nullptr);
@@ -64,6 +64,16 @@ bool CNestrixFrame::IsNewerNoticeQueued() {
 }
 
 void CNestrixFrame::OnShowResult(wxCommandEvent&) {
+    try {
+        ShowBestPacking();
+    } catch (const std::bad_alloc&) {
+        m_pDisplay->Clear();
+        std::puts("Not enough memory to show the result");
+    }
+    m_pDisplay->Refresh(true, nullptr);
+}
+
+void CNestrixFrame::ShowBestPacking() {
     const CChromosome best = m_Container.CopyBestChromosome();
     std::vector<CPolygon> placed;
     m_Container.EvaluateFitnessValue(best, placed, false);
@@ -72,5 +82,4 @@ void CNestrixFrame::OnShowResult(wxCommandEvent&) {
         m_pDisplay->AddPolygon(polygon);
     }
     std::printf("Best Chromosome so far is %s\n", NumberText(best.m_fFitness, 6).c_str());
-    m_pDisplay->Refresh(true, nullptr);
 }

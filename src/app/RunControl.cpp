@@ -3,6 +3,7 @@
 #include <wx/spinctrl.h>
 
 #include <cstdio>
+#include <new>
 
 #include "CNestrixFrame.h"
 #include "CPolyDisplay.h"
@@ -54,10 +55,20 @@ void CNestrixFrame::OnRunGA(wxCommandEvent&) {
 /// A bad file never stops the run. The container has reported it too: the line stands twice, deliberately.
 void CNestrixFrame::LoadPolygons(const wxArrayString& paths) {
     for (const wxString& path : paths) {
-        // fn_str and utf8_str rather than c_str: in the "C" locale that is empty for all but plain ASCII.
-        if (!m_Container.AddPolygon(path.fn_str())) {
+        if (!LoadPolygon(path)) {
             std::printf("Couldn't Load Polygon %s\n", static_cast<const char*>(path.utf8_str()));
         }
+    }
+}
+
+/// Beyond this point the want of memory would end the program, and it may be this one file's only.
+bool CNestrixFrame::LoadPolygon(const wxString& path) {
+    try {
+        // fn_str and utf8_str rather than c_str: in the "C" locale that is empty for all but plain ASCII.
+        return m_Container.AddPolygon(path.fn_str());
+    } catch (const std::bad_alloc&) {
+        std::printf("Not enough memory to read %s\n", static_cast<const char*>(path.utf8_str()));
+        return false;
     }
 }
 
@@ -67,6 +78,8 @@ void CNestrixFrame::ResetPlotters() {
     }
     for (CPlotter* pPlotter : {m_pAvgPlotter, m_pBestPlotter, m_pTotalPopPlotter}) {
         pPlotter->Reshape(static_cast<float>(m_nGenerations));
+        // A run repaints them with its first notice, but there may be nothing to run.
+        pPlotter->Refresh(true, nullptr);
     }
 }
 

@@ -2,12 +2,14 @@
 #include <cstdlib>
 
 #include "NestrixMain.h"
+#include "StandardStreams.h"
 
 // Registers the factory of the application object, which checks first that the program and the toolkit were
 // built with the same options.
 wxIMPLEMENT_APP_NO_MAIN(CNestrixApp);
 
 int main(int argc, char** argv) {
+    OpenMissingStandardStreams();
     // Whoever reads the output through a pipe sees each line when it is written.
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     // The toolkit's canvases draw through GLX, which a Wayland desktop offers to X11 programs only. The

@@ -1,5 +1,7 @@
 #include "CGLSurface.h"
 
+#include "OpenGLSupport.h"
+
 int g_OpenGLAttribList[11] = {WX_GL_RGBA,
                               WX_GL_DOUBLEBUFFER,
                               WX_GL_MIN_RED,
@@ -12,14 +14,32 @@ int g_OpenGLAttribList[11] = {WX_GL_RGBA,
                               0,
                               0};
 
-CGLSurface::CGLSurface(wxGLCanvas& canvas) : m_Canvas(canvas), m_Context(&canvas) {}
+CGLSurface::CLeniency::CLeniency() : m_Previous(wxSetAssertHandler(nullptr)) {
+    if (IsOpenGLAvailable()) {
+        wxSetAssertHandler(m_Previous);
+    }
+}
+
+CGLSurface::CLeniency::~CLeniency() {
+    wxSetAssertHandler(m_Previous);
+}
+
+CGLSurface::CGLSurface(wxGLCanvas& canvas, wxWindow* pParent, const wxSize& size) : m_Canvas(canvas) {
+    if (IsOpenGLAvailable()) {
+        m_pContext = std::make_unique<wxGLContext>(&canvas);
+    } else if (canvas.GetHandle() == nullptr) {
+        // The canvas has not become a window; so that it can be placed, hidden and destroyed like any other,
+        // it becomes a plain one.
+        canvas.wxWindow::Create(pParent, wxID_ANY, wxPoint(0, 0), size);
+    }
+}
 
 bool CGLSurface::MakeCurrent() {
     // Asked first, since the toolkit answers a canvas without a window with an assertion.
-    if (!m_Context.IsOK() || !m_Canvas.IsShown() || m_Canvas.GetXWindow() == 0) {
+    if (m_pContext == nullptr || !m_pContext->IsOK() || !m_Canvas.IsShown() || m_Canvas.GetXWindow() == 0) {
         return false;
     }
-    return m_Canvas.SetCurrent(m_Context);
+    return m_Canvas.SetCurrent(*m_pContext);
 }
 
 void CGLSurface::SetView(float fWidth, float fHeight) {

@@ -10,6 +10,7 @@
 
 namespace {
 
+const wxSize FIRST_SIZE(150, 80);
 constexpr float FACE_SIZE = 8.0F;
 constexpr float FIRST_TOP = 50.0F;      ///< top of the y range before a value reaches it
 constexpr float FIRST_SPAN_X = 150.0F;  ///< generations across until the first run
@@ -19,7 +20,7 @@ constexpr float LABEL_OFFSET = 8.0F;    ///< labels begin left of the plot area,
 /// 0 for a range without extent: a run of no generations, a population size that never changes. Its points
 /// are then drawn on the frame's first line.
 float PixelsPerUnit(float fPixels, float fRange) {
-    return fRange > 0.0F ? fPixels / fRange : 0.0F;
+    return fRange != 0.0F ? fPixels / fRange : 0.0F;
 }
 
 void AddVertices(unsigned int nMode, std::span<const mgVector3> positions) {
@@ -44,10 +45,11 @@ wxBEGIN_EVENT_TABLE(CPlotter, wxGLCanvas)
     EVT_ERASE_BACKGROUND(CPlotter::OnEraseBackground)
 wxEND_EVENT_TABLE()
 
-CPlotter::CPlotter(wxWindow* parent)
-    : wxGLCanvas(parent, -1, g_OpenGLAttribList, wxPoint(0, 0), wxSize(150, 80), 0, "GLCanvas",
-                 wxNullPalette),
-      m_Surface(*this) {}
+CPlotter::CPlotter(wxWindow* parent) : CPlotter(parent, CGLSurface::CLeniency()) {}
+
+CPlotter::CPlotter(wxWindow* pParent, const CGLSurface::CLeniency&)
+    : wxGLCanvas(pParent, -1, g_OpenGLAttribList, wxPoint(0, 0), FIRST_SIZE, 0, "GLCanvas", wxNullPalette),
+      m_Surface(*this, pParent, FIRST_SIZE) {}
 
 CPlotter::~CPlotter() = default;
 
@@ -97,30 +99,30 @@ void CPlotter::Reset() {
     m_fMinY = 0.0F;
 }
 
+/// Values that are not finite are compared like any other, so the comparisons must stay as they are: what is
+/// not a number is neither above a bound nor at or above it.
 void CPlotter::AddValue(float fGeneration, float fValue) {
-    // An empty population has no average. Let into the range, it would blank the plot for the whole run.
-    if (std::isfinite(fValue)) {
-        WidenRange(fValue);
-    }
-    m_Points.push_back({fGeneration, fValue, 0.0F});
-}
-
-void CPlotter::WidenRange(float fValue) {
     if (m_Points.empty()) {
         m_fMaxValue = fValue;
         m_fMinY = fValue;
         Reshape(m_fMaxX);
     }
-    m_fMaxValue = std::max(m_fMaxValue, fValue);
-    const bool bTouchesTop = m_fMaxY <= m_fMaxValue;
-    if (!bTouchesTop && fValue >= m_fMinY) {
-        return;
+    if (fValue > m_fMaxValue) {
+        m_fMaxValue = fValue;
     }
-    m_fMinY = std::min(m_fMinY, fValue);
-    if (bTouchesTop) {
+    if (m_fMaxY > m_fMaxValue) {
+        if (!(fValue >= m_fMinY)) {
+            m_fMinY = fValue;
+            Reshape(m_fMaxX);
+        }
+    } else {
+        if (fValue < m_fMinY) {
+            m_fMinY = fValue;
+        }
         m_fMaxY = m_fMinY + (m_fMaxValue - m_fMinY) * HEADROOM;
+        Reshape(m_fMaxX);
     }
-    Reshape(m_fMaxX);
+    m_Points.push_back({fGeneration, fValue, 0.0F});
 }
 
 void CPlotter::OnPaint(wxPaintEvent&) {

@@ -30,7 +30,8 @@ public:
 
     /// Appends a point and widens the y range where needed: the bottom follows the smallest value, the top
     /// leaves a fifth of the spread free whenever the largest value touches it. Values that are not finite
-    /// are kept but neither drawn nor allowed to spoil the range. Does not repaint.
+    /// are compared like any other and may become a bound; what has no place then is not drawn. Does not
+    /// repaint.
     void AddValue(float fGeneration, float fValue);
 
     void OnPaint(wxPaintEvent& event);
@@ -54,8 +55,9 @@ public:
     float m_fScaleY = 0.0F;  ///< pixels per unit of value; 0 while the y range has no height
 
 private:
+    CPlotter(wxWindow* pParent, const CGLSurface::CLeniency&);
+
     void SetUp();
-    void WidenRange(float fValue);
     void ComputeScales();
     void DrawFrame();
     void DrawCurve();

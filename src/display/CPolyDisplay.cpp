@@ -8,6 +8,7 @@
 
 namespace {
 
+const wxSize FIRST_SIZE(400, 600);
 constexpr float MARGIN_LEFT = 40.0F;    ///< room for the labels beside the strip, in world units
 constexpr float MARGIN_BOTTOM = 20.0F;  ///< room for the labels below it
 constexpr float FACE_SIZE = 12.0F;
@@ -38,11 +39,12 @@ wxBEGIN_EVENT_TABLE(CPolyDisplay, wxGLCanvas)
     EVT_MENU(wxXmlResource::GetXRCID(ID_BACK_LINES), CPolyDisplay::OnMenuDrawBackLines)
 wxEND_EVENT_TABLE()
 
-CPolyDisplay::CPolyDisplay(wxWindow* parent)
-    : wxGLCanvas(parent, -1, g_OpenGLAttribList, wxPoint(0, 0), wxSize(400, 600), 0, "GLCanvas",
-                 wxNullPalette),
+CPolyDisplay::CPolyDisplay(wxWindow* parent) : CPolyDisplay(parent, CGLSurface::CLeniency()) {}
+
+CPolyDisplay::CPolyDisplay(wxWindow* pParent, const CGLSurface::CLeniency&)
+    : wxGLCanvas(pParent, -1, g_OpenGLAttribList, wxPoint(0, 0), FIRST_SIZE, 0, "GLCanvas", wxNullPalette),
       m_Font(FONT_FILE),
-      m_Surface(*this) {}
+      m_Surface(*this, pParent, FIRST_SIZE) {}
 
 CPolyDisplay::~CPolyDisplay() = default;
 

@@ -63,6 +63,8 @@ public:
     wxMenu* m_pMenu = nullptr;  ///< the render menu; null when the resources have none
 
 private:
+    CPolyDisplay(wxWindow* pParent, const CGLSurface::CLeniency&);
+
     void SetUpView();
     void LoadRenderMenu();
     void CheckMenuItem(const char* pName, bool bCheck);

@@ -22,7 +22,7 @@ void SetFaceSize(FTFont& font, float fPixels) {
 }
 
 void DrawCanvasText(FTFont& font, float fX, float fY, const std::string& text) {
-    if (font.Error() == 0 && font.FaceSize() > 0) {
+    if (font.Error() == 0) {
         glRasterPos2f(fX, fY);
         font.Render(text.c_str());
     }

@@ -19,6 +19,7 @@ void CContainer::Clear() {
     m_Polygons.clear();
     m_Population.clear();
     m_nPopulationSize = 0;
+    m_Reported.Clear();
 }
 
 void CContainer::PrepareEverything(unsigned int nPopulation) {

@@ -7,6 +7,7 @@
 
 #include "CChromosome.h"
 #include "CRelaxed.h"
+#include "CStatisticsQueue.h"
 #include "Geom.h"
 
 class CPolyDisplay;
@@ -42,7 +43,8 @@ protected:
 ///
 /// Threads: one thread searches. Meanwhile any other may write m_bStop, m_bAbandoned and
 /// g_MutationProbability, read the relaxed scalars and the polygon set, and call PopulationSize,
-/// CopyBestChromosome and EvaluateFitnessValue. Nothing else may be touched until the search has returned.
+/// CopyBestChromosome and EvaluateFitnessValue; the one that handles the search's notices may call
+/// TakeStatistics. Nothing else may be touched until the search has returned.
 class CContainer {
 public:
     /// Loads one polygon file into the set. On failure says so on standard output, leaves the set as it is
@@ -115,6 +117,11 @@ public:
     /// The size of the population. Any thread, at any time.
     [[nodiscard]] int PopulationSize() const { return m_nPopulationSize; }
 
+    /// The statistics as they were when this generation ended, once for each of RunGA's notices, in their
+    /// order; for any other generation, or for a receiver that is far behind, as they are now. For whoever
+    /// handles the notices.
+    [[nodiscard]] SGenerationStatistics TakeStatistics(int nGeneration);
+
     /// A whole copy of the best chromosome. Any thread, at any time; waits at most for another copy.
     [[nodiscard]] CChromosome CopyBestChromosome() const;
 
@@ -140,6 +147,7 @@ private:
     void ReplaceBestChromosome(const CChromosome& chromosome);
 
     CRelaxed<int> m_nPopulationSize = 0;
+    CStatisticsQueue m_Reported;     ///< of the generations whose notices have been posted
     mutable std::mutex m_BestGuard;  ///< held while m_BestChromosome is replaced or copied, never longer
 };
 

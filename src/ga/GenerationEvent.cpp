@@ -48,8 +48,9 @@ private:
 /// Posts one notice per generation, and keeps the receiver's queue short.
 class CPostingSink final : public CGenerationSink {
 public:
-    explicit CPostingSink(const CContainer& container)
-        : m_pReceiver(container.m_pEventHandler), m_Container(container) {}
+    /// @param reported gets the statistics of each generation, which does not travel in its notice.
+    CPostingSink(const CContainer& container, CStatisticsQueue& reported)
+        : m_Container(container), m_Reported(reported), m_pReceiver(container.m_pEventHandler) {}
 
     void GenerationDone(int nGeneration) override {
         if (m_pReceiver == nullptr) {
@@ -59,6 +60,7 @@ public:
         if (m_Container.m_bAbandoned) {
             return;
         }
+        m_Reported.Push({nGeneration, m_Container.m_fAverageFitness, m_Container.m_fBestFitness});
         m_pReceiver->AddPendingEvent(CGenerationEvent(nGeneration, m_pOutstanding));
         m_nAfterPost = *m_pOutstanding;
     }
@@ -88,8 +90,9 @@ private:
         }
     }
 
-    wxEvtHandler* m_pReceiver;
     const CContainer& m_Container;
+    CStatisticsQueue& m_Reported;
+    wxEvtHandler* m_pReceiver;
     std::shared_ptr<std::atomic<int>> m_pOutstanding = std::make_shared<std::atomic<int>>(0);
     bool m_bGone = false;
     /// Notices outstanding after the last post: fewer now means that some have been handled.
@@ -99,6 +102,11 @@ private:
 }  // namespace
 
 void CContainer::RunGA(int nPopulation, int nGenerations) {
-    CPostingSink sink(*this);
+    CPostingSink sink(*this, m_Reported);
     RunSearch(nPopulation, nGenerations, static_cast<unsigned int>(std::time(nullptr)), sink);
+}
+
+SGenerationStatistics CContainer::TakeStatistics(int nGeneration) {
+    const SGenerationStatistics now{nGeneration, m_fAverageFitness, m_fBestFitness};
+    return m_Reported.Take(nGeneration).value_or(now);
 }

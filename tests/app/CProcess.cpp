@@ -41,6 +41,9 @@ void Redirect(const std::filesystem::path& path, int nDescriptor) {
         arguments.push_back(const_cast<char*>(argument.c_str()));
     }
     arguments.push_back(nullptr);
+    for (const int nDescriptor : settings.m_Closed) {
+        close(nDescriptor);
+    }
     execvp(arguments[0], arguments.data());
     _exit(127);
 }

@@ -20,6 +20,7 @@ public:
         std::map<std::string, std::string> m_Environment;  ///< on top of the test's own; empty means unset
         std::filesystem::path m_Output = "/dev/null";      ///< of its standard output
         std::filesystem::path m_Errors = "/dev/null";
+        std::vector<int> m_Closed;  ///< descriptors that it starts without
     };
 
     CProcess(std::vector<std::string> command, const SSettings& settings);

@@ -2,9 +2,11 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
+#include <memory>
 #include <set>
 
 #include "CPolyDisplay.h"
+#include "EventPump.h"
 #include "FrameFixture.h"
 
 namespace {
@@ -29,6 +31,18 @@ protected:
             controls.insert(controls.end(), inner.begin(), inner.end());
         }
         return controls;
+    }
+
+    [[nodiscard]] static std::unique_ptr<wxMenuBar> CommandsMenu() {
+        return std::unique_ptr<wxMenuBar>(wxXmlResource::Get()->LoadMenuBar(nullptr, "CommandsMenu"));
+    }
+
+    /// Gives the window another size than its own minimum allows.
+    void Resize(const wxSize& size) {
+        m_pFrame->SetMinSize(wxSize(100, 100));
+        m_pFrame->SetClientSize(size);
+        ASSERT_TRUE(support::PumpUntil([&] { return m_pFrame->GetClientSize() == size; }));
+        support::PumpPending();
     }
 
     static bool IsTabStop(const wxWindow& window) {
@@ -63,6 +77,16 @@ TEST_F(Form, HasEveryControlInItsKind) {
 
 TEST_F(Form, GivesNoControlTheIdOfTheProgressNotice) {
     EXPECT_EQ(m_pFrame->FindWindow(ID_GENERATION_DONE), nullptr);
+    EXPECT_EQ(m_pFrame->m_pDisplay->m_pMenu->FindItem(ID_GENERATION_DONE), nullptr);
+    EXPECT_EQ(CommandsMenu()->FindItem(ID_GENERATION_DONE), nullptr);
+}
+
+TEST_F(Form, OffersTheCommandThatDoesNothingInAMenuThatNoWindowShows) {
+    const std::unique_ptr<wxMenuBar> pMenu = CommandsMenu();
+    const wxMenuItem* pItem = pMenu->FindItem(wxXmlResource::GetXRCID("ID_MNU_COMMANDS_NEXT"));
+    ASSERT_NE(pItem, nullptr);
+    EXPECT_EQ(pItem->GetKind(), wxITEM_NORMAL);
+    EXPECT_EQ(m_pFrame->GetMenuBar(), nullptr);
 }
 
 TEST_F(Form, ShowsRatiosThatEqualTheSliders) {
@@ -129,13 +153,34 @@ TEST_F(Form, FitsALaptopsScreenWithoutScrolling) {
 }
 
 TEST_F(Form, ScrollsBothWaysWhereItDoesNotFit) {
-    m_pFrame->SetMinSize(wxSize(100, 100));
-    EXPECT_TRUE(m_pFrame->m_pScrolledWindow->CanScroll(wxHORIZONTAL));
-    EXPECT_TRUE(m_pFrame->m_pScrolledWindow->CanScroll(wxVERTICAL));
-    const wxSize reach = m_pFrame->m_pScrolledWindow->GetVirtualSize();
-    const wxSize form = Panel().GetBestSize();
-    EXPECT_GE(reach.x, form.x);
-    EXPECT_GE(reach.y, form.y);
+    Resize(wxSize(600, 400));
+    CNestrixScrolledWindow& window = *m_pFrame->m_pScrolledWindow;
+    EXPECT_TRUE(window.HasScrollbar(wxHORIZONTAL));
+    EXPECT_TRUE(window.HasScrollbar(wxVERTICAL));
+    const wxPoint atFirst = Panel().GetPosition();
+    // By ten pixels a line, as the scroll bars do it.
+    for (const int nDirection : {wxHORIZONTAL, wxVERTICAL, wxVERTICAL}) {
+        wxScrollWinEvent event(wxEVT_SCROLLWIN_LINEDOWN, 0, nDirection);
+        window.ProcessWindowEvent(event);
+    }
+    EXPECT_EQ(Panel().GetPosition(), atFirst - wxPoint(10, 20));
+    window.Scroll(1000, 1000);
+    const wxPoint corner = Panel().GetPosition() + Panel().GetSize();
+    EXPECT_LE(corner.x, window.GetClientSize().x) << "the right edge stays out of sight";
+    EXPECT_LE(corner.y, window.GetClientSize().y) << "the lower edge stays out of sight";
+}
+
+TEST_F(Form, BecomesAsSmallAsItWasWhenFilesHaveBeenListedMeanwhile) {
+    const wxSize atFirst = Panel().GetSize();
+    Resize(m_pFrame->GetClientSize() + wxSize(200, 100));
+    EXPECT_EQ(Panel().GetSize(), atFirst + wxSize(200, 100));
+    for (int i = 0; i < 40; ++i) {
+        List().Append("/" + std::string(500, 'x') + "/square.pol");
+    }
+    Resize(m_pFrame->GetClientSize() - wxSize(200, 100));
+    EXPECT_EQ(Panel().GetSize(), atFirst);
+    const wxWindow& plotter = *m_pFrame->m_pAvgPlotter;
+    EXPECT_LT(plotter.GetScreenRect().GetRight(), Panel().GetScreenRect().GetRight());
 }
 
 TEST_F(Form, HoldsTheCanvasesInPlaceholdersOfFixedSize) {

@@ -60,8 +60,8 @@ void FrameFixture::SetRun(int nPopulation, int nGenerations) {
     Control<wxSpinCtrl>("ID_SPIN_GENERATIONS").SetValue(nGenerations);
 }
 
-void FrameFixture::ListSquares(int nCount) {
-    const std::string square = PolygonFileText(MakeSquare(10.0F));
+void FrameFixture::ListSquares(int nCount, int nSide) {
+    const std::string square = PolygonFileText(MakeSquare(static_cast<float>(nSide)));
     for (int i = 0; i < nCount; ++i) {
         List().Append(m_Folder.Write("square" + std::to_string(i) + ".pol", square));
     }

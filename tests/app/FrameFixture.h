@@ -45,8 +45,8 @@ protected:
 
     void SetRun(int nPopulation, int nGenerations);
 
-    /// Writes so many squares of side 10 into a folder of the test's own and lists them.
-    void ListSquares(int nCount);
+    /// Writes so many squares into a folder of the test's own and lists them.
+    void ListSquares(int nCount, int nSide = 10);
 
     /// Starts a run that would not end for hours.
     void StartLongRun();

@@ -6,6 +6,7 @@
 #include "CPolyDisplay.h"
 #include "EventPump.h"
 #include "FrameFixture.h"
+#include "PolygonMaking.h"
 
 namespace {
 
@@ -49,7 +50,7 @@ TEST_F(GenerationReport, RoundsTheGaugeDown) {
     EXPECT_EQ(Gauge(), 71);
 }
 
-TEST_F(GenerationReport, FillsTheGaugeOfARunOfAMillionGenerations) {
+TEST_F(GenerationReport, FillsTheGaugeOfARunOfAHundredMillionGenerations) {
     m_pFrame->m_nGenerations = 100000000;
     Notify(50000000);
     EXPECT_EQ(Gauge(), 50);
@@ -99,9 +100,15 @@ TEST_F(GenerationReport, AddsOnePointToEachPlot) {
 }
 
 TEST_F(GenerationReport, LeavesTheCanvasAlone) {
-    const size_t nItems = m_pFrame->m_pDisplay->m_PolyItems.size();
+    CPolyDisplay& display = *m_pFrame->m_pDisplay;
+    display.AddPolygon(support::PlacedAt(support::MakeSquare(50.0F), 100.0F, 200.0F));
+    const support::CPicture before = support::CCanvasHost::Paint(display);
+    ASSERT_TRUE(support::PumpUntil([&] { return !support::CCanvasHost::IsRepainted(display); }));
     Notify(3);
-    EXPECT_EQ(m_pFrame->m_pDisplay->m_PolyItems.size(), nItems);
+    EXPECT_FALSE(support::CCanvasHost::IsRepainted(display));
+    EXPECT_EQ(display.m_PolyItems.size(), 1U);
+    EXPECT_EQ(display.m_fHeight, 250.0F);
+    EXPECT_TRUE(support::CCanvasHost::Paint(display) == before);
 }
 
 TEST_F(GenerationReport, WritesTheFieldsOnlyForTheNewestOfManyNotices) {

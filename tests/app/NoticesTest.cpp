@@ -7,6 +7,7 @@
 #include "CStdoutCapture.h"
 #include "EventPump.h"
 #include "FrameFixture.h"
+#include "PolygonMaking.h"
 #include "RandomCases.h"
 
 namespace {
@@ -43,6 +44,41 @@ TEST_F(Notices, AreAllHandledHoweverFastTheyCome) {
     EXPECT_EQ(Text("ID_TXT_BEST_FITNESS"),
               std::to_string(static_cast<float>(m_pFrame->m_Container.m_fBestFitness)));
     EXPECT_EQ(Text("ID_TXT_TOTAL_POP"), "2");
+}
+
+TEST_F(Notices, LeaveTheStatisticsOfTheirGenerationWithTheContainerUntilTheyAreHandled) {
+    CContainer container;
+    container.m_Polygons = {support::MakeSquare(10.0F), support::MakeRectangle(30.0F, 20.0F)};
+    wxEvtHandler handler;
+    container.m_pEventHandler = &handler;
+    (void)support::PrintedBy([&container] { container.RunGA(3, 5); });
+    constexpr float NOW = 1e30F;
+    container.m_fAverageFitness = NOW;
+    container.m_fBestFitness = NOW;
+    EXPECT_EQ(container.TakeStatistics(1).m_fAverageFitness, NOW) << "not this one's turn";
+    for (int i = 0; i <= 5; ++i) {
+        const SGenerationStatistics statistics = container.TakeStatistics(i);
+        EXPECT_EQ(statistics.m_nGeneration, i);
+        EXPECT_LT(statistics.m_fAverageFitness, NOW);
+        EXPECT_LT(statistics.m_fBestFitness, NOW);
+    }
+    EXPECT_EQ(container.TakeStatistics(5).m_fAverageFitness, NOW) << "taken already";
+    EXPECT_EQ(container.TakeStatistics(5).m_fBestFitness, NOW);
+}
+
+TEST_F(Notices, OfAnEarlierRunLeaveNothingToTheNext) {
+    CContainer container;
+    wxEvtHandler handler;
+    container.m_pEventHandler = &handler;
+    // More than there is room for.
+    (void)support::PrintedBy([&container] { container.RunGA(2, 1000); });
+    container.Clear();
+    container.m_fAverageFitness = -1.0F;
+    EXPECT_EQ(container.TakeStatistics(0).m_fAverageFitness, -1.0F);
+    container.m_Polygons = {support::MakeSquare(10.0F)};
+    (void)support::PrintedBy([&container] { container.RunGA(2, 0); });
+    container.m_fAverageFitness = -1.0F;
+    EXPECT_EQ(container.TakeStatistics(0).m_fAverageFitness, 0.0F);
 }
 
 /// Counts the notices it hears.

@@ -1,6 +1,4 @@
 #include <gmock/gmock.h>
-#include <sys/resource.h>
-#include <unistd.h>
 #include <wx/log.h>
 
 #include <chrono>
@@ -9,12 +7,14 @@
 #include <new>
 
 #include "CPolyDisplay.h"
+#include "CScarceMemory.h"
 #include "CStdoutCapture.h"
 #include "EventPump.h"
 #include "FrameFixture.h"
 
 namespace {
 
+using support::CScarceMemory;
 using support::FrameFixture;
 using support::PrintedBy;
 using testing::HasSubstr;
@@ -27,25 +27,6 @@ protected:
         pThread->SetGenerations(1000000000);
         return pThread;
     }
-};
-
-/// While it lives, the process can have only so many more bytes of memory.
-class CScarceMemory {
-public:
-    explicit CScarceMemory(rlim_t nBytes) {
-        getrlimit(RLIMIT_AS, &m_Previous);
-        rlim_t nPages = 0;
-        std::ifstream("/proc/self/statm") >> nPages;
-        const rlimit scarce{nPages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + nBytes,
-                            m_Previous.rlim_max};
-        setrlimit(RLIMIT_AS, &scarce);
-    }
-    ~CScarceMemory() { setrlimit(RLIMIT_AS, &m_Previous); }
-    CScarceMemory(const CScarceMemory&) = delete;
-    CScarceMemory& operator=(const CScarceMemory&) = delete;
-
-private:
-    rlimit m_Previous = {};
 };
 
 TEST_F(PolyThread, BeginsWithNothingToDo) {

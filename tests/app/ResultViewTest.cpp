@@ -2,9 +2,11 @@
 
 #include "CCanvasHost.h"
 #include "CPolyDisplay.h"
+#include "CScarceMemory.h"
 #include "CStdoutCapture.h"
 #include "EventPump.h"
 #include "FrameFixture.h"
+#include "UnderSanitizer.h"
 
 namespace {
 
@@ -69,6 +71,25 @@ TEST_F(ResultView, IsEmptyWhenThePolygonsHaveGone) {
     Press("ID_BTN_RUN_GA");
     EXPECT_THAT(Press("ID_BTN_SHOW_RESULT"), HasSubstr("Best Chromosome so far is "));
     EXPECT_TRUE(Display().m_PolyItems.empty());
+}
+
+TEST_F(ResultView, IsLeftEmptyWhenTheMemoryHasNoRoomForIt) {
+    if (support::UNDER_SANITIZER) {
+        GTEST_SKIP() << "the sanitizers' allocators end the program instead";
+    }
+    MakeResult();
+    Press("ID_BTN_SHOW_RESULT");
+    // A packing of this is drawn from copies.
+    const CPoint point = m_pFrame->m_Container.m_Polygons[0].m_Points[0];
+    m_pFrame->m_Container.m_Polygons[0].m_Points.resize(2'000'000, point);
+    {
+        const support::CScarceMemory scarce(20U << 20U);
+        EXPECT_EQ(Press("ID_BTN_SHOW_RESULT"), "Not enough memory to show the result\n");
+    }
+    EXPECT_TRUE(Display().m_PolyItems.empty());
+    EXPECT_EQ(Display().m_fHeight, 0.0F);
+    EXPECT_THAT(Press("ID_BTN_SHOW_RESULT"), HasSubstr("Best Chromosome so far is "));
+    EXPECT_EQ(Display().m_PolyItems.size(), 3U);
 }
 
 TEST_F(ResultView, NumbersThePolygonsInDropOrder) {

@@ -2,14 +2,19 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 #include <fstream>
+#include <set>
 
+#include "CCanvasHost.h"
 #include "COrdinaryUser.h"
 #include "CPolyDisplay.h"
+#include "CScarceMemory.h"
 #include "CStdoutCapture.h"
 #include "EventPump.h"
 #include "FrameFixture.h"
+#include "UnderSanitizer.h"
 
 namespace {
 
@@ -49,6 +54,28 @@ TEST_F(RunControl, ClearsTheLastRunAndStartsNoneWhenTheListIsEmpty) {
     EXPECT_EQ(m_pFrame->m_nGenerations, 30);
     EXPECT_EQ(m_pFrame->m_pBestPlotter->m_fMaxX, 30.0F);
     EXPECT_EQ(m_pFrame->m_pThread, pFinished);
+}
+
+TEST_F(RunControl, TakesTheLastCurvesOffTheScreenWhenTheListIsEmpty) {
+    const std::array plotters{m_pFrame->m_pAvgPlotter, m_pFrame->m_pBestPlotter,
+                              m_pFrame->m_pTotalPopPlotter};
+    std::vector<support::CPicture> empty;
+    for (CPlotter* pPlotter : plotters) {
+        pPlotter->Reshape(30.0F);
+        empty.push_back(support::CCanvasHost::Paint(*pPlotter));
+    }
+    ListSquares(3);
+    SetRun(4, 30);
+    RunToItsEnd();
+    for (CPlotter* pPlotter : plotters) {
+        ASSERT_TRUE(PumpUntil([&] { return !support::CCanvasHost::IsRepainted(*pPlotter); }));
+    }
+    Press("ID_BTN_CLEAR");
+    // Each plot by a run of its own, since watching one would miss the paints of the others.
+    for (size_t i = 0; i < plotters.size(); ++i) {
+        Press("ID_BTN_RUN_GA");
+        EXPECT_TRUE(support::CCanvasHost::AwaitPaint(*plotters[i]) == empty[i]) << i;
+    }
 }
 
 TEST_F(RunControl, StartsNoThreadWhenTheListHasNeverHeldAnything) {
@@ -94,6 +121,36 @@ TEST_F(RunControl, SpansThePlotsOverAllGenerations) {
     }
 }
 
+/// The numbers that the search prints after this text, one a generation but the first.
+std::vector<float> NumbersAfter(const std::string& text, const std::string& printed) {
+    std::vector<float> numbers;
+    for (size_t i = printed.find(text); i != std::string::npos; i = printed.find(text, i + 1)) {
+        numbers.push_back(std::stof(printed.substr(i + text.size())));
+    }
+    return numbers;
+}
+
+std::vector<float> ValuesButTheFirst(const CPlotter& plotter) {
+    std::vector<float> values;
+    for (size_t i = 1; i < plotter.m_Points.size(); ++i) {
+        values.push_back(plotter.m_Points[i].y);
+    }
+    return values;
+}
+
+TEST_F(RunControl, PlotsWhatWasTrueWhenEachGenerationEnded) {
+    // So few generations that the search is over before the window has handled its first notice.
+    ListSquares(12, 90);
+    SetRun(10, 60);
+    const std::string printed = RunToItsEnd();
+    const std::vector<float> averages = NumbersAfter("Average fitness= ", printed);
+    ASSERT_EQ(averages.size(), 60U);
+    EXPECT_GT(std::set<float>(averages.begin(), averages.end()).size(), 1U) << "nothing to tell apart";
+    EXPECT_EQ(ValuesButTheFirst(*m_pFrame->m_pAvgPlotter), averages);
+    EXPECT_EQ(ValuesButTheFirst(*m_pFrame->m_pBestPlotter),
+              NumbersAfter("Best Chromosome so far is ", printed));
+}
+
 TEST_F(RunControl, ReportsABadFileTwiceAndPacksTheOthers) {
     ListSquares(1);
     const std::string missing = m_Folder.PathOf("missing.pol");
@@ -133,6 +190,32 @@ TEST_F(RunControl, GoesAheadWhenEveryFileIsBad) {
     EXPECT_THAT(RunToItsEnd(), HasSubstr("Generation 2 has been created with 3 many individuals\n"));
     EXPECT_TRUE(Container().m_Polygons.empty());
     EXPECT_EQ(PointCount(), 3U);
+}
+
+TEST_F(RunControl, LeavesOutAFileThatTheMemoryHasNoRoomForAndPacksTheOthers) {
+    if (support::UNDER_SANITIZER) {
+        GTEST_SKIP() << "the sanitizers' allocators end the program instead";
+    }
+    constexpr int VERTICES = 1'000'000;
+    std::string text = std::to_string(VERTICES) + "\n";
+    for (int i = 0; i < VERTICES; ++i) {
+        text += "1,1\n";
+    }
+    ListSquares(1);
+    const std::string large = m_Folder.Write("large.pol", text + ";1,1\n0,0\n");
+    List().Append(large);
+    ListSquares(1);
+    SetRun(2, 1);
+    const std::string printed = PrintedBy([this] {
+        const support::CScarceMemory scarce(20U << 20U);
+        wxCommandEvent event(wxEVT_BUTTON, XRCID("ID_BTN_RUN_GA"));
+        m_pFrame->ProcessWindowEvent(event);
+        AwaitEndOfRun();
+    });
+    EXPECT_THAT(printed,
+                HasSubstr("Not enough memory to read " + large + "\nCouldn't Load Polygon " + large + "\n"));
+    EXPECT_THAT(printed, HasSubstr("Generation 1 has been created with 2 many individuals\n"));
+    EXPECT_EQ(Container().m_Polygons.size(), 2U);
 }
 
 TEST_F(RunControl, OpensAndPrintsPathsWithAnyCharacters) {

@@ -92,6 +92,7 @@ void SessionFixture::Launch(const std::map<std::string, std::string>& environmen
     settings.m_Folder = m_Folder.Path();
     settings.m_Output = m_OutputFile;
     settings.m_Errors = m_Records.PathOf("errors");
+    settings.m_Closed = m_Closed;
     settings.m_Environment = environment;
     settings.m_Environment["LSAN_OPTIONS"] =
         std::string(LEAK_OPTIONS) + ":suppressions=" + m_Records.Write("leaks", TOOLKIT_LEAKS);
@@ -103,12 +104,19 @@ void SessionFixture::Start(const std::map<std::string, std::string>& environment
     Launch(environment);
     // The strip's left wall, half-way up.
     const wxPoint wall = Place("ID_DISPLAY").GetPosition() + wxPoint(33, 300);
-    const auto isAtRest = [&] {
+    const auto isPainted = [&] {
         const CScreenshot now;
-        const bool bPainted = now.At(wall) == BLACK && now.At(wall + wxPoint(3, 0)) == WHITE;
-        return bPainted && std::ranges::none_of(LANDMARKS, [&](const char* pLandmark) {
-                   return now.Differs(*m_pAtRest, Place(pLandmark));
-               });
+        return now.At(wall) == BLACK && now.At(wall + wxPoint(3, 0)) == WHITE;
+    };
+    Require(Await(isPainted), "the canvas is not painted");
+    AwaitRest();
+}
+
+void SessionFixture::AwaitRest() const {
+    const auto isAtRest = [this] {
+        const CScreenshot now;
+        return std::ranges::none_of(
+            LANDMARKS, [&](const char* pLandmark) { return now.Differs(*m_pAtRest, Place(pLandmark)); });
     };
     Require(Await(isAtRest), "the window does not come to rest");
     Require(AwaitFocus(TITLE), "the window does not get the keys");

@@ -24,6 +24,9 @@ protected:
     /// Starts the program and waits for nothing.
     void Launch(const std::map<std::string, std::string>& environment = {});
 
+    /// Waits until the form looks as it does before anything is done in it, and gets the keys.
+    void AwaitRest() const;
+
     /// Writes a square of this side into the program's folder and returns its path.
     std::string AddSquare(const std::string& name, int nSide);
 
@@ -60,7 +63,8 @@ protected:
     CWindowManager m_WindowManager;
     CTemporaryFolder m_Folder;  ///< the program's own
     CTemporaryFolder m_Records;
-    std::filesystem::path m_OutputFile = m_Records.PathOf("output");         ///< where the program prints to
+    std::filesystem::path m_OutputFile = m_Records.PathOf("output");  ///< where the program prints to
+    std::vector<int> m_Closed;  ///< descriptors that the program starts without
     std::filesystem::path m_Command = std::filesystem::absolute("nestrix");  ///< what is started
     std::unique_ptr<CProcess> m_pProgram;
 

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 #include <wx/app.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <ctime>
 #include <filesystem>
 
 #include "CDialogAnswers.h"
@@ -55,6 +58,12 @@ private:
     CNestrixFrame* m_pFrame;
 };
 
+/// Whether the scrolled window shows anything.
+bool IsEmpty(const CNestrixFrame& frame) {
+    const wxWindowList& children = frame.m_pScrolledWindow->GetChildren();
+    return std::none_of(children.begin(), children.end(), [](wxWindow* pChild) { return pChild->IsShown(); });
+}
+
 /// Each command that the window knows, whether or not its control exists.
 void SendEveryCommand(CNestrixFrame& frame) {
     for (const char* pButton : {"ID_BTN_ADD", "ID_BTN_CLEAR", "ID_BTN_REMOVE", "ID_BTN_RUN_GA", "ID_BTN_STOP",
@@ -96,6 +105,23 @@ TEST_F(StartUp, MeasuresTheStripOnTheCanvas) {
     EXPECT_EQ(m_pFrame->m_pDisplay->m_fStripWidth, 400.0F);
     EXPECT_EQ(m_pFrame->m_pDisplay->m_fStripHeight, 600.0F);
     EXPECT_EQ(m_pFrame->m_pDisplay->m_fViewHeight, 720.0F);
+}
+
+TEST(Initialize, SeedsTheRandomGeneratorWithTheClock) {
+    delete wxXmlResource::Set(new wxXmlResource);
+    auto* pFrame = new CNestrixFrame("Nestrix using GA");
+    pFrame->Show(true);
+    const std::time_t before = std::time(nullptr);
+    pFrame->Initialize();
+    const int nDrawn = std::rand();
+    bool bFound = false;
+    for (std::time_t now = before; now <= std::time(nullptr); ++now) {
+        std::srand(static_cast<unsigned int>(now));
+        bFound = bFound || std::rand() == nDrawn;
+    }
+    EXPECT_TRUE(bFound);
+    pFrame->Destroy();
+    wxTheApp->ProcessIdle();
 }
 
 TEST_F(StartUp, HooksTheFrameToTheScrolledWindow) {
@@ -154,6 +180,7 @@ TEST(FormWithoutResources, IsMissedInOneMessageBox) {
     EXPECT_EQ(answers.Messages()[0], "Error: Couldn't load the XML GUI resource");
     EXPECT_EQ(frame->GetTitle(), "Nestrix using GA");
     EXPECT_TRUE(frame->IsMaximized());
+    EXPECT_TRUE(IsEmpty(*frame));
 }
 
 TEST(FormWithoutResources, IsMissedInOneMessageBoxWhenTheFileIsMalformed) {
@@ -174,6 +201,7 @@ TEST(FormWithoutResources, LeavesEveryCommandHarmless) {
     const CLooseFrame frame;
     SendEveryCommand(*frame);
     EXPECT_EQ(frame->m_pThread, nullptr);
+    EXPECT_TRUE(IsEmpty(*frame));
 }
 
 TEST(FormWithFewControls, LeavesEveryCommandHarmless) {
@@ -187,6 +215,20 @@ TEST(FormWithFewControls, LeavesEveryCommandHarmless) {
     SendEveryCommand(*frame);
     // Only the file dialog, no message about the form.
     EXPECT_THAT(answers.Messages(), testing::ElementsAre("Choose a polygon file"));
+}
+
+TEST(FormWithFewControls, HidesTheCanvasesThatHaveNoPlace) {
+    const support::CTemporaryFolder folder;
+    (void)folder.Write("Nestrix_wdr.xrc",
+                       "<resource><object class=\"wxPanel\" name=\"NestrixMainDlg\">"
+                       "<object class=\"unknown\" name=\"ID_BEST_PLOTTER\"/></object></resource>");
+    const CWorkingFolder elsewhere(folder.Path());
+    const CLooseFrame frame;
+    EXPECT_TRUE(frame->m_pBestPlotter->IsShownOnScreen());
+    for (const wxWindow* pCanvas : std::initializer_list<const wxWindow*>{
+             frame->m_pDisplay, frame->m_pAvgPlotter, frame->m_pTotalPopPlotter}) {
+        EXPECT_FALSE(pCanvas->IsShown());
+    }
 }
 
 }  // namespace

@@ -1,10 +1,13 @@
+#include <unistd.h>
+
 #include "CCommaLocale.h"
+#include "CVirtualDisplay.h"
 #include "SessionFixture.h"
 
 namespace {
 
 using support::Await;
-using support::AwaitWindow;
+using support::AwaitFocus;
 using support::BLACK;
 using support::CCommaLocale;
 using support::CScreenshot;
@@ -23,14 +26,46 @@ protected:
         }
     }
 
-    void ExpectOneMessageBox() {
-        Launch();
-        ASSERT_TRUE(AwaitWindow("Error"));
+    void DismissMessageBox() {
+        ASSERT_TRUE(AwaitFocus("Error"));
         PressKeys({"Return"});
-        ASSERT_TRUE(AwaitWindow("Nestrix using GA"));
-        EXPECT_FALSE(IsWindowOpen("Error"));
         ASSERT_TRUE(Await([] { return !IsWindowOpen("Error"); }));
+        ASSERT_TRUE(AwaitFocus("Nestrix using GA"));
+    }
+
+    /// Whether the area has one colour only.
+    static bool IsBlank(const wxRect& area) {
+        const CScreenshot now;
+        return now.Count(now.At(area.GetPosition()), area) == area.width * area.height;
+    }
+
+    void ExpectOneMessageBoxAndAnEmptyWindow() {
+        Launch();
+        DismissMessageBox();
+        // All of the screen but the title bar.
+        EXPECT_TRUE(Await([] { return IsBlank(wxRect(2, 30, 1276, 768)); }));
         CloseWindow();
+    }
+
+    void ExpectAWindowWithoutPictures(const std::map<std::string, std::string>& environment = {}) {
+        AddSquare("a.pol", 50);
+        Launch(environment);
+        DismissMessageBox();
+        AwaitRest();
+        ListWholeFolder();
+        SetRun(5, 3);
+        ClickOn("ID_BTN_RUN_GA");
+        ASSERT_TRUE(AwaitOutput("Thread Exited\n"));
+        EXPECT_TRUE(Await([this] { return IsGaugeFull(); }));
+        ClickOn("ID_BTN_SHOW_RESULT");
+        ASSERT_TRUE(AwaitOutput("Best Chromosome so far is ", 4));
+        support::ParkPointer();
+        for (const char* pPlace :
+             {"ID_DISPLAY", "ID_AVG_PLOTTER", "ID_BEST_PLOTTER", "ID_TOTAL_POP_PLOTTER"}) {
+            EXPECT_TRUE(Await([&] { return IsBlank(Place(pPlace)); })) << pPlace;
+        }
+        CloseWindow();
+        EXPECT_EQ(support::ReadFile(m_Records.PathOf("errors")).find("assert"), std::string::npos);
     }
 
     /// Everything but the text is painted.
@@ -46,17 +81,25 @@ protected:
         ASSERT_TRUE(AwaitOutput("Thread Exited\n"));
         ClickOn("ID_BTN_SHOW_RESULT");
         CloseWindow();
+        ExpectNoWordAboutAFont();
+    }
+
+    void ExpectNoWordAboutAFont() const {
+        const std::string said = Output() + support::ReadFile(m_Records.PathOf("errors"));
+        for (const char* pWord : {"arial", "ont", "FT"}) {
+            EXPECT_EQ(said.find(pWord), std::string::npos) << said;
+        }
     }
 };
 
 TEST_F(SurroundingsSession, WithoutFormGiveOneMessageBoxAndAnEmptyWindow) {
     Replace("Nestrix_wdr.xrc", nullptr);
-    ExpectOneMessageBox();
+    ExpectOneMessageBoxAndAnEmptyWindow();
 }
 
 TEST_F(SurroundingsSession, WithAMalformedFormGiveOneMessageBoxAndAnEmptyWindow) {
     Replace("Nestrix_wdr.xrc", "<resource><object class=\"wxPanel\"");
-    ExpectOneMessageBox();
+    ExpectOneMessageBoxAndAnEmptyWindow();
 }
 
 TEST_F(SurroundingsSession, WithoutFontCostTheTextOnly) {
@@ -67,6 +110,47 @@ TEST_F(SurroundingsSession, WithoutFontCostTheTextOnly) {
 TEST_F(SurroundingsSession, WithAFontThatIsNoneCostTheTextOnly) {
     Replace("arial.ttf", "This is not a font.");
     ExpectNoText();
+}
+
+TEST_F(SurroundingsSession, WithoutOpenGLGiveOneMessageBoxAndAWindowWithoutPictures) {
+    const support::CVirtualDisplay screen("1280x800x24", "GLX");
+    const support::CWindowManager windowManager;
+    ExpectAWindowWithoutPictures();
+}
+
+TEST_F(SurroundingsSession, WithAnOpenGLThatRefusesGiveTheSame) {
+    // Neither drawn here nor by a server that does not do so for others, as over a remote connection.
+    ExpectAWindowWithoutPictures({{"LIBGL_ALWAYS_INDIRECT", "1"}});
+}
+
+TEST_F(SurroundingsSession, WithoutOpenGLAndFormGiveTheMessageAboutTheFormOnly) {
+    Replace("Nestrix_wdr.xrc", nullptr);
+    const support::CVirtualDisplay screen("1280x800x24", "GLX");
+    const support::CWindowManager windowManager;
+    ExpectOneMessageBoxAndAnEmptyWindow();
+}
+
+TEST_F(SurroundingsSession, WithoutStandardOutputAreNotMistakenForIt) {
+    // The connection to the display would take its place, and the progress lines would go there.
+    m_Closed = {STDOUT_FILENO};
+    StartWithSquares(3, 30);
+    SetRun(10, 50);
+    ClickOn("ID_BTN_RUN_GA");
+    EXPECT_TRUE(Await([this] { return IsGaugeFull(); }));
+    const CScreenshot before;
+    ClickOn("ID_BTN_SHOW_RESULT");
+    EXPECT_TRUE(Await([&] { return CScreenshot().Differs(before, Place("ID_DISPLAY")); }));
+    CloseWindow();
+}
+
+TEST_F(SurroundingsSession, WithoutAnyStandardStreamGiveTheProgramTheNullDevice) {
+    m_Closed = {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO};
+    Start();
+    for (const int nDescriptor : m_Closed) {
+        const std::string process = "/proc/" + std::to_string(m_pProgram->Id());
+        EXPECT_EQ(std::filesystem::read_symlink(process + "/fd/" + std::to_string(nDescriptor)), "/dev/null");
+    }
+    CloseWindow();
 }
 
 TEST_F(SurroundingsSession, WithADecimalCommaReadAndPrintPoints) {

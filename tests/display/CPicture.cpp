@@ -1,7 +1,7 @@
 #include "CPicture.h"
 
 #include <cmath>
-#include <ostream>
+#include <sstream>
 
 namespace support {
 
@@ -53,6 +53,27 @@ int CPicture::Count(SColour colour, int nLeft, int nBottom, int nRight, int nTop
 
 bool CPicture::IsBlank(int nLeft, int nBottom, int nRight, int nTop) const {
     return Count(WHITE, nLeft, nBottom, nRight, nTop) == (nRight - nLeft) * (nTop - nBottom);
+}
+
+std::string CPicture::DifferenceFrom(const CPicture& expected) const {
+    if (m_nWidth != expected.m_nWidth || m_nHeight != expected.m_nHeight) {
+        return "another size";
+    }
+    int nCount = 0;
+    std::ostringstream first;
+    for (int nY = 0; nY < m_nHeight; ++nY) {
+        for (int nX = 0; nX < m_nWidth; ++nX) {
+            if (At(nX, nY) == expected.At(nX, nY)) {
+                continue;
+            }
+            if (nCount == 0) {
+                first << " other pixels, the first at (" << nX << ", " << nY << "): " << At(nX, nY)
+                      << " instead of " << expected.At(nX, nY);
+            }
+            ++nCount;
+        }
+    }
+    return nCount == 0 ? "" : std::to_string(nCount) + first.str();
 }
 
 }  // namespace support

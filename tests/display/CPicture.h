@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <string>
 #include <vector>
 
 namespace support {
@@ -47,6 +48,10 @@ public:
 
     /// Whether anything is drawn in that rectangle.
     [[nodiscard]] bool IsBlank(int nLeft, int nBottom, int nRight, int nTop) const;
+
+    /// Says how many pixels are other than in the expected picture, and where the first of them is; empty if
+    /// none are.
+    [[nodiscard]] std::string DifferenceFrom(const CPicture& expected) const;
 
     friend bool operator==(const CPicture&, const CPicture&) = default;
 

@@ -13,14 +13,16 @@ namespace support {
 
 namespace {
 
-[[noreturn]] void RunServer(const char* pScreen, int nReport) {
+[[noreturn]] void RunServer(const char* pScreen, const char* pWithout, int nReport) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);  // A test that crashes leaves no server behind.
     const std::string report = std::to_string(nReport);
     if (std::freopen("/dev/null", "w", stderr) == nullptr) {
         _exit(126);
     }
+    // An argument that is null ends the list.
     execl(NESTRIX_XVFB, NESTRIX_XVFB, "-displayfd", report.c_str(), "-screen", "0", pScreen, "-nolisten",
-          "tcp", "-noreset", static_cast<char*>(nullptr));
+          "tcp", "-noreset", pWithout != nullptr ? "-extension" : nullptr, pWithout,
+          static_cast<char*>(nullptr));
     _exit(127);
 }
 
@@ -36,7 +38,10 @@ std::string ReadLine(int nReport) {
 
 }  // namespace
 
-CVirtualDisplay::CVirtualDisplay(const char* pScreen) {
+CVirtualDisplay::CVirtualDisplay(const char* pScreen, const char* pWithout) {
+    if (const char* pPrevious = std::getenv("DISPLAY")) {
+        m_Previous = pPrevious;
+    }
     std::array<int, 2> report{};
     if (pipe(report.data()) != 0) {
         std::perror("pipe");
@@ -45,7 +50,7 @@ CVirtualDisplay::CVirtualDisplay(const char* pScreen) {
     m_nServer = fork();
     if (m_nServer == 0) {
         close(report[0]);
-        RunServer(pScreen, report[1]);
+        RunServer(pScreen, pWithout, report[1]);
     }
     close(report[1]);
     const std::string number = ReadLine(report[0]);
@@ -65,6 +70,7 @@ CVirtualDisplay::CVirtualDisplay(const char* pScreen) {
 CVirtualDisplay::~CVirtualDisplay() {
     kill(m_nServer, SIGTERM);
     waitpid(m_nServer, nullptr, 0);
+    setenv("DISPLAY", m_Previous.c_str(), 1);
 }
 
 }  // namespace support

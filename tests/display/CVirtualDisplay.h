@@ -11,13 +11,16 @@ namespace support {
 class CVirtualDisplay {
 public:
     /// @param pScreen width, height and depth, as in "1280x800x24".
+    /// @param pWithout an extension that the server is to do without.
     /// Ends the program with a message when there is no display server.
-    explicit CVirtualDisplay(const char* pScreen = "1280x800x24");
+    explicit CVirtualDisplay(const char* pScreen = "1280x800x24", const char* pWithout = nullptr);
+    /// DISPLAY is then what it was before.
     ~CVirtualDisplay();
     CVirtualDisplay(const CVirtualDisplay&) = delete;
     CVirtualDisplay& operator=(const CVirtualDisplay&) = delete;
 
 private:
+    std::string m_Previous;  ///< display
     pid_t m_nServer;
 };
 

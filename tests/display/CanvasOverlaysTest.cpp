@@ -64,10 +64,12 @@ TEST_F(Overlay, ReferencePointIsABlackDot) {
 }
 
 TEST_F(Overlay, BoundingBoxIsARedRectangleAroundTheBoxThatTheFileGives) {
+    m_pDisplay->m_fHeight = 400.0F;  // out of its way
     const CPicture picture = PaintWith(RENDER_BOUNDING_BOX);
     EXPECT_TRUE(Has(picture, RED, -12.0F, 50.0F));
     EXPECT_TRUE(Has(picture, RED, 132.0F, 50.0F));
     EXPECT_TRUE(Has(picture, RED, 50.0F, -12.0F));
+    EXPECT_TRUE(Has(picture, RED, 50.0F, 112.0F));
     EXPECT_TRUE(Has(picture, WHITE, 20.0F, 50.0F));
 }
 
@@ -106,15 +108,6 @@ TEST_F(Overlay, BackPointsAreBlueDots) {
     EXPECT_TRUE(Has(picture, GREY, 60.0F, 0.0F));
 }
 
-TEST_F(Overlay, SequenceNumberStandsRightBelowTheReferencePoint) {
-    const CPicture before = CCanvasHost::Paint(*m_pDisplay);
-    const CPicture picture = PaintWith(RENDER_SEQ_NUMBER);
-    const int nX = static_cast<int>(150.0F * SCALE);
-    const int nY = static_cast<int>(160.0F * SCALE);
-    EXPECT_TRUE(before.IsBlank(nX, nY, nX + 8, nY + 9));
-    EXPECT_FALSE(picture.IsBlank(nX, nY, nX + 8, nY + 9));
-}
-
 TEST_F(Overlay, LaterOnesLieOnTop) {
     std::ranges::fill(g_PolyOptions, true);
     const CPicture picture = CCanvasHost::Paint(*m_pDisplay);
@@ -124,6 +117,15 @@ TEST_F(Overlay, LaterOnesLieOnTop) {
     // The box is drawn over the reference point.
     m_pDisplay->m_PolyItems[0].m_Polygon.m_BoundingBoxMin = {0.0F, 0.0F, 0.0F};
     EXPECT_TRUE(Has(CCanvasHost::Paint(*m_pDisplay), RED, 0.0F, 0.0F));
+}
+
+TEST_F(Overlay, ReferencePointLiesUnderTheProfile) {
+    m_pDisplay->Clear();
+    m_pDisplay->AddPolygon(support::PlacedAt(support::MakeSquare(60.0F), 100.0F, 150.0F));
+    g_PolyOptions[RENDER_REFERENCE] = true;
+    EXPECT_TRUE(Has(CCanvasHost::Paint(*m_pDisplay), BLACK, 0.0F, 0.0F));
+    EXPECT_TRUE(Has(PaintWith(RENDER_FRONT_LINES), RED, 0.5F, 0.0F));
+    EXPECT_TRUE(Has(PaintWith(RENDER_FRONT_POINTS), RED, 0.0F, 0.0F));
 }
 
 TEST_F(Overlay, LeavesThinLinesThinForWhatFollows) {

@@ -49,9 +49,10 @@ TEST(CurveThinner, KeepsOneDotPerPixel) {
 }
 
 TEST(CurveThinner, DropsDotsOutsideTheCanvasButNotTheLineToThem) {
-    const CCurveThinner thinner = Thinned({At(2.0F, -5.0F), At(3.0F, 100.0F), At(4.0F, 99.0F)});
-    EXPECT_EQ(thinner.Line().size(), 3U);
-    EXPECT_THAT(thinner.Dots(), ElementsAre(At(4.0F, 99.0F)));
+    const CCurveThinner thinner =
+        Thinned({At(2.0F, -5.0F), At(3.0F, 100.0F), At(4.0F, 99.0F), At(5.0F, 0.0F), At(6.0F, -0.1F)});
+    EXPECT_EQ(thinner.Line().size(), 5U);
+    EXPECT_THAT(thinner.Dots(), ElementsAre(At(4.0F, 99.0F), At(5.0F, 0.0F)));
 }
 
 TEST(CurveThinner, InterruptsTheLineWhereAPositionIsNotFinite) {

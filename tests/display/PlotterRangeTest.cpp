@@ -1,4 +1,4 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <limits>
 
@@ -6,6 +6,8 @@
 #include "CPlotter.h"
 
 namespace {
+
+using testing::NanSensitiveFloatEq;
 
 class PlotterRange : public testing::Test {
 protected:
@@ -127,11 +129,30 @@ TEST_F(PlotterRange, KeepsThePointsInTheOrderAdded) {
     EXPECT_EQ(m_pPlotter->m_Points[1], (mgVector3{1.0F, 7.0F, 0.0F}));
 }
 
-TEST_F(PlotterRange, IsNotSpoiledByValuesThatAreNotFinite) {
-    Add({std::numeric_limits<float>::quiet_NaN(), 70.0F, std::numeric_limits<float>::infinity(), 80.0F});
-    EXPECT_EQ(m_pPlotter->m_Points.size(), 4U);
-    EXPECT_EQ(m_pPlotter->m_fMaxValue, 80.0F);
-    EXPECT_TRUE(m_pPlotter->m_fMaxY > 80.0F && m_pPlotter->m_fMaxY < 100.0F);
+/// What the comparisons make of values that are not finite, one by one.
+TEST_F(PlotterRange, ComparesValuesThatAreNotFiniteLikeAnyOther) {
+    constexpr float NAN_VALUE = std::numeric_limits<float>::quiet_NaN();
+    constexpr float INF = std::numeric_limits<float>::infinity();
+    struct SCase {
+        std::initializer_list<float> m_Values;
+        float m_fMaxValue, m_fMinY, m_fMaxY;
+    };
+    for (const SCase& expected :
+         {SCase{{NAN_VALUE}, NAN_VALUE, NAN_VALUE, NAN_VALUE},
+          SCase{{NAN_VALUE, 70.0F, 20.0F}, NAN_VALUE, NAN_VALUE, NAN_VALUE},
+          SCase{{20.0F, NAN_VALUE}, 20.0F, NAN_VALUE, 50.0F},
+          SCase{{20.0F, NAN_VALUE, 30.0F}, 30.0F, 30.0F, 50.0F},
+          SCase{{70.0F, NAN_VALUE}, 70.0F, 70.0F, 70.0F}, SCase{{INF}, INF, INF, NAN_VALUE},
+          SCase{{INF, 70.0F}, INF, 70.0F, INF}, SCase{{20.0F, INF, 30.0F}, INF, 20.0F, INF},
+          SCase{{-INF, 20.0F}, 20.0F, -INF, 50.0F}, SCase{{20.0F, -INF, 30.0F}, 30.0F, -INF, 50.0F}}) {
+        m_pPlotter->Reset();
+        Add(expected.m_Values);
+        const std::string values = testing::PrintToString(std::vector<float>(expected.m_Values));
+        EXPECT_EQ(m_pPlotter->m_Points.size(), expected.m_Values.size());
+        EXPECT_THAT(m_pPlotter->m_fMaxValue, NanSensitiveFloatEq(expected.m_fMaxValue)) << values;
+        EXPECT_THAT(m_pPlotter->m_fMinY, NanSensitiveFloatEq(expected.m_fMinY)) << values;
+        EXPECT_THAT(m_pPlotter->m_fMaxY, NanSensitiveFloatEq(expected.m_fMaxY)) << values;
+    }
 }
 
 TEST_F(PlotterRange, HasNoWidthInARunOfNoGenerations) {

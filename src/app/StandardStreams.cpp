@@ -1,0 +1,13 @@
+#include "StandardStreams.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+void OpenMissingStandardStreams() {
+    for (int nDescriptor = STDIN_FILENO; nDescriptor <= STDERR_FILENO; ++nDescriptor) {
+        // A file takes the lowest free descriptor, which is this one: those below it have just been filled.
+        if (fcntl(nDescriptor, F_GETFD) == -1) {
+            (void)open("/dev/null", O_RDWR);
+        }
+    }
+}

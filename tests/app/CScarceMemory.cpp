@@ -1,0 +1,21 @@
+#include "CScarceMemory.h"
+
+#include <unistd.h>
+
+#include <fstream>
+
+namespace support {
+
+CScarceMemory::CScarceMemory(rlim_t nBytes) {
+    getrlimit(RLIMIT_AS, &m_Previous);
+    rlim_t nPages = 0;
+    std::ifstream("/proc/self/statm") >> nPages;
+    const rlimit scarce{nPages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + nBytes, m_Previous.rlim_max};
+    setrlimit(RLIMIT_AS, &scarce);
+}
+
+CScarceMemory::~CScarceMemory() {
+    setrlimit(RLIMIT_AS, &m_Previous);
+}
+
+}  // namespace support
