@@ -9,11 +9,13 @@
 #include <chrono>
 #include <vector>
 
-#include "BenchmarkSets.h"
-#include "CContainer.h"
-#include "CPolyDisplay.h"
-#include "CVirtualDisplay.h"
-#include "EventPump.h"
+#include "display/CPolyDisplay.h"
+#include "ga/CContainer.h"
+#include "tests/display/CVirtualDisplay.h"
+#include "tests/display/EventPump.h"
+#include "tests/support/BenchmarkSets.h"
+
+using namespace nestrix;
 
 namespace {
 

@@ -6,10 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "BenchmarkSets.h"
-#include "CContainer.h"
-#include "CPlacement.h"
-#include "ReferencePlacement.h"
+#include "ga/CContainer.h"
+#include "packing/CPlacement.h"
+#include "tests/reference/ReferencePlacement.h"
+#include "tests/support/BenchmarkSets.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -139,3 +141,5 @@ const bool g_bRegistered = [] {
 }();
 
 }  // namespace
+
+}  // namespace nestrix

@@ -2,10 +2,12 @@
 
 #include <string>
 
-#include "CSeededRandom.h"
-#include "CTemporaryFolder.h"
-#include "Outlines.h"
-#include "PolygonMaking.h"
+#include "tests/support/CSeededRandom.h"
+#include "tests/support/CTemporaryFolder.h"
+#include "tests/support/Outlines.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -47,3 +49,5 @@ BENCHMARK_CAPTURE(LoadPolygon, slant, MakeSlant)
     ->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+}  // namespace nestrix

@@ -5,8 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "CContainer.h"
-#include "CStdoutCapture.h"
+#include "ga/CContainer.h"
+#include "tests/support/CStdoutCapture.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -58,3 +60,5 @@ const bool g_bRegistered = [] {
 }();
 
 }  // namespace
+
+}  // namespace nestrix

@@ -22,10 +22,12 @@ if(NESTRIX_COVERAGE)
     target_link_options(nestrix_options INTERFACE --coverage)
 endif()
 
-# nestrix_library(NAME SOURCES...): a static library whose headers are found by their bare names.
+# Includes name the folder: "geom/CPolygon.h" for the programs, "tests/support/Outlines.h" for their tests.
+target_include_directories(nestrix_options INTERFACE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR})
+
+# nestrix_library(NAME SOURCES...): a static library.
 function(nestrix_library name)
     add_library(${name} STATIC ${ARGN})
-    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE nestrix_options)
 endfunction()
 

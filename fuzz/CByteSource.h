@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-namespace fuzz {
+namespace nestrix::fuzz {
 
 /// Takes values from the front of an input; once it is used up, every value is 0.
 class CByteSource {
@@ -41,4 +41,4 @@ private:
     std::span<const uint8_t> m_Bytes;
 };
 
-}  // namespace fuzz
+}  // namespace nestrix::fuzz

@@ -1,11 +1,11 @@
-#include "CMemoryFile.h"
+#include "fuzz/CMemoryFile.h"
 
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include "Require.h"
+#include "fuzz/Require.h"
 
-namespace fuzz {
+namespace nestrix::fuzz {
 
 CMemoryFile::CMemoryFile()
     : m_nDescriptor(memfd_create("input.pol", MFD_CLOEXEC)),
@@ -23,4 +23,4 @@ void CMemoryFile::Write(const void* pBytes, size_t nBytes) {
     Require(nWritten == static_cast<ssize_t>(nBytes), "the file in memory can be written");
 }
 
-}  // namespace fuzz
+}  // namespace nestrix::fuzz

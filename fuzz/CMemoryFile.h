@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-namespace fuzz {
+namespace nestrix::fuzz {
 
 /// A regular file in memory with a path, since the reader takes nothing else, and no disk is fast enough for
 /// thousands of files a second.
@@ -24,4 +24,4 @@ private:
     std::string m_Path;
 };
 
-}  // namespace fuzz
+}  // namespace nestrix::fuzz

@@ -1,11 +1,11 @@
-#include "PackingInput.h"
+#include "fuzz/PackingInput.h"
 
 #include <array>
 #include <limits>
 
-#include "PolygonMaking.h"
+#include "tests/support/PolygonMaking.h"
 
-namespace fuzz {
+namespace nestrix::fuzz {
 namespace {
 
 constexpr size_t MAX_POLYGONS = 8;
@@ -105,4 +105,4 @@ void Decode(CByteSource bytes, SPackingInput& input) {
     }
 }
 
-}  // namespace fuzz
+}  // namespace nestrix::fuzz

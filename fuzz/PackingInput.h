@@ -1,9 +1,9 @@
 #pragma once
 
-#include "CByteSource.h"
-#include "CContainer.h"
+#include "fuzz/CByteSource.h"
+#include "ga/CContainer.h"
 
-namespace fuzz {
+namespace nestrix::fuzz {
 
 /// What the bytes of an input say: a few polygons, a strip and a chromosome. Every input says something.
 ///
@@ -19,4 +19,4 @@ struct SPackingInput {
 
 void Decode(CByteSource bytes, SPackingInput& input);
 
-}  // namespace fuzz
+}  // namespace nestrix::fuzz

@@ -2,12 +2,14 @@
 #include <cstdint>
 #include <vector>
 
-#include "Agreement.h"
-#include "CPlacement.h"
-#include "PackingInput.h"
-#include "ReferencePlacement.h"
-#include "Require.h"
-#include "SameBits.h"
+#include "fuzz/PackingInput.h"
+#include "fuzz/Require.h"
+#include "packing/CPlacement.h"
+#include "tests/reference/Agreement.h"
+#include "tests/reference/ReferencePlacement.h"
+#include "tests/support/SameBits.h"
+
+using namespace nestrix;
 
 // A few polygons of any shape, dropped onto each other by the engine and by the plain reference.
 

@@ -3,11 +3,13 @@
 #include <cstdint>
 #include <string>
 
-#include "Agreement.h"
-#include "CMemoryFile.h"
-#include "Geom.h"
-#include "PolygonMaking.h"
-#include "Require.h"
+#include "fuzz/CMemoryFile.h"
+#include "fuzz/Require.h"
+#include "geom/Geom.h"
+#include "tests/reference/Agreement.h"
+#include "tests/support/PolygonMaking.h"
+
+using namespace nestrix;
 
 // Any bytes as a polygon file: read, analysed, judged sound or not.
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string>
 
-namespace fuzz {
+namespace nestrix::fuzz {
 
 /// Ends the process, which is how a finding is reported, unless the promise was kept.
 inline void Require(bool bKept, const char* pPromise) {
@@ -19,4 +19,4 @@ inline void RequireNone(const std::string& difference) {
     Require(difference.empty(), difference.c_str());
 }
 
-}  // namespace fuzz
+}  // namespace nestrix::fuzz

@@ -1,4 +1,4 @@
-#include "CNestrixFrame.h"
+#include "app/CNestrixFrame.h"
 
 #include <wx/log.h>
 #include <wx/msgdlg.h>
@@ -9,11 +9,13 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "CPolyDisplay.h"
-#include "CPolyThread.h"
-#include "FormControls.h"
-#include "OpenGLSupport.h"
-#include "PolygonListView.h"
+#include "app/CPolyThread.h"
+#include "app/FormControls.h"
+#include "app/PolygonListView.h"
+#include "display/CPolyDisplay.h"
+#include "display/OpenGLSupport.h"
+
+using namespace nestrix;
 
 namespace {
 
@@ -21,8 +23,6 @@ constexpr char RESOURCE_FILE[] = "Nestrix_wdr.xrc";
 constexpr int BORDER = 1;
 constexpr int SCROLL_UNIT = 10;    ///< pixels
 constexpr int SCROLL_UNITS = 100;  ///< each way
-constexpr float STRIP_WIDTH = 400.0F;
-constexpr float STRIP_HEIGHT = 600.0F;
 
 }  // namespace
 
@@ -58,8 +58,8 @@ CNestrixFrame::CNestrixFrame(const wxString& title) {
 }
 
 CNestrixFrame::~CNestrixFrame() {
-    // No request to stop here, deliberately: a thread that is deleted while it runs abandons its search, since
-    // nobody will see what it would find.
+    // No request to stop here, deliberately: a thread that is deleted while it runs abandons its search,
+    // since nobody will see what it would find.
     delete m_pThread;
 }
 
@@ -104,7 +104,7 @@ void CNestrixFrame::Initialize() {
     std::srand(static_cast<unsigned int>(std::time(nullptr)));
     m_pDisplay = new CPolyDisplay(m_pScrolledWindow);
     Plant(m_pDisplay, "ID_DISPLAY");
-    m_pDisplay->Initialize(STRIP_WIDTH, STRIP_HEIGHT);
+    m_pDisplay->Initialize(m_Container.m_fContainerWidth, m_Container.m_fContainerHeight);
     m_pDisplay->Refresh(true, nullptr);
     m_pAvgPlotter = PlantPlotter("ID_AVG_PLOTTER");
     m_pBestPlotter = PlantPlotter("ID_BEST_PLOTTER");

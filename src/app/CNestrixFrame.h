@@ -6,8 +6,8 @@
 #include <wx/slider.h>
 #include <wx/textctrl.h>
 
-#include "CContainer.h"
-#include "CNestrixScrolledWindow.h"
+#include "app/CNestrixScrolledWindow.h"
+#include "ga/CContainer.h"
 
 class CPlotter;
 class CPolyDisplay;

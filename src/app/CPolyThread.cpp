@@ -1,11 +1,13 @@
-#include "CPolyThread.h"
+#include "app/CPolyThread.h"
 
 #include <wx/utils.h>
 
 #include <cstdio>
 #include <exception>
 
-#include "CNestrixFrame.h"
+#include "app/CNestrixFrame.h"
+
+using namespace nestrix;
 
 CPolyThread::CPolyThread(CNestrixFrame* pFrame) : wxThread(wxTHREAD_JOINABLE), m_pFrame(pFrame) {}
 

@@ -4,9 +4,11 @@
 #include <new>
 #include <vector>
 
-#include "CNestrixFrame.h"
-#include "CPolyDisplay.h"
-#include "CanvasText.h"
+#include "app/CNestrixFrame.h"
+#include "display/CPolyDisplay.h"
+#include "display/CanvasText.h"
+
+using namespace nestrix;
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "NestrixMain.h"
+#include "app/NestrixMain.h"
 
 bool CNestrixApp::OnInit() {
     auto* pFrame = new CNestrixFrame("Nestrix using GA");

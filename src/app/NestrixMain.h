@@ -4,9 +4,9 @@
 
 #include <wx/app.h>
 
-#include "CNestrixFrame.h"
-#include "CNestrixScrolledWindow.h"
-#include "CPolyThread.h"
+#include "app/CNestrixFrame.h"
+#include "app/CNestrixScrolledWindow.h"
+#include "app/CPolyThread.h"
 
 class CNestrixApp : public wxApp {
 public:

@@ -1,8 +1,10 @@
 #include <wx/filedlg.h>
 #include <wx/listbox.h>
 
-#include "CNestrixFrame.h"
-#include "FormControls.h"
+#include "app/CNestrixFrame.h"
+#include "app/FormControls.h"
+
+using namespace nestrix;
 
 /// Kept for a command that does nothing yet, deliberately.
 void CNestrixFrame::OnMenuNext(wxCommandEvent&) {}

@@ -1,6 +1,8 @@
-#include "PolygonListView.h"
+#include "app/PolygonListView.h"
 
 #include <gtk/gtk.h>
+
+namespace nestrix {
 
 namespace {
 
@@ -27,3 +29,5 @@ void ShowEndsOfPaths(wxListBox& list) {
         }
     });
 }
+
+}  // namespace nestrix

@@ -5,11 +5,13 @@
 #include <cstdio>
 #include <new>
 
-#include "CNestrixFrame.h"
-#include "CPolyDisplay.h"
-#include "CPolyThread.h"
-#include "CanvasText.h"
-#include "FormControls.h"
+#include "app/CNestrixFrame.h"
+#include "app/CPolyThread.h"
+#include "app/FormControls.h"
+#include "display/CPolyDisplay.h"
+#include "display/CanvasText.h"
+
+using namespace nestrix;
 
 namespace {
 

@@ -1,7 +1,9 @@
-#include "StandardStreams.h"
+#include "app/StandardStreams.h"
 
 #include <fcntl.h>
 #include <unistd.h>
+
+namespace nestrix {
 
 void OpenMissingStandardStreams() {
     for (int nDescriptor = STDIN_FILENO; nDescriptor <= STDERR_FILENO; ++nDescriptor) {
@@ -11,3 +13,5 @@ void OpenMissingStandardStreams() {
         }
     }
 }
+
+}  // namespace nestrix

@@ -1,7 +1,11 @@
 #pragma once
 
+namespace nestrix {
+
 /// Opens the null device in the place of every standard stream that the program was started without.
 ///
 /// The next file or connection to be opened would otherwise become standard output, and progress lines would
 /// end up in it. At the very start of main, before anything is opened.
 void OpenMissingStandardStreams();
+
+}  // namespace nestrix

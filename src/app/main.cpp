@@ -1,8 +1,10 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "NestrixMain.h"
-#include "StandardStreams.h"
+#include "app/NestrixMain.h"
+#include "app/StandardStreams.h"
+
+using namespace nestrix;
 
 // Registers the factory of the application object, which checks first that the program and the toolkit were
 // built with the same options.

@@ -6,7 +6,9 @@
 #include <exception>
 #include <iostream>
 
-#include "BatchRun.h"
+#include "batch/BatchRun.h"
+
+using namespace nestrix;
 
 namespace {
 

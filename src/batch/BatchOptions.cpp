@@ -1,9 +1,11 @@
-#include "BatchOptions.h"
+#include "batch/BatchOptions.h"
 
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <limits>
 #include <utility>
+
+namespace nestrix {
 
 namespace {
 
@@ -115,3 +117,5 @@ std::optional<int> ParseBatchOptions(int argc, char const* const* argv, SBatchOp
     TakeGuardOff(options.m_SvgPath);
     return std::nullopt;
 }
+
+}  // namespace nestrix

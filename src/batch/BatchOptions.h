@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+namespace nestrix {
+
 /// Exit statuses of the program.
 inline constexpr int BATCH_DONE = 0;
 inline constexpr int BATCH_FAILED = 1;     ///< the result could not be made, printed or written
@@ -23,3 +25,5 @@ struct SBatchOptions {
 /// @return the status to exit with at once, where the command line asks for help or is at fault; what there
 ///         is to say about it has then been said on standard output or standard error.
 [[nodiscard]] std::optional<int> ParseBatchOptions(int argc, char const* const* argv, SBatchOptions& options);
+
+}  // namespace nestrix

@@ -1,15 +1,18 @@
-#include "BatchRun.h"
+#include "batch/BatchRun.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <ctime>
+#include <optional>
 
-#include "CContainer.h"
-#include "CPictureFile.h"
-#include "CStopSignals.h"
-#include "NumericLocale.h"
-#include "PolygonInput.h"
+#include "base/CNumericLocale.h"
+#include "batch/CPictureFile.h"
+#include "batch/CStopSignals.h"
+#include "batch/PolygonInput.h"
+#include "ga/CGeneticSearch.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -27,22 +30,21 @@ bool IsFaulty(const std::string& fault) {
 }
 
 /// Counts the generations, and ends a search of whose result nobody could hear.
-class CBatchProgress final : public CGenerationSink {
+class CBatchProgress final : public CSearchSink {
 public:
-    CBatchProgress(CContainer& container, bool bPicture) : m_Container(container), m_bPicture(bPicture) {}
+    /// @param abandoned becomes true when the program is asked to end.
+    CBatchProgress(const CRelaxed<bool>& abandoned, bool bPicture)
+        : m_Abandoned(abandoned), m_bPicture(bPicture) {}
 
-    void GenerationDone(int nGeneration) override {
-        m_nGeneration = nGeneration;
-        if (!m_bPicture && std::ferror(stdout) != 0) {
-            m_Container.m_bStop = true;
-        }
-    }
+    void GenerationDone(int nGeneration) override { m_nGeneration = nGeneration; }
+    [[nodiscard]] bool IsToStop() const override { return !m_bPicture && std::ferror(stdout) != 0; }
+    [[nodiscard]] const CRelaxed<bool>* AbandonRequest() const override { return &m_Abandoned; }
 
     /// The last complete generation; −1 before the first.
     [[nodiscard]] int LastGeneration() const { return m_nGeneration; }
 
 private:
-    CContainer& m_Container;
+    const CRelaxed<bool>& m_Abandoned;
     bool m_bPicture;
     int m_nGeneration = -1;
 };
@@ -66,19 +68,21 @@ void SayWhenItWasStopped(int nGeneration, int nGenerations) {
     }
 }
 
-/// @return false if there is no packing.
-bool Search(const SBatchOptions& options, unsigned int nSeed, bool bPicture, CContainer& container) {
-    CBatchProgress progress(container, bPicture);
+/// @return the best packing; nothing if there is none.
+std::optional<SPacking> Search(const SBatchOptions& options, std::span<const CPolygon> polygons,
+                               const SStrip& strip, unsigned int nSeed, CBatchProgress& progress) {
+    CSearchState state;
     g_MutationProbability = options.m_fMutation;
-    container.RunSearch(options.m_nPopulation, options.m_nGenerations, nSeed, progress);
-    if (container.m_bAbandoned) {
-        if (container.m_BestChromosome.m_nGenes == 0) {
+    RunGeneticSearch(polygons, strip, {options.m_nPopulation, options.m_nGenerations}, nSeed, state,
+                     progress);
+    if (IsMade(progress.AbandonRequest())) {
+        if (state.m_BestChromosome.m_nGenes == 0) {
             Complain("stopped before there was a packing");
-            return false;
+            return std::nullopt;
         }
         SayWhenItWasStopped(progress.LastGeneration(), options.m_nGenerations);
     }
-    return true;
+    return CDecoder(polygons, strip, ColumnHeight(polygons)).Decode(state.m_BestChromosome.Genes());
 }
 
 void PrintResult(unsigned int nSeed, float fHeight) {
@@ -92,8 +96,8 @@ void PrintResult(unsigned int nSeed, float fHeight) {
 }  // namespace
 
 int RunBatch(const SBatchOptions& options) {
-    CContainer container;
-    SPolygonInput input = ReadPolygonInput(options.m_Paths, container.m_fContainerWidth);
+    const SStrip strip;
+    const SPolygonInput input = ReadPolygonInput(options.m_Paths, strip.m_fWidth);
     if (IsFaulty(input)) {
         return BATCH_BAD_INPUT;
     }
@@ -105,20 +109,23 @@ int RunBatch(const SBatchOptions& options) {
     if (IsFaulty(picture.Fault())) {
         return BATCH_FAILED;
     }
-    container.m_Polygons = std::move(input.m_Polygons);
 
     // Until here signals end the program, since there is nothing to keep. From here on they are requests, and
     // remain so until the picture is written: a second Ctrl-C must not cost the result.
-    const CStopSignals signals(container.m_bAbandoned);
+    CRelaxed<bool> bAbandoned = false;
+    const CStopSignals signals(bAbandoned);
     const unsigned int nSeed = options.m_Seed.value_or(static_cast<unsigned int>(std::time(nullptr)));
-    if (!Search(options, nSeed, picture.IsWanted(), container)) {
+    CBatchProgress progress(bAbandoned, picture.IsWanted());
+    const std::optional<SPacking> packing = Search(options, input.m_Polygons, strip, nSeed, progress);
+    if (!packing) {
         return BATCH_FAILED;
     }
-    const float fHeight = container.m_fTotalHeight - container.m_fBestFitness;
-    PrintResult(nSeed, fHeight);
-    if (!std::isfinite(fHeight)) {
+    PrintResult(nSeed, packing->m_fHeight);
+    if (!std::isfinite(packing->m_fHeight)) {
         Complain("the polygons are too large: their packing has no finite height");
         return BATCH_FAILED;
     }
-    return IsFaulty(picture.Draw(container, fHeight)) ? BATCH_FAILED : BATCH_DONE;
+    return IsFaulty(picture.Draw(input.m_Polygons, *packing)) ? BATCH_FAILED : BATCH_DONE;
 }
+
+}  // namespace nestrix

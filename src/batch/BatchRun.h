@@ -1,8 +1,12 @@
 #pragma once
 
-#include "BatchOptions.h"
+#include "batch/BatchOptions.h"
+
+namespace nestrix {
 
 /// The whole job: checks the polygon files, searches, prints the seed and the best height after the engine's
 /// lines, and draws the best packing. Whatever goes wrong is said on standard error.
 /// @return the status to exit with.
 [[nodiscard]] int RunBatch(const SBatchOptions& options);
+
+}  // namespace nestrix

@@ -1,8 +1,10 @@
-#include "CPictureFile.h"
+#include "batch/CPictureFile.h"
 
 #include <algorithm>
 
-#include "PackingSvg.h"
+#include "formats/PackingSvg.h"
+
+namespace nestrix {
 
 CPictureFile::CPictureFile(const std::string& path) : m_Path(path) {
     if (!path.empty()) {
@@ -21,16 +23,16 @@ std::string CPictureFile::Fault() const {
     return m_File ? InWords(m_File->Fault()) : std::string();
 }
 
-std::string CPictureFile::Draw(const CContainer& container, float fHeight) {
+std::string CPictureFile::Draw(std::span<const CPolygon> pieces, const SPacking& packing) {
     if (!m_File) {
         return {};
     }
-    std::vector<CPolygon> placed;
-    (void)container.PlaceChromosome(container.m_BestChromosome, placed, nullptr);
-    const std::string picture = DrawPackingSvg({placed, container.m_fContainerWidth, fHeight});
+    const std::string picture = DrawPackingSvg(pieces, packing);
     return picture.empty() ? "the packing is too large to draw" : InWords(m_File->Write(picture));
 }
 
 std::string CPictureFile::InWords(const std::string& fault) const {
     return fault.empty() ? fault : "cannot write " + m_Path + ": " + fault;
 }
+
+}  // namespace nestrix

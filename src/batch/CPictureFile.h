@@ -4,8 +4,10 @@
 #include <span>
 #include <string>
 
-#include "CContainer.h"
-#include "CWholeFile.h"
+#include "formats/CWholeFile.h"
+#include "packing/SPacking.h"
+
+namespace nestrix {
 
 /// The file that the best packing is drawn into, if a picture is wanted at all. Constructed before the
 /// search, so that a bad path does not cost the result.
@@ -23,9 +25,10 @@ public:
     /// it.
     [[nodiscard]] std::string Fault() const;
 
-    /// Draws the container's best packing, which reaches up to fHeight. Once.
+    /// Draws the packing. Once.
+    /// @param pieces the set whose pieces are packed.
     /// @return why it could not be drawn; empty on success.
-    [[nodiscard]] std::string Draw(const CContainer& container, float fHeight);
+    [[nodiscard]] std::string Draw(std::span<const CPolygon> pieces, const SPacking& packing);
 
 private:
     [[nodiscard]] std::string InWords(const std::string& fault) const;
@@ -33,3 +36,5 @@ private:
     std::string m_Path;
     std::optional<CWholeFile> m_File;
 };
+
+}  // namespace nestrix

@@ -1,6 +1,8 @@
-#include "CStopSignals.h"
+#include "batch/CStopSignals.h"
 
 #include <atomic>
+
+namespace nestrix {
 
 namespace {
 
@@ -39,3 +41,5 @@ CStopSignals::~CStopSignals() {
     }
     g_Request = nullptr;
 }
+
+}  // namespace nestrix

@@ -4,7 +4,9 @@
 
 #include <array>
 
-#include "CRelaxed.h"
+#include "base/CRelaxed.h"
+
+namespace nestrix {
 
 /// While it lives, SIGINT, SIGTERM and SIGHUP make a request instead of ending the program; but one that was
 /// ignored when the program was started, as by nohup, stays ignored. One at a time.
@@ -21,3 +23,5 @@ private:
 
     std::array<struct sigaction, SIGNALS.size()> m_Previous{};
 };
+
+}  // namespace nestrix

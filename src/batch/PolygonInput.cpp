@@ -1,9 +1,11 @@
-#include "PolygonInput.h"
+#include "batch/PolygonInput.h"
 
 #include <algorithm>
 
-#include "PolygonFile.h"
-#include "PolygonPaths.h"
+#include "formats/PolygonFile.h"
+#include "formats/PolygonPaths.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -71,3 +73,5 @@ SPolygonInput ReadPolygonInput(std::span<const std::string> paths, float fStripW
     }
     return input;
 }
+
+}  // namespace nestrix

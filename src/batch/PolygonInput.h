@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "Polygon.h"
+#include "geom/CPolygon.h"
+
+namespace nestrix {
 
 /// What the polygon files that some paths stand for give. Each is read once.
 struct SPolygonInput {
@@ -19,3 +21,5 @@ struct SPolygonInput {
 /// it or is wider than the strip, and whatever follows the box.
 /// @param paths files, and folders of them: see FindPolygonFiles.
 [[nodiscard]] SPolygonInput ReadPolygonInput(std::span<const std::string> paths, float fStripWidth);
+
+}  // namespace nestrix

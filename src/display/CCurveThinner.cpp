@@ -1,8 +1,10 @@
-#include "CCurveThinner.h"
+#include "display/CCurveThinner.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+
+namespace nestrix {
 
 void CCurveThinner::Begin(int nRows) {
     m_Line.clear();
@@ -65,3 +67,5 @@ void CCurveThinner::AddDot(const mgVector3& position) {
         m_Dots.push_back(position);
     }
 }
+
+}  // namespace nestrix

@@ -3,7 +3,9 @@
 #include <span>
 #include <vector>
 
-#include "Vector.h"
+#include "geom/Vector.h"
+
+namespace nestrix {
 
 /// Leaves out those points of a long curve that nobody could see, so that painting a run of a million
 /// generations costs what the canvas has pixels, and not what the run has generations: the window stays
@@ -47,3 +49,5 @@ private:
     int m_nStamp = 0;             ///< tells this column's dots from those of columns before
     std::vector<int> m_RowStamp;  ///< per row, the stamp of the last column that has a dot there
 };
+
+}  // namespace nestrix

@@ -1,6 +1,8 @@
-#include "CGLSurface.h"
+#include "display/CGLSurface.h"
 
-#include "OpenGLSupport.h"
+#include "display/OpenGLSupport.h"
+
+using namespace nestrix;
 
 int g_OpenGLAttribList[11] = {WX_GL_RGBA,
                               WX_GL_DOUBLEBUFFER,
@@ -64,7 +66,7 @@ void CGLSurface::SetLineWidth(float fWidth) const {
     glLineWidth(fWidth * Scale());
 }
 
-void SetUpFlatDrawing() {
+void nestrix::SetUpFlatDrawing() {
     glDisable(GL_DEPTH_TEST);
     glShadeModel(GL_FLAT);
     glClearColor(1.0F, 1.0F, 1.0F, 0.0F);

@@ -8,6 +8,8 @@
 /// The attributes of every canvas: double-buffered RGB without a depth buffer.
 extern int g_OpenGLAttribList[11];
 
+namespace nestrix {
+
 /// One canvas's own OpenGL context and its measure in physical pixels.
 ///
 /// A canvas can be drawn on only while it has a window on the screen. Whoever sets a canvas up earlier
@@ -55,3 +57,5 @@ private:
 
 /// Flat drawing on a white ground: what every canvas of the program starts from.
 void SetUpFlatDrawing();
+
+}  // namespace nestrix

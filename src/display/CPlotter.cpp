@@ -1,4 +1,4 @@
-#include "CPlotter.h"
+#include "display/CPlotter.h"
 
 #include <wx/dcclient.h>
 
@@ -6,7 +6,9 @@
 #include <cmath>
 #include <span>
 
-#include "CanvasText.h"
+#include "display/CanvasText.h"
+
+using namespace nestrix;
 
 namespace {
 

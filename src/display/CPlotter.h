@@ -4,9 +4,9 @@
 
 #include <vector>
 
-#include "CCurveThinner.h"
-#include "CGLSurface.h"
-#include "Geom.h"
+#include "display/CCurveThinner.h"
+#include "display/CGLSurface.h"
+#include "geom/Geom.h"
 
 /// The graph of one statistic over the generations of a run. The x range is fixed for a run; the y range
 /// grows by itself, so that the curve always fills the plot.
@@ -55,7 +55,7 @@ public:
     float m_fScaleY = 0.0F;  ///< pixels per unit of value; 0 while the y range has no height
 
 private:
-    CPlotter(wxWindow* pParent, const CGLSurface::CLeniency&);
+    CPlotter(wxWindow* pParent, const nestrix::CGLSurface::CLeniency&);
 
     void SetUp();
     void ComputeScales();
@@ -63,8 +63,8 @@ private:
     void DrawCurve();
     void DrawLabels();
 
-    CGLSurface m_Surface;
-    CCurveThinner m_Thinner;
+    nestrix::CGLSurface m_Surface;
+    nestrix::CCurveThinner m_Thinner;
     bool m_bSetUp = false;       ///< OpenGL and the font are ready
     bool m_bViewPending = true;  ///< the plotter was off the screen when it was last reshaped
 

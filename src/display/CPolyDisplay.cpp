@@ -1,16 +1,16 @@
-#include "CPolyDisplay.h"
+#include "display/CPolyDisplay.h"
 
 #include <wx/dcclient.h>
 #include <wx/log.h>
 #include <wx/xrc/xmlres.h>
 
-#include "CanvasText.h"
+#include "display/CanvasText.h"
+
+using namespace nestrix;
 
 namespace {
 
 const wxSize FIRST_SIZE(400, 600);
-constexpr float MARGIN_LEFT = 40.0F;    ///< room for the labels beside the strip, in world units
-constexpr float MARGIN_BOTTOM = 20.0F;  ///< room for the labels below it
 constexpr float FACE_SIZE = 12.0F;
 
 constexpr char ID_BOUNDING_BOX[] = "ID_RENDER_DRAW_BOUNDING_BOX";
@@ -52,8 +52,8 @@ void CPolyDisplay::Initialize(float fStripWidth, float fStripHeight) {
     Show(true);
     m_fStripWidth = fStripWidth;
     m_fStripHeight = fStripHeight;
-    m_fViewWidth = fStripWidth + 2.0F * MARGIN_LEFT;
-    m_fViewHeight = fStripHeight + MARGIN_BOTTOM;
+    m_fViewWidth = fStripWidth + 2.0F * CANVAS_ORIGIN.x;
+    m_fViewHeight = fStripHeight + CANVAS_ORIGIN.y;
     m_bSetUpPending = !m_Surface.MakeCurrent();
     if (!m_bSetUpPending) {
         SetUpView();
@@ -105,8 +105,7 @@ void CPolyDisplay::CheckMenuItem(const char* pName, bool bCheck) {
 
 void CPolyDisplay::AddPolygon(const CPolygon& polygon) {
     SPolyItem item{polygon, static_cast<int>(m_PolyItems.size())};
-    item.m_Polygon.m_ReferencePoint.x += MARGIN_LEFT;
-    item.m_Polygon.m_ReferencePoint.y += MARGIN_BOTTOM;
+    item.m_Polygon.m_ReferencePoint = polygon.m_ReferencePoint + CANVAS_ORIGIN;
     m_PolyItems.push_back(std::move(item));
     const float fTop = polygon.m_BoundingBoxMax.y + polygon.m_ReferencePoint.y;
     if (fTop > m_fHeight) {

@@ -6,10 +6,13 @@
 #include <memory>
 #include <vector>
 
-#include "CGLSurface.h"
-#include "CPlotter.h"
-#include "Geom.h"
-#include "RenderOptions.h"
+#include "display/CGLSurface.h"
+#include "display/CPlotter.h"
+#include "display/RenderOptions.h"
+#include "geom/Geom.h"
+
+/// Where the strip's origin lies on the canvas, in world units: beside and above the room for the labels.
+inline constexpr mgVector3 CANVAS_ORIGIN{40.0F, 20.0F, 0.0F};
 
 /// One polygon on the canvas.
 struct SPolyItem {
@@ -20,7 +23,7 @@ struct SPolyItem {
 /// The view of a packing: every polygon where it came to rest, the strip's axes, a line at the packing's
 /// height with a caption, and overlays of the polygons' profiles that a right-click menu switches.
 ///
-/// World units are the strip's units, with the strip's origin at (40, 20) to leave room for the labels. The
+/// World units are the strip's units, with the strip's origin at CANVAS_ORIGIN. The
 /// view is measured once, at set-up, and deliberately never follows a resize.
 ///
 /// Order of use: put the canvas in its place, Initialize once; then, for each packing, Clear, AddPolygon
@@ -63,12 +66,12 @@ public:
     wxMenu* m_pMenu = nullptr;  ///< the render menu; null when the resources have none
 
 private:
-    CPolyDisplay(wxWindow* pParent, const CGLSurface::CLeniency&);
+    CPolyDisplay(wxWindow* pParent, const nestrix::CGLSurface::CLeniency&);
 
     void SetUpView();
     void LoadRenderMenu();
     void CheckMenuItem(const char* pName, bool bCheck);
-    void SwitchOption(ERenderOption option, const char* pName, bool bOn);
+    void SwitchOption(nestrix::ERenderOption option, const char* pName, bool bOn);
 
     void DrawPolygon(const SPolyItem& item);
     void DrawProfile(const CPolygon& polygon);
@@ -81,7 +84,7 @@ private:
     void DrawAxisY();
     void DrawHeight();
 
-    CGLSurface m_Surface;
+    nestrix::CGLSurface m_Surface;
     bool m_bSetUpPending = false;  ///< Initialize found the canvas off the screen
     // The toolkit pops up no menu that belongs to a menu bar, so the two are parted and kept here.
     std::unique_ptr<wxMenuBar> m_pRenderMenuBar;

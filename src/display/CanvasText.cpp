@@ -1,4 +1,4 @@
-#include "CanvasText.h"
+#include "display/CanvasText.h"
 
 #include <GL/gl.h>
 
@@ -6,7 +6,9 @@
 #include <cmath>
 #include <cstdio>
 
-#include "NumericLocale.h"
+#include "base/CNumericLocale.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -35,3 +37,5 @@ std::string NumberText(float fValue, int nDecimals) {
     std::snprintf(buffer.data(), buffer.size(), "%.*f", nDecimals, static_cast<double>(fValue));
     return buffer.data();
 }
+
+}  // namespace nestrix

@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace nestrix {
+
 /// Text on the canvases. A font whose file is missing or broken crashes at almost every call; these cost the
 /// text and nothing else.
 
@@ -19,3 +21,5 @@ void DrawCanvasText(FTFont& font, float fX, float fY, const std::string& text);
 
 /// The number with so many decimals and a decimal point, whatever the process's locale.
 [[nodiscard]] std::string NumberText(float fValue, int nDecimals);
+
+}  // namespace nestrix

@@ -1,4 +1,4 @@
-#include "OpenGLSupport.h"
+#include "display/OpenGLSupport.h"
 
 #include <wx/glcanvas.h>
 #include <wx/utils.h>
@@ -6,10 +6,12 @@
 #include <array>
 #include <memory>
 
-#include "CGLSurface.h"
+#include "display/CGLSurface.h"
 
 // After the toolkit, whose names these would redefine.
 #include <GL/glx.h>
+
+namespace nestrix {
 
 namespace {
 
@@ -56,3 +58,5 @@ bool IsOpenGLAvailable() {
     static const bool s_bAvailable = AskScreen();
     return s_bAvailable;
 }
+
+}  // namespace nestrix

@@ -1,5 +1,7 @@
-#include "CPolyDisplay.h"
-#include "CanvasText.h"
+#include "display/CPolyDisplay.h"
+#include "display/CanvasText.h"
+
+using namespace nestrix;
 
 namespace {
 
@@ -27,10 +29,10 @@ mgVector3 WorldPosition(const CPolygon& polygon, const CPoint& point) {
     return point.m_Position + polygon.m_ReferencePoint;
 }
 
-constexpr float STRIP_LEFT = 40.0F;   ///< world x of the strip's origin
-constexpr float STRIP_FLOOR = 20.0F;  ///< world y of the strip's origin
-constexpr float LABEL_BASE = 6.0F;    ///< world y of the labels below the strip
-constexpr float LABEL_RAISE = 4.0F;   ///< labels beside the strip stand a little above their ticks
+constexpr float STRIP_LEFT = CANVAS_ORIGIN.x;
+constexpr float STRIP_FLOOR = CANVAS_ORIGIN.y;
+constexpr float LABEL_BASE = 6.0F;   ///< world y of the labels below the strip
+constexpr float LABEL_RAISE = 4.0F;  ///< labels beside the strip stand a little above their ticks
 constexpr float HALF_TICK = 5.0F;
 constexpr int INTERVALS_X = 8;
 constexpr int INTERVALS_Y = 10;

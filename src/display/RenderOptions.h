@@ -1,5 +1,7 @@
 #pragma once
 
+namespace nestrix {
+
 /// The overlays of the packing view, as indices of g_PolyOptions.
 enum ERenderOption {
     RENDER_REFERENCE,
@@ -12,6 +14,8 @@ enum ERenderOption {
     RENDER_OPTION_COUNT
 };
 
+}  // namespace nestrix
+
 /// Which overlays are drawn, for every polygon of every packing. All off when the program starts; nothing
 /// but the render menu changes them.
-extern bool g_PolyOptions[RENDER_OPTION_COUNT];
+extern bool g_PolyOptions[nestrix::RENDER_OPTION_COUNT];

@@ -1,11 +1,13 @@
-#include "CChromosome.h"
+#include "ga/CChromosome.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <utility>
 
-#include "NumericLocale.h"
-#include "RandomScale.h"
+#include "base/CNumericLocale.h"
+#include "ga/RandomScale.h"
+
+using namespace nestrix;
 
 CRelaxed<float> g_MutationProbability = 0.01F;
 

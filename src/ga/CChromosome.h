@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <span>
 
-#include "CRelaxed.h"
+#include "base/CRelaxed.h"
 
 /// When and where one polygon is dropped.
 struct SGene {
@@ -14,8 +14,11 @@ struct SGene {
     friend bool operator==(const SGene&, const SGene&) = default;
 };
 
+/// Compares two SGene records by order key, for qsort.
+int GeneSortCallBack(void const* a, void const* b);
+
 /// The chance that Mutate changes a gene, 0 .. 1. The window writes it while a search runs.
-extern CRelaxed<float> g_MutationProbability;
+extern nestrix::CRelaxed<float> g_MutationProbability;
 
 /// One candidate solution: a gene per polygon. Random keys: gene i always belongs to polygon i, so crossover
 /// and mutation can neither duplicate nor lose one; sorting by order key gives the drop order.

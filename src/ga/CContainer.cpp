@@ -1,9 +1,23 @@
-#include "CContainer.h"
+#include "ga/CContainer.h"
 
 #include <cstdio>
+#include <span>
 
-#include "CPlacement.h"
-#include "SBox.h"
+#include "ga/CGeneticSearch.h"
+#include "ga/Genes.h"
+#include "ga/Roulette.h"
+#include "geom/SBox.h"
+#include "packing/SPacking.h"
+
+using namespace nestrix;
+
+namespace {
+
+std::span<const float> SharesOf(const float* pShares, int nShares) {
+    return {pShares, nShares > 0 ? static_cast<size_t>(nShares) : 0};
+}
+
+}  // namespace
 
 bool CContainer::AddPolygon(char const* path) {
     CPolygon polygon;
@@ -17,41 +31,17 @@ bool CContainer::AddPolygon(char const* path) {
 
 void CContainer::Clear() {
     m_Polygons.clear();
-    m_Population.clear();
-    m_nPopulationSize = 0;
+    ClearPopulation();
     m_Reported.Clear();
 }
 
 void CContainer::PrepareEverything(unsigned int nPopulation) {
-    float fTotalHeight = 0.0F;
-    for (const CPolygon& polygon : m_Polygons) {
-        fTotalHeight += polygon.m_BoundingBoxMax.y - polygon.m_BoundingBoxMin.y;
-    }
-    m_fTotalHeight = fTotalHeight;
-
-    CChromosome fresh;
-    fresh.SetGeneCount(static_cast<int>(m_Polygons.size()));
-    m_Population.reserve(m_Population.size() + nPopulation);
-    for (unsigned int i = 0; i < nPopulation && !m_bAbandoned; ++i) {
-        m_Population.push_back(fresh);
-    }
-    m_nPopulationSize = static_cast<int>(m_Population.size());
+    m_fTotalHeight = ColumnHeight(m_Polygons);
+    AppendFresh(nPopulation, static_cast<int>(m_Polygons.size()), nullptr);
 }
 
 void CContainer::ValidateChromosome(CChromosome& chromosome) const {
-    for (SGene& gene : chromosome.Genes()) {
-        if (gene.m_nPolygon < 0 || gene.m_nPolygon >= static_cast<int>(m_Polygons.size())) {
-            continue;
-        }
-        const CPolygon& polygon = m_Polygons[static_cast<size_t>(gene.m_nPolygon)];
-        // "not at or beyond the edge" rather than "before it": an offset that is not a number is reset too.
-        if (!(polygon.m_BoundingBoxMin.x + gene.m_fX >= 0.0F)) {
-            gene.m_fX = -polygon.m_BoundingBoxMin.x;
-        }
-        if (polygon.m_BoundingBoxMax.x + gene.m_fX > m_fContainerWidth) {
-            gene.m_fX = m_fContainerWidth - polygon.m_BoundingBoxMax.x;
-        }
-    }
+    ClampIntoStrip(chromosome, m_Polygons, m_fContainerWidth);
 }
 
 void CContainer::GetCollidablePolygonList(CPolygon const& polygon, std::vector<CPolygon> const& placed,
@@ -64,25 +54,20 @@ void CContainer::GetCollidablePolygonList(CPolygon const& polygon, std::vector<C
     }
 }
 
-float CContainer::PlaceChromosome(CChromosome const& chromosome, std::vector<CPolygon>& placed,
-                                  CContactSink* pContacts) const {
-    CPlacement placement(m_Polygons, m_fTotalHeight, m_fContainerWidth);
-    const float fFitness = placement.Place(chromosome.Genes(), pContacts);
-    placed.clear();
-    placed.reserve(placement.Drops().size());
-    for (const SDrop& drop : placement.Drops()) {
-        placed.push_back(m_Polygons[static_cast<size_t>(drop.m_nPolygon)]);
-        placed.back().m_ReferencePoint = drop.m_ReferencePoint;
-    }
-    return fFitness;
+int CContainer::RandomEventCore(float* pShares, int nShares) {
+    return DrawEntry(SharesOf(pShares, nShares));
 }
 
-CChromosome CContainer::CopyBestChromosome() const {
-    const std::lock_guard guard(m_BestGuard);
-    return m_BestChromosome;
+int CContainer::RandomEvent(float* pShares, int nShares, int nExclude) {
+    const std::span<const float> shares = SharesOf(pShares, nShares);
+    return nExclude < 0 ? DrawEntry(shares) : DrawEntryExcept(shares, nExclude);
 }
 
-void CContainer::ReplaceBestChromosome(const CChromosome& chromosome) {
-    const std::lock_guard guard(m_BestGuard);
-    m_BestChromosome = chromosome;
+void CContainer::RandomlyGenerateFirstGeneration() {
+    RandomiseGenes(m_Population, m_Polygons.size(), m_fContainerWidth, nullptr);
+}
+
+void CContainer::RunSearch(int nPopulation, int nGenerations, unsigned int nSeed, CSearchSink& sink) {
+    m_fTotalHeight = ColumnHeight(m_Polygons);
+    RunGeneticSearch(m_Polygons, Strip(), {nPopulation, nGenerations}, nSeed, *this, sink);
 }

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <memory>
-#include <mutex>
-#include <span>
 #include <vector>
 
-#include "CChromosome.h"
-#include "CRelaxed.h"
-#include "CStatisticsQueue.h"
-#include "Geom.h"
+#include "base/CRelaxed.h"
+#include "ga/CChromosome.h"
+#include "ga/CSearchSink.h"
+#include "ga/CSearchState.h"
+#include "ga/CStatisticsQueue.h"
+#include "geom/Geom.h"
+#include "packing/SStrip.h"
 
 class CPolyDisplay;
 class wxEvtHandler;
@@ -17,26 +17,8 @@ class wxEvtHandler;
 /// number of the generation that is done, 0 for the first. No control or menu item may have this id.
 inline constexpr int ID_GENERATION_DONE = 200;
 
-/// Hears of each generation of a search, on the search's own thread, once all its statistics are written.
-class CGenerationSink {
-public:
-    virtual void GenerationDone(int nGeneration) = 0;
-
-protected:
-    ~CGenerationSink() = default;
-};
-
-/// Hears where each dropped polygon comes to rest, in world coordinates and in drop order.
-class CContactSink {
-public:
-    virtual void ContactFound(const mgVector3& contact) = 0;
-
-protected:
-    ~CContactSink() = default;
-};
-
-/// The genetic search's state: the polygon set, the strip, the population, the best chromosome so far and the
-/// statistics. The strip spans x from 0 to m_fContainerWidth, its floor is y = 0.
+/// The face of the genetic search: the polygon set, the strip, the search's state and its operations by their
+/// own names. The strip spans x from 0 to m_fContainerWidth, its floor is y = 0.
 ///
 /// Order of use: AddPolygon for each file, then RunGA (or RunSearch without a window). Clear before
 /// another run.
@@ -45,7 +27,7 @@ protected:
 /// g_MutationProbability, read the relaxed scalars and the polygon set, and call PopulationSize,
 /// CopyBestChromosome and EvaluateFitnessValue; the one that handles the search's notices may call
 /// TakeStatistics. Nothing else may be touched until the search has returned.
-class CContainer {
+class CContainer : public nestrix::CSearchState {
 public:
     /// Loads one polygon file into the set. On failure says so on standard output, leaves the set as it is
     /// and returns false.
@@ -58,8 +40,7 @@ public:
     /// Computes m_fTotalHeight and appends nPopulation fresh chromosomes to the population.
     void PrepareEverything(unsigned int nPopulation);
 
-    /// Clamps every gene's offset into the strip. The right edge comes second, deliberately: a polygon wider
-    /// than the strip ends up flush right and sticks out on the left. Genes of unknown polygons are skipped.
+    /// Clamps every gene's offset into the strip: see nestrix::ClampIntoStrip.
     void ValidateChromosome(CChromosome& chromosome) const;
 
     /// Appends to `collidable` copies of those placed polygons that the falling polygon can touch: the
@@ -69,32 +50,20 @@ public:
                                   std::vector<CPolygon>& collidable) const;
 
     /// Builds the packing of the chromosome into `placed`, cleared first, and returns its fitness: the height
-    /// of all polygons in one column less the height that the packing reaches. Bigger is better.
-    ///
-    /// Each polygon falls straight down from above everything placed until it rests on the floor or on a
-    /// polygon placed before it. Does not write the chromosome's fitness.
+    /// of all polygons in one column, as PrepareEverything left it, less the height that the packing reaches.
+    /// Bigger is better. Does not write the chromosome's fitness. With the window's library only.
     ///
     /// @param bRecordContacts whether to append each contact to the markers of m_pContactDisplay, if any.
     float EvaluateFitnessValue(CChromosome const& chromosome, std::vector<CPolygon>& placed,
                                bool bRecordContacts);
 
-    /// EvaluateFitnessValue for callers without a window: contacts go to the sink, which may be null.
-    float PlaceChromosome(CChromosome const& chromosome, std::vector<CPolygon>& placed,
-                          CContactSink* pContacts) const;
-
-    /// The roulette: draws one of nShares entries in proportion to its share.
-    ///
-    /// Each slice of the wheel is one percentage point wider at its upper end than its share, at the expense
-    /// of the next entry; shares that are not numbers give entry 0. Both are deliberate.
-    ///
-    /// @param pShares fractions that add up to about 1.
+    /// The roulette: see nestrix::DrawEntry.
+    /// @param pShares fractions that add up to about 1, one for each of nShares entries.
     /// @return the entry's index, or −1, after a line on standard output, if the wheel fell short of the
     /// draw.
     int RandomEventCore(float* pShares, int nShares);
 
-    /// As RandomEventCore; for nExclude ≥ 0 that entry is left out and the others are scaled to add up to 1.
-    /// The result then indexes the shortened list and is deliberately not translated back, so the second
-    /// parent may equal the first, and the last chromosome is never a second parent.
+    /// As RandomEventCore; for nExclude ≥ 0 that entry is left out: see nestrix::DrawEntryExcept.
     int RandomEvent(float* pShares, int nShares, int nExclude);
 
     /// Gives every chromosome of the population a random drop order without ties and random offsets.
@@ -109,47 +78,30 @@ public:
     /// good for nothing but Clear.
     ///
     /// An event handler that lags behind slows the search down, one that handles nothing does not stop it.
+    /// With the window's library only.
     void RunGA(int nPopulation, int nGenerations);
 
-    /// RunGA with a given seed and any listener. The same seed gives the same history.
-    void RunSearch(int nPopulation, int nGenerations, unsigned int nSeed, CGenerationSink& sink);
-
-    /// The size of the population. Any thread, at any time.
-    [[nodiscard]] int PopulationSize() const { return m_nPopulationSize; }
+    /// RunGA with a given seed and any listener, which alone is asked when to end: m_bStop and m_bAbandoned
+    /// are neither read nor written. The same seed gives the same history.
+    void RunSearch(int nPopulation, int nGenerations, unsigned int nSeed, nestrix::CSearchSink& sink);
 
     /// The statistics as they were when this generation ended, once for each of RunGA's notices, in their
     /// order; for any other generation, or for a receiver that is far behind, as they are now. For whoever
-    /// handles the notices.
-    [[nodiscard]] SGenerationStatistics TakeStatistics(int nGeneration);
+    /// handles the notices. With the window's library only.
+    [[nodiscard]] nestrix::SGenerationStatistics TakeStatistics(int nGeneration);
 
-    /// A whole copy of the best chromosome. Any thread, at any time; waits at most for another copy.
-    [[nodiscard]] CChromosome CopyBestChromosome() const;
+    [[nodiscard]] nestrix::SStrip Strip() const { return {m_fContainerWidth, m_fContainerHeight}; }
 
-    CPolyDisplay* m_pContactDisplay = nullptr;  ///< receives contact markers; may be null
-    wxEvtHandler* m_pEventHandler = nullptr;    ///< receives progress events; null means none
-    CRelaxed<bool> m_bStop = false;             ///< the request to stop
-    CRelaxed<bool> m_bAbandoned = false;        ///< the request to leave at once; only its owner clears it
-    float m_fContainerWidth = 400.0F;
-    float m_fContainerHeight = 600.0F;         ///< for the window; the search never reads it
-    CRelaxed<float> m_fTotalHeight = 0.0F;     ///< of all bounding boxes stacked in one column
-    CRelaxed<float> m_fAverageFitness = 0.0F;  ///< of the current population
-    std::vector<CPolygon> m_Polygons;          ///< in the order of the files; genes index it
-    std::vector<CChromosome> m_Population;     ///< the current generation
-    CChromosome
-        m_BestChromosome;  ///< the fittest of this run; while a search runs, read a CopyBestChromosome
-    CRelaxed<float> m_fBestFitness = 0.0F;   ///< highest of this run
-    CRelaxed<float> m_fWorstFitness = 0.0F;  ///< lowest of this run
+    CPolyDisplay* m_pContactDisplay = nullptr;     ///< receives contact markers; may be null
+    wxEvtHandler* m_pEventHandler = nullptr;       ///< receives progress events; null means none
+    nestrix::CRelaxed<bool> m_bStop = false;       ///< the request to stop
+    nestrix::CRelaxed<bool> m_bAbandoned = false;  ///< the request to leave at once; only its owner clears it
+    float m_fContainerWidth = nestrix::SStrip().m_fWidth;
+    float m_fContainerHeight = nestrix::SStrip().m_fHeight;  ///< for the window; the search never reads it
+    nestrix::CRelaxed<float> m_fTotalHeight = 0.0F;          ///< of all bounding boxes stacked in one column
+    std::vector<CPolygon> m_Polygons;                        ///< in the order of the files; genes index it
     float m_fCullThreshold = 0.7F;  ///< the user's setting; deliberately read by no step of the search
 
 private:
-    friend class CGeneticSearch;
-
-    void ReplaceBestChromosome(const CChromosome& chromosome);
-
-    CRelaxed<int> m_nPopulationSize = 0;
-    CStatisticsQueue m_Reported;     ///< of the generations whose notices have been posted
-    mutable std::mutex m_BestGuard;  ///< held while m_BestChromosome is replaced or copied, never longer
+    nestrix::CStatisticsQueue m_Reported;  ///< of the generations whose notices have been posted
 };
-
-/// Compares two SGene records by order key, for qsort.
-int GeneSortCallBack(void const* a, void const* b);

@@ -1,10 +1,14 @@
-#include "CGeneticSearch.h"
+#include "ga/CGeneticSearch.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
-#include "NumericLocale.h"
+#include "base/CNumericLocale.h"
+#include "ga/Genes.h"
+#include "ga/Roulette.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -15,24 +19,29 @@ float AverageOf(float fTotal, size_t nCount) {
 
 }  // namespace
 
-void CContainer::RunSearch(int nPopulation, int nGenerations, unsigned int nSeed, CGenerationSink& sink) {
+void RunGeneticSearch(std::span<const CPolygon> polygons, const SStrip& strip, const SSearchSize& size,
+                      unsigned int nSeed, CSearchState& state, CSearchSink& sink) {
     const CNumericLocale numericLocale;
-    m_bStop = false;
+    const CRelaxed<bool>* const pAbandoned = sink.AbandonRequest();
     std::srand(nSeed);
-    PrepareEverything(static_cast<unsigned int>(nPopulation));
-    RandomlyGenerateFirstGeneration();
-    CGeneticSearch(*this, sink).Run(nGenerations);
+    state.AppendFresh(static_cast<unsigned int>(size.m_nPopulation), static_cast<int>(polygons.size()),
+                      pAbandoned);
+    RandomiseGenes(state.m_Population, polygons.size(), strip.m_fWidth, pAbandoned);
+    CGeneticSearch(polygons, strip, state, sink).Run(size.m_nGenerations);
 }
 
-CGeneticSearch::CGeneticSearch(CContainer& container, CGenerationSink& sink)
-    : m_Container(container),
+CGeneticSearch::CGeneticSearch(std::span<const CPolygon> polygons, const SStrip& strip, CSearchState& state,
+                               CSearchSink& sink)
+    : m_Polygons(polygons),
+      m_fStripWidth(strip.m_fWidth),
+      m_State(state),
       m_Sink(sink),
-      m_Placement(container.m_Polygons, container.m_fTotalHeight, container.m_fContainerWidth,
-                  &container.m_bAbandoned),
-      m_Shares(container.m_Population.size()) {
-    m_Next.reserve(container.m_Population.size());
-    for (size_t i = 0; i < container.m_Population.size() && !IsAbandoned(); ++i) {
-        m_Next.push_back(container.m_Population[i]);
+      m_pAbandoned(sink.AbandonRequest()),
+      m_Decoder(polygons, strip, ColumnHeight(polygons), m_pAbandoned),
+      m_Shares(state.m_Population.size()) {
+    m_Next.reserve(state.m_Population.size());
+    for (size_t i = 0; i < state.m_Population.size() && !IsAbandoned(); ++i) {
+        m_Next.push_back(state.m_Population[i]);
     }
 }
 
@@ -50,26 +59,20 @@ void CGeneticSearch::Run(int nGenerations) {
 
 bool CGeneticSearch::EvaluateFirstGeneration() {
     float fTotalFitness = 0.0F;
-    for (size_t i = 0; i < m_Container.m_Population.size(); ++i) {
-        CChromosome& chromosome = m_Container.m_Population[i];
-        m_Container.ValidateChromosome(chromosome);
-        const float fFitness = m_Placement.Place(chromosome.Genes());
+    for (size_t i = 0; i < m_State.m_Population.size(); ++i) {
+        CChromosome& chromosome = m_State.m_Population[i];
+        ClampIntoStrip(chromosome, m_Polygons, m_fStripWidth);
+        const float fFitness = m_Decoder.Evaluate(chromosome.Genes());
         if (IsAbandoned()) {
             return false;
         }
         chromosome.m_fFitness = fFitness;
         m_Shares[i] = fFitness;
-        if (i == 0 || m_Container.m_fWorstFitness > fFitness) {
-            m_Container.m_fWorstFitness = fFitness;
-        }
-        if (i == 0 || !(m_Container.m_fBestFitness >= fFitness)) {
-            m_Container.m_fBestFitness = fFitness;
-            m_Container.ReplaceBestChromosome(chromosome);
-        }
+        m_State.RecordFounder(chromosome, i == 0);
         fTotalFitness += fFitness;
     }
     NormaliseShares(fTotalFitness);
-    m_Container.m_fAverageFitness = AverageOf(fTotalFitness, m_Shares.size());
+    m_State.m_fAverageFitness = AverageOf(fTotalFitness, m_Shares.size());
     return !IsAbandoned();
 }
 
@@ -77,14 +80,14 @@ bool CGeneticSearch::BreedGeneration() {
     if (!BreedChildren()) {
         return false;
     }
-    std::swap(m_Container.m_Population, m_Next);
-    std::printf("Newly Created %d\n", static_cast<int>(m_Container.m_Population.size()));
+    m_State.ExchangePopulation(m_Next);
+    std::printf("Newly Created %d\n", static_cast<int>(m_State.m_Population.size()));
     if (IsToLeave()) {
         return false;
     }
     float fTotalFitness = 0.0F;
     for (size_t i = 0; i < m_Shares.size(); ++i) {
-        m_Shares[i] = m_Container.m_Population[i].m_fFitness;
+        m_Shares[i] = m_State.m_Population[i].m_fFitness;
         fTotalFitness += m_Shares[i];
     }
     if (IsToLeave()) {
@@ -94,7 +97,7 @@ bool CGeneticSearch::BreedGeneration() {
     if (IsToLeave()) {
         return false;
     }
-    m_Container.m_fAverageFitness = AverageOf(fTotalFitness, m_Shares.size());
+    m_State.m_fAverageFitness = AverageOf(fTotalFitness, m_Shares.size());
     ++m_nGeneration;
     m_Sink.GenerationDone(m_nGeneration);
     if (IsAbandoned()) {
@@ -113,22 +116,15 @@ bool CGeneticSearch::BreedChildren() {
         if (IsToLeave()) {
             return false;
         }
-        const float fFitness = child.m_fFitness;
-        if (!(fFitness >= m_Container.m_fWorstFitness)) {
-            m_Container.m_fWorstFitness = fFitness;
-        }
-        if (!(m_Container.m_fBestFitness >= fFitness)) {
-            m_Container.m_fBestFitness = fFitness;
-            m_Container.ReplaceBestChromosome(child);
-        }
+        m_State.RecordChild(child);
     }
     return !IsToLeave();
 }
 
 void CGeneticSearch::BreedChild(CChromosome& child) {
     const int nShares = static_cast<int>(m_Shares.size());
-    const int nFirst = m_Container.RandomEvent(m_Shares.data(), nShares, -1);
-    const int nSecond = m_Container.RandomEvent(m_Shares.data(), nShares, nFirst);
+    const int nFirst = DrawEntry(m_Shares);
+    const int nSecond = nFirst < 0 ? DrawEntry(m_Shares) : DrawEntryExcept(m_Shares, nFirst);
     if (nFirst < 0 || nSecond < 0) {
         std::printf("WRONG (LESSER) idx\n %d , %d\n", nFirst, nSecond);
     }
@@ -138,9 +134,9 @@ void CGeneticSearch::BreedChild(CChromosome& child) {
     CChromosome& first = SelectParent(nFirst);
     CChromosome& second = SelectParent(nSecond);
     first.CrossOver(second, &child, 1);
-    const int nPolygons = static_cast<int>(m_Container.m_Polygons.size());
-    child.Mutate(0, nPolygons - 1, 0.0F, m_Container.m_fContainerWidth);
-    m_Container.ValidateChromosome(child);
+    const int nPolygons = static_cast<int>(m_Polygons.size());
+    child.Mutate(0, nPolygons - 1, 0.0F, m_fStripWidth);
+    ClampIntoStrip(child, m_Polygons, m_fStripWidth);
     child.m_fFitness = Evaluate(child, first, second);
 }
 
@@ -151,12 +147,12 @@ float CGeneticSearch::Evaluate(const CChromosome& child, const CChromosome& firs
             return pParent->m_fFitness;
         }
     }
-    return m_Placement.Place(child.Genes());
+    return m_Decoder.Evaluate(child.Genes());
 }
 
 CChromosome& CGeneticSearch::SelectParent(int nIndex) {
-    const bool bValid = nIndex >= 0 && nIndex < static_cast<int>(m_Container.m_Population.size());
-    return m_Container.m_Population[bValid ? static_cast<size_t>(nIndex) : 0];
+    const bool bValid = nIndex >= 0 && nIndex < static_cast<int>(m_State.m_Population.size());
+    return m_State.m_Population[bValid ? static_cast<size_t>(nIndex) : 0];
 }
 
 void CGeneticSearch::NormaliseShares(float fTotalFitness) {
@@ -168,7 +164,9 @@ void CGeneticSearch::NormaliseShares(float fTotalFitness) {
 
 void CGeneticSearch::PrintGeneration() const {
     std::printf("Generation %d has been created with %d many individuals\n", m_nGeneration,
-                static_cast<int>(m_Container.m_Population.size()));
-    std::printf("Average fitness= %f\n", static_cast<double>(m_Container.m_fAverageFitness));
-    std::printf("Best Chromosome so far is %f\n", static_cast<double>(m_Container.m_fBestFitness));
+                static_cast<int>(m_State.m_Population.size()));
+    std::printf("Average fitness= %f\n", static_cast<double>(m_State.m_fAverageFitness));
+    std::printf("Best Chromosome so far is %f\n", static_cast<double>(m_State.m_fBestFitness));
 }
+
+}  // namespace nestrix

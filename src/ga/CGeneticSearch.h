@@ -1,21 +1,39 @@
 #pragma once
 
+#include <span>
 #include <vector>
 
-#include "CContainer.h"
-#include "CPlacement.h"
+#include "ga/CDecoder.h"
+#include "ga/CSearchSink.h"
+#include "ga/CSearchState.h"
 
-/// One run of the search: breeds generation after generation in a container and keeps the run's working
-/// storage, so that a generation allocates nothing.
+namespace nestrix {
+
+/// How much a genetic search does.
+struct SSearchSize {
+    int m_nPopulation = 0;
+    int m_nGenerations = 0;  ///< after the first
+};
+
+/// The whole search: a first generation and more, appended to the population that the state holds. The same
+/// seed gives the same history. Prints its progress, and draws from the C library's rand().
+/// @param polygons the set; it must stay as it is meanwhile.
+void RunGeneticSearch(std::span<const CPolygon> polygons, const SStrip& strip, const SSearchSize& size,
+                      unsigned int nSeed, CSearchState& state, CSearchSink& sink);
+
+/// One run of the search: breeds generation after generation in a state that its caller owns, and keeps the
+/// run's working storage, so that a generation allocates nothing.
 ///
 /// Every child enters the next generation, so the population keeps its size; nothing is culled, and the best
 /// chromosome is kept aside, not in the population.
 class CGeneticSearch {
 public:
-    /// Makes and evaluates nothing yet. The container's total height and population must be prepared.
-    CGeneticSearch(CContainer& container, CGenerationSink& sink);
+    /// Makes and evaluates nothing yet.
+    /// @param state holds the first generation, not yet evaluated.
+    CGeneticSearch(std::span<const CPolygon> polygons, const SStrip& strip, CSearchState& state,
+                   CSearchSink& sink);
 
-    /// Evaluates the first generation and breeds nGenerations more, until m_bStop or m_bAbandoned is set.
+    /// Evaluates the first generation and breeds nGenerations more, until the sink asks for the end.
     void Run(int nGenerations);
 
 private:
@@ -37,13 +55,18 @@ private:
     /// Divides the population's fitness values, in m_Shares, by their sum.
     void NormaliseShares(float fTotalFitness);
     void PrintGeneration() const;
-    [[nodiscard]] bool IsAbandoned() const { return m_Container.m_bAbandoned; }
-    [[nodiscard]] bool IsToLeave() const { return m_Container.m_bStop || IsAbandoned(); }
+    [[nodiscard]] bool IsAbandoned() const { return IsMade(m_pAbandoned); }
+    [[nodiscard]] bool IsToLeave() const { return m_Sink.IsToStop() || IsAbandoned(); }
 
-    CContainer& m_Container;
-    CGenerationSink& m_Sink;
-    CPlacement m_Placement;
+    std::span<const CPolygon> m_Polygons;
+    float m_fStripWidth;
+    CSearchState& m_State;
+    CSearchSink& m_Sink;
+    const CRelaxed<bool>* m_pAbandoned;
+    CDecoder m_Decoder;
     std::vector<float> m_Shares;      ///< one per chromosome: fitness, then fitness / total fitness
     std::vector<CChromosome> m_Next;  ///< the generation being bred
     int m_nGeneration = 0;
 };
+
+}  // namespace nestrix

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <optional>
 
+namespace nestrix {
+
 /// What was true of a search when one of its generations ended.
 struct SGenerationStatistics {
     int m_nGeneration = 0;
@@ -50,3 +52,5 @@ private:
     std::atomic<size_t> m_nBegin = 0;  ///< how many have been taken, ever
     std::atomic<size_t> m_nEnd = 0;    ///< how many have been pushed, ever
 };
+
+}  // namespace nestrix

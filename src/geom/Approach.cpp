@@ -1,6 +1,8 @@
-#include "Approach.h"
+#include "geom/Approach.h"
 
-#include "HitTest.h"
+#include "geom/HitTest.h"
+
+using namespace nestrix;
 
 namespace {
 
@@ -13,8 +15,8 @@ void Offer(SApproach& best, float fGap, float fContactX, float fContactY) {
 
 }  // namespace
 
-SApproach FindApproach(const CPolygon& moving, const mgVector3& movingAt, const CPolygon& obstacle,
-                       const mgVector3& obstacleAt, const CRelaxed<bool>* pAbandoned) {
+SApproach nestrix::FindApproach(const CPolygon& moving, const mgVector3& movingAt, const CPolygon& obstacle,
+                                const mgVector3& obstacleAt, const CRelaxed<bool>* pAbandoned) {
     SApproach best;
     for (const CPoint& vertex : moving.m_FrontPoints) {
         if (IsMade(pAbandoned)) {

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "CRelaxed.h"
-#include "Polygon.h"
+#include "base/CRelaxed.h"
+#include "geom/CPolygon.h"
+
+namespace nestrix {
 
 /// The contact that stops a vertical fall.
 struct SApproach {
@@ -24,3 +26,5 @@ struct SApproach {
 [[nodiscard]] SApproach FindApproach(const CPolygon& moving, const mgVector3& movingAt,
                                      const CPolygon& obstacle, const mgVector3& obstacleAt,
                                      const CRelaxed<bool>* pAbandoned = nullptr);
+
+}  // namespace nestrix

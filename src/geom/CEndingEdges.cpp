@@ -1,8 +1,10 @@
-#include "CEndingEdges.h"
+#include "geom/CEndingEdges.h"
 
 #include <algorithm>
 #include <cmath>
 #include <tuple>
+
+namespace nestrix {
 
 CEndingEdges::CEndingEdges(const COutlineSide& outline) : m_Outline(outline) {
     m_Sloped.reserve(2 * static_cast<size_t>(outline.CountEdges()));
@@ -55,3 +57,5 @@ bool CEndingEdges::AnyHides(const std::vector<SEnd>& ends, const CPoint& vertex)
     }
     return false;
 }
+
+}  // namespace nestrix

@@ -2,7 +2,9 @@
 
 #include <vector>
 
-#include "COutlineSide.h"
+#include "geom/COutlineSide.h"
+
+namespace nestrix {
 
 /// The edges of an outline by where they end: answers for a vertex whether one of the edges that end at its x
 /// hides it.
@@ -32,3 +34,5 @@ private:
     std::vector<SEnd> m_Sloped;
     int m_nLowestVertical = -1;  ///< the edge; −1 without any
 };
+
+}  // namespace nestrix

@@ -1,8 +1,10 @@
-#include "COutlineSide.h"
+#include "geom/COutlineSide.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+
+namespace nestrix {
 
 bool COutlineSide::Hides(int nEdge, const CPoint& vertex) const {
     if (nEdge == vertex.m_nPrevLine || nEdge == vertex.m_nNextLine) {
@@ -20,3 +22,5 @@ double COutlineSide::HeightOfVertical(int nEdge) const {
     return std::isnan(fNearest) ? -std::numeric_limits<double>::infinity()
                                 : static_cast<double>(HeightOf(fNearest));
 }
+
+}  // namespace nestrix

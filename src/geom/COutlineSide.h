@@ -1,7 +1,9 @@
 #pragma once
 
-#include "HitTest.h"
-#include "Polygon.h"
+#include "geom/CPolygon.h"
+#include "geom/HitTest.h"
+
+namespace nestrix {
 
 /// Which way a vertex looks for edges that hide it.
 enum class ESide { Below, Above };
@@ -49,3 +51,5 @@ private:
     const CPolygon& m_Polygon;
     bool m_bBelow;
 };
+
+}  // namespace nestrix

@@ -1,10 +1,12 @@
-#include "CPassingEdges.h"
+#include "geom/CPassingEdges.h"
 
 #include <algorithm>
 #include <bit>
 #include <cmath>
 #include <limits>
 #include <utility>
+
+namespace nestrix {
 
 void CPassingEdges::SNode::AddDoubt(double doubt) {
     const double sum = static_cast<double>(m_fDoubt) + doubt;
@@ -120,3 +122,5 @@ CPassingEdges::EAnswer CPassingEdges::Ask(const CPoint& vertex) const {
     const double gap = lowest - static_cast<double>(m_Outline.HeightOf(vertex.m_Position.y));
     return doubt > 0.0 && gap <= doubt ? EAnswer::Open : EAnswer::Exposed;
 }
+
+}  // namespace nestrix

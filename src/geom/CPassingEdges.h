@@ -5,8 +5,10 @@
 #include <span>
 #include <vector>
 
-#include "COutlineSide.h"
-#include "SPassingEdge.h"
+#include "geom/COutlineSide.h"
+#include "geom/SPassingEdge.h"
+
+namespace nestrix {
 
 /// The edges of an outline that pass over or under places between their ends: answers for a vertex whether
 /// one of them hides it, without a look at all of them.
@@ -65,3 +67,5 @@ private:
     std::vector<float> m_Places;
     std::vector<SNode> m_Nodes;  ///< the root at 1, the leaves in the second half
 };
+
+}  // namespace nestrix

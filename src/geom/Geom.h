@@ -2,8 +2,8 @@
 
 /// The geometry's face: vectors, hit tests, polygons and their files, profiles, the approach distance.
 
-#include "Approach.h"
-#include "HitTest.h"
-#include "Polygon.h"
-#include "PolygonFile.h"
-#include "Vector.h"
+#include "formats/PolygonFile.h"
+#include "geom/Approach.h"
+#include "geom/CPolygon.h"
+#include "geom/HitTest.h"
+#include "geom/Vector.h"

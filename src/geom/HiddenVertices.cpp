@@ -1,12 +1,14 @@
-#include "HiddenVertices.h"
+#include "geom/HiddenVertices.h"
 
 #include <algorithm>
 #include <cmath>
 #include <span>
 
-#include "CEndingEdges.h"
-#include "CPassingEdges.h"
-#include "SPassingEdge.h"
+#include "geom/CEndingEdges.h"
+#include "geom/CPassingEdges.h"
+#include "geom/SPassingEdge.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -127,3 +129,5 @@ private:
 std::vector<bool> FindHiddenVertices(const CPolygon& polygon, ESide side) {
     return CHiddenVertices(polygon, side).Find();
 }
+
+}  // namespace nestrix

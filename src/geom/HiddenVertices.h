@@ -2,7 +2,9 @@
 
 #include <vector>
 
-#include "COutlineSide.h"
+#include "geom/COutlineSide.h"
+
+namespace nestrix {
 
 /// Which vertices of an outline are hidden, as CPolygon::DoesPointHitAnyLineDownward (Below) or …Upward
 /// (Above) says, but without a look at every edge for each of them: in O(n log² n) time, whatever the
@@ -12,3 +14,5 @@
 ///
 /// @param polygon with edges, links and classes as the first steps of the analysis make them.
 [[nodiscard]] std::vector<bool> FindHiddenVertices(const CPolygon& polygon, ESide side);
+
+}  // namespace nestrix

@@ -1,4 +1,4 @@
-#include "HitTest.h"
+#include "geom/HitTest.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Vector.h"
+#include "geom/Vector.h"
 
 /// The height at x of the line through `start` along `direction`, which is not vertical: computed in double,
 /// and the same bit for bit as in the tests below.

@@ -1,6 +1,8 @@
-#include "COutlineSide.h"
-#include "HiddenVertices.h"
-#include "Polygon.h"
+#include "geom/COutlineSide.h"
+#include "geom/CPolygon.h"
+#include "geom/HiddenVertices.h"
+
+using namespace nestrix;
 
 namespace {
 

@@ -1,8 +1,10 @@
-#include "SPassingEdge.h"
+#include "geom/SPassingEdge.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+
+namespace nestrix {
 
 namespace {
 
@@ -39,3 +41,5 @@ std::optional<SPassingEdge> SPassingEdge::Make(const COutlineSide& outline, int 
                         bExact ? 0.0F : NoiseOf(static_cast<double>(start.y), rise),
                         nEdge};
 }
+
+}  // namespace nestrix

@@ -2,7 +2,9 @@
 
 #include <optional>
 
-#include "COutlineSide.h"
+#include "geom/COutlineSide.h"
+
+namespace nestrix {
 
 /// An edge that is not vertical, laid out for computing its heights between its ends.
 struct SPassingEdge {
@@ -24,3 +26,5 @@ struct SPassingEdge {
                m_Slope * (static_cast<double>(x) - static_cast<double>(m_fStartX));
     }
 };
+
+}  // namespace nestrix

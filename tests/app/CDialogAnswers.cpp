@@ -1,9 +1,9 @@
-#include "CDialogAnswers.h"
+#include "tests/app/CDialogAnswers.h"
 
 #include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 
-namespace support {
+namespace nestrix::support {
 
 int CDialogAnswers::Enter(wxDialog* pDialog) {
     if (const auto* pBox = dynamic_cast<const wxMessageDialog*>(pDialog)) {
@@ -16,4 +16,4 @@ int CDialogAnswers::Enter(wxDialog* pDialog) {
     return m_nAnswer;
 }
 
-}  // namespace support
+}  // namespace nestrix::support

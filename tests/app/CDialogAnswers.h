@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace support {
+namespace nestrix::support {
 
 /// While it lives, no dialog comes up: each is answered at once, and its message kept.
 class CDialogAnswers : public wxModalDialogHook {
@@ -24,4 +24,4 @@ private:
     std::vector<std::string> m_Messages;
 };
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,4 +1,4 @@
-#include "CProcess.h"
+#include "tests/app/CProcess.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -10,9 +10,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "CTemporaryFolder.h"
+#include "tests/support/CTemporaryFolder.h"
 
-namespace support {
+namespace nestrix::support {
 
 namespace {
 
@@ -91,4 +91,4 @@ std::string ReadFile(const std::filesystem::path& path) {
     return content.str();
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -10,7 +10,7 @@
 #include <thread>
 #include <vector>
 
-namespace support {
+namespace nestrix::support {
 
 /// A program that a test starts, and that ends with the test at the latest.
 class CProcess {
@@ -60,4 +60,4 @@ template <class TCondition>
 
 [[nodiscard]] std::string ReadFile(const std::filesystem::path& path);
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,10 +1,10 @@
-#include "CScarceMemory.h"
+#include "tests/app/CScarceMemory.h"
 
 #include <unistd.h>
 
 #include <fstream>
 
-namespace support {
+namespace nestrix::support {
 
 CScarceMemory::CScarceMemory(rlim_t nBytes) {
     getrlimit(RLIMIT_AS, &m_Previous);
@@ -18,4 +18,4 @@ CScarceMemory::~CScarceMemory() {
     setrlimit(RLIMIT_AS, &m_Previous);
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -2,7 +2,7 @@
 
 #include <sys/resource.h>
 
-namespace support {
+namespace nestrix::support {
 
 /// While it lives, the process can have only so many more bytes of memory. Memory that the process already
 /// has, and does not use, can still be had.
@@ -17,4 +17,4 @@ private:
     rlimit m_Previous = {};
 };
 
-}  // namespace support
+}  // namespace nestrix::support

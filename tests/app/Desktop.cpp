@@ -1,4 +1,4 @@
-#include "Desktop.h"
+#include "tests/app/Desktop.h"
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
@@ -6,7 +6,7 @@
 #include <span>
 #include <stdexcept>
 
-namespace support {
+namespace nestrix::support {
 
 CWindowManager::CWindowManager() {
     const std::string ready = m_Folder.PathOf("ready");
@@ -134,4 +134,4 @@ bool CScreenshot::Differs(const CScreenshot& other, const wxRect& area) const {
     return false;
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "CPicture.h"
-#include "CProcess.h"
-#include "CTemporaryFolder.h"
+#include "tests/app/CProcess.h"
+#include "tests/display/CPicture.h"
+#include "tests/support/CTemporaryFolder.h"
+
+namespace nestrix {
 
 struct _XImage;
 
@@ -61,3 +63,5 @@ private:
 };
 
 }  // namespace support
+
+}  // namespace nestrix

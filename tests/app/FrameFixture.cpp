@@ -1,16 +1,16 @@
-#include "FrameFixture.h"
+#include "tests/app/FrameFixture.h"
 
 #include <gmock/gmock.h>
 #include <wx/app.h>
 
 #include <algorithm>
 
-#include "CPolyDisplay.h"
-#include "CStdoutCapture.h"
-#include "EventPump.h"
-#include "PolygonMaking.h"
+#include "display/CPolyDisplay.h"
+#include "tests/display/EventPump.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/PolygonMaking.h"
 
-namespace support {
+namespace nestrix::support {
 
 void FrameFixture::SetUp() {
     std::ranges::fill(g_PolyOptions, false);
@@ -79,4 +79,4 @@ void FrameFixture::AwaitEndOfRun() {
     PumpPending();
 }
 
-}  // namespace support
+}  // namespace nestrix::support

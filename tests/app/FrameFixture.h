@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "CTemporaryFolder.h"
-#include "NestrixMain.h"
+#include "app/NestrixMain.h"
+#include "tests/support/CTemporaryFolder.h"
 
-namespace support {
+namespace nestrix::support {
 
 /// The program's window on the screen, as the application starts it, in the folder that the test runs in.
 class FrameFixture : public testing::Test {
@@ -58,4 +58,4 @@ protected:
     CNestrixFrame* m_pFrame = nullptr;
 };
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,4 +1,4 @@
-#include "SessionFixture.h"
+#include "tests/app/SessionFixture.h"
 
 #include <wx/app.h>
 #include <wx/xrc/xmlres.h>
@@ -7,14 +7,14 @@
 #include <array>
 #include <stdexcept>
 
-#include "CPolyDisplay.h"
-#include "EventPump.h"
-#include "NestrixMain.h"
-#include "PolygonMaking.h"
-#include "SanitizerDefaults.h"
-#include "UnderSanitizer.h"
+#include "app/NestrixMain.h"
+#include "display/CPolyDisplay.h"
+#include "tests/display/EventPump.h"
+#include "tests/display/SanitizerDefaults.h"
+#include "tests/support/PolygonMaking.h"
+#include "tests/support/UnderSanitizer.h"
 
-namespace support {
+namespace nestrix::support {
 
 namespace {
 
@@ -212,4 +212,4 @@ void SessionFixture::CloseWindow() {
     EXPECT_EQ(m_pProgram->AwaitEnd(std::chrono::seconds(10)), 0) << ReadFile(m_Records.PathOf("errors"));
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -5,9 +5,9 @@
 #include <map>
 #include <memory>
 
-#include "Desktop.h"
+#include "tests/app/Desktop.h"
 
-namespace support {
+namespace nestrix::support {
 
 /// A person at a desktop with the real program: it is started in a folder of its own that holds the form, the
 /// font and whatever else a test puts there, and is seen, clicked and typed to like by anybody.
@@ -76,4 +76,4 @@ private:
     std::unique_ptr<CScreenshot> m_pAtRest;  ///< of that window, before anything was done in it
 };
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,4 +1,4 @@
-#include "BatchProgram.h"
+#include "tests/batch/BatchProgram.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -13,8 +13,10 @@
 #include <thread>
 #include <vector>
 
-#include "CTemporaryFolder.h"
-#include "TextFiles.h"
+#include "tests/batch/TextFiles.h"
+#include "tests/support/CTemporaryFolder.h"
+
+namespace nestrix {
 
 using support::CTemporaryFolder;
 
@@ -171,3 +173,5 @@ int CRunningBatch::WaitForEnd() {
     m_nProcess = -1;
     return ExitStatusOf(nWaitStatus);
 }
+
+}  // namespace nestrix

@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace nestrix {
+
 /// What one run of the program left behind.
 struct SBatchResult {
     int m_nStatus = -1;    ///< exit status; −1 when it did not exit by itself
@@ -50,3 +52,5 @@ private:
     std::FILE* m_pPipe = nullptr;
     std::string m_Output;
 };
+
+}  // namespace nestrix

@@ -1,11 +1,13 @@
-#include "TextFiles.h"
+#include "tests/batch/TextFiles.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <sstream>
 
-#include "PolygonMaking.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 namespace fs = std::filesystem;
 
@@ -42,3 +44,5 @@ std::string Repeated(const std::string& argument, int nTimes) {
 int EntryCount(const fs::path& folder) {
     return static_cast<int>(std::distance(fs::directory_iterator(folder), {}));
 }
+
+}  // namespace nestrix

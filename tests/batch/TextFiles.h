@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <string>
 
+namespace nestrix {
+
 /// The content of a file; fails the running test where it cannot be read.
 [[nodiscard]] std::string ReadFile(const std::filesystem::path& path);
 
@@ -17,3 +19,5 @@
 
 /// How many entries the folder holds.
 [[nodiscard]] int EntryCount(const std::filesystem::path& folder);
+
+}  // namespace nestrix

@@ -1,13 +1,13 @@
-#include "CCanvasHost.h"
+#include "tests/display/CCanvasHost.h"
 
 #include <gtest/gtest.h>
 #include <wx/app.h>
 
 #include <optional>
 
-#include "EventPump.h"
+#include "tests/display/EventPump.h"
 
-namespace support {
+namespace nestrix::support {
 
 namespace {
 
@@ -75,4 +75,4 @@ bool CCanvasHost::IsRepainted(wxGLCanvas& canvas) {
     return PumpUntil([&watcher] { return watcher.Picture().has_value(); }, std::chrono::milliseconds(150));
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -4,9 +4,9 @@
 #include <wx/glcanvas.h>
 #include <wx/panel.h>
 
-#include "CPicture.h"
+#include "tests/display/CPicture.h"
 
-namespace support {
+namespace nestrix::support {
 
 /// A window on the screen to put a canvas into, and to see what is painted on it.
 class CCanvasHost {
@@ -33,4 +33,4 @@ private:
     wxPanel* m_pPanel;
 };
 
-}  // namespace support
+}  // namespace nestrix::support

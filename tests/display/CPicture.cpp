@@ -1,9 +1,9 @@
-#include "CPicture.h"
+#include "tests/display/CPicture.h"
 
 #include <cmath>
 #include <sstream>
 
-namespace support {
+namespace nestrix::support {
 
 namespace {
 
@@ -76,4 +76,4 @@ std::string CPicture::DifferenceFrom(const CPicture& expected) const {
     return nCount == 0 ? "" : std::to_string(nCount) + first.str();
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace support {
+namespace nestrix::support {
 
 struct SColour {
     std::uint8_t m_nRed = 0;
@@ -61,4 +61,4 @@ private:
     std::vector<std::uint8_t> m_Pixels;
 };
 
-}  // namespace support
+}  // namespace nestrix::support

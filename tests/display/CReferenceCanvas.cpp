@@ -1,10 +1,10 @@
-#include "CReferenceCanvas.h"
+#include "tests/display/CReferenceCanvas.h"
 
 #include <gtest/gtest.h>
 
-#include "EventPump.h"
+#include "tests/display/EventPump.h"
 
-namespace support {
+namespace nestrix::support {
 
 namespace {
 
@@ -89,4 +89,4 @@ float CReferenceCanvas::Scale() const {
     return static_cast<float>(m_pCanvas->GetContentScaleFactor());
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "CPicture.h"
-#include "Vector.h"
+#include "geom/Vector.h"
+#include "tests/display/CPicture.h"
 
-namespace support {
+namespace nestrix::support {
 
 /// A canvas of the tests' own with a context and a font of its own, on which a test draws with the plainest
 /// of means what it expects to see on one of the program's. Positions are in the view's units, sizes in
@@ -41,4 +41,4 @@ private:
     FTGLPixmapFont m_Font;
 };
 
-}  // namespace support
+}  // namespace nestrix::support

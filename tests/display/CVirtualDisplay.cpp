@@ -1,4 +1,4 @@
-#include "CVirtualDisplay.h"
+#include "tests/display/CVirtualDisplay.h"
 
 #include <signal.h>
 #include <sys/prctl.h>
@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace support {
+namespace nestrix::support {
 
 namespace {
 
@@ -73,4 +73,4 @@ CVirtualDisplay::~CVirtualDisplay() {
     setenv("DISPLAY", m_Previous.c_str(), 1);
 }
 
-}  // namespace support
+}  // namespace nestrix::support

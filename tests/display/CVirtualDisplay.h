@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace support {
+namespace nestrix::support {
 
 /// A screen in memory for this process and its children, which DISPLAY then names. The server picks a free
 /// number itself, so any number of tests can run side by side.
@@ -24,4 +24,4 @@ private:
     pid_t m_nServer;
 };
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,11 +1,11 @@
-#include "EventPump.h"
+#include "tests/display/EventPump.h"
 
 #include <wx/app.h>
 #include <wx/evtloop.h>
 
 #include <thread>
 
-namespace support {
+namespace nestrix::support {
 
 void PumpPending() {
     wxEventLoopBase* pLoop = wxEventLoopBase::GetActive();
@@ -28,4 +28,4 @@ bool PumpUntil(const std::function<bool()>& condition, std::chrono::milliseconds
     return true;
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <functional>
 
-namespace support {
+namespace nestrix::support {
 
 inline constexpr std::chrono::seconds PATIENCE{10};
 
@@ -15,4 +15,4 @@ inline constexpr std::chrono::seconds PATIENCE{10};
 /// Lets the toolkit handle all that has happened so far.
 void PumpPending();
 
-}  // namespace support
+}  // namespace nestrix::support

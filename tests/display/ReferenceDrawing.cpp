@@ -1,9 +1,9 @@
-#include "ReferenceDrawing.h"
+#include "tests/display/ReferenceDrawing.h"
 
 #include <array>
 #include <cstdio>
 
-namespace support {
+namespace nestrix::support {
 
 namespace {
 
@@ -121,4 +121,4 @@ CPicture PlotAsDefined(CReferenceCanvas& canvas, const CPlotter& plotter) {
     return canvas.Picture();
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "CPlotter.h"
-#include "CPolyDisplay.h"
-#include "CReferenceCanvas.h"
+#include "display/CPlotter.h"
+#include "display/CPolyDisplay.h"
+#include "tests/display/CReferenceCanvas.h"
 
-namespace support {
+namespace nestrix::support {
 
 /// What a packing canvas of 400 x 600 units should show with these overlays, drawn a second time as literally
 /// as possible. Changes only with the definition of that picture.
@@ -13,4 +13,4 @@ namespace support {
 /// What a plotter should show of its points and its range, likewise.
 [[nodiscard]] CPicture PlotAsDefined(CReferenceCanvas& canvas, const CPlotter& plotter);
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace support {
+namespace nestrix::support {
 
 /// What the leak sanitizer must forgive a program with the toolkit in it, in its own notation: leaks within
 /// the toolkit's libraries, never our own.
@@ -33,4 +33,4 @@ inline constexpr char LEAK_OPTIONS[] = "print_suppressions=0:use_tls=0";
 /// and would take what they guard for races.
 inline constexpr char TOOLKIT_RACES[] = "ignore_noninstrumented_modules=1";
 
-}  // namespace support
+}  // namespace nestrix::support

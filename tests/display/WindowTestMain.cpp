@@ -6,8 +6,10 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "CVirtualDisplay.h"
-#include "SanitizerDefaults.h"
+#include "tests/display/CVirtualDisplay.h"
+#include "tests/display/SanitizerDefaults.h"
+
+using namespace nestrix;
 
 namespace {
 

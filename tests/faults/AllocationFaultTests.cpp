@@ -5,15 +5,17 @@
 #include <new>
 #include <ostream>
 
-#include "CAllocationFault.h"
-#include "CContainer.h"
-#include "CPlacement.h"
-#include "CStdoutCapture.h"
-#include "CTemporaryFolder.h"
-#include "Chromosomes.h"
-#include "Pieces.h"
-#include "PolygonMaking.h"
-#include "ProcessState.h"
+#include "ga/CContainer.h"
+#include "packing/CPlacement.h"
+#include "tests/faults/CAllocationFault.h"
+#include "tests/faults/ProcessState.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/CTemporaryFolder.h"
+#include "tests/support/Chromosomes.h"
+#include "tests/support/Pieces.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 // No memory at the first allocation of an operation, then at the second, and so on: the operation either does
 // without or throws, and leaves nothing behind.
@@ -255,3 +257,5 @@ INSTANTIATE_TEST_SUITE_P(All, AllocationFault, EXHAUSTIONS, ExhaustionName);
 INSTANTIATE_TEST_SUITE_P(All, AllocationFaultInASearch, EXHAUSTIONS, ExhaustionName);
 
 }  // namespace
+
+}  // namespace nestrix

@@ -1,10 +1,12 @@
-#include "CAllocationFault.h"
+#include "tests/faults/CAllocationFault.h"
 
 #include <malloc.h>
 
 #include <atomic>
 #include <cstdlib>
 #include <new>
+
+using namespace nestrix;
 
 namespace {
 

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+namespace nestrix {
+
 // The test programs that link this have operator new and delete of their own, which count and, on demand,
 // fail. The C library's own use of memory (streams, qsort beyond a kilobyte) passes them by.
 
@@ -48,3 +50,5 @@ private:
 };
 
 }  // namespace faults
+
+}  // namespace nestrix

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "BenchmarkSets.h"
-#include "CAllocationFault.h"
-#include "CContainer.h"
-#include "CStdoutCapture.h"
-#include "ProcessState.h"
-#include "RandomCases.h"
+#include "ga/CContainer.h"
+#include "tests/faults/CAllocationFault.h"
+#include "tests/faults/ProcessState.h"
+#include "tests/support/BenchmarkSets.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/RandomCases.h"
+
+namespace nestrix {
 
 // Searches as long as an afternoon's, with an eye on the memory. The ordinary run takes a few seconds.
 
@@ -113,3 +115,5 @@ TEST_F(Endurance, OfManySearchesInOneContainerTakesNoMemory) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

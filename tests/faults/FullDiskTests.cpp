@@ -6,9 +6,11 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "CContainer.h"
-#include "CStdoutCapture.h"
-#include "PolygonMaking.h"
+#include "ga/CContainer.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 // The engine's only output is standard output. Where nothing can be written there, a search still finds what
 // it would have found. Each test ends in a process of its own, since a stream never forgets an error.
@@ -78,3 +80,5 @@ TEST(MissingPolygonFileWithAFullDisk, IsStillRefused) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

@@ -11,11 +11,13 @@
 #include <ostream>
 #include <string_view>
 
-#include "CTemporaryFolder.h"
-#include "Geom.h"
-#include "Outlines.h"
-#include "PolygonMaking.h"
-#include "ProcessState.h"
+#include "geom/Geom.h"
+#include "tests/faults/ProcessState.h"
+#include "tests/support/CTemporaryFolder.h"
+#include "tests/support/Outlines.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 // Files of sizes that no honest program writes.
 
@@ -173,3 +175,5 @@ TEST_F(LargeFile, WithoutMuchTextIsReadAtOnce) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

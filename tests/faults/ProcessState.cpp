@@ -1,4 +1,4 @@
-#include "ProcessState.h"
+#include "tests/faults/ProcessState.h"
 
 #include <dirent.h>
 #include <locale.h>
@@ -8,9 +8,9 @@
 #include <memory>
 #include <stdexcept>
 
-#include "CAllocationFault.h"
+#include "tests/faults/CAllocationFault.h"
 
-namespace faults {
+namespace nestrix::faults {
 namespace {
 
 /// One too many, that of the listing itself, each time.
@@ -49,4 +49,4 @@ size_t ResidentBytes() {
     return nResidentPages * static_cast<size_t>(sysconf(_SC_PAGESIZE));
 }
 
-}  // namespace faults
+}  // namespace nestrix::faults

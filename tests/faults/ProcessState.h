@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <ostream>
 
-#include "UnderSanitizer.h"
+#include "tests/support/UnderSanitizer.h"
 
-namespace faults {
+namespace nestrix::faults {
 
 using support::UNDER_SANITIZER;
 
@@ -32,4 +32,4 @@ void PrintTo(const SProcessState& state, std::ostream* pStream);
 /// The memory that the process occupies, in bytes, without what is swapped out or was never touched.
 [[nodiscard]] size_t ResidentBytes();
 
-}  // namespace faults
+}  // namespace nestrix::faults

@@ -2,10 +2,12 @@
 
 #include <ostream>
 
-#include "BenchmarkSets.h"
-#include "CAllocationFault.h"
-#include "CContainer.h"
-#include "CStdoutCapture.h"
+#include "ga/CContainer.h"
+#include "tests/faults/CAllocationFault.h"
+#include "tests/support/BenchmarkSets.h"
+#include "tests/support/CStdoutCapture.h"
+
+namespace nestrix {
 
 // Once a search has its working storage, it breeds, drops and reports without a single call of operator new.
 // What the C library takes for itself is not counted: its qsort borrows a buffer from 64 genes on.
@@ -57,3 +59,5 @@ INSTANTIATE_TEST_SUITE_P(All, SteadyState,
                          });
 
 }  // namespace
+
+}  // namespace nestrix

@@ -4,12 +4,14 @@
 #include <cstdio>
 #include <new>
 
-#include "CAllocationFault.h"
-#include "CStdoutCapture.h"
-#include "CTemporaryFolder.h"
-#include "Geom.h"
-#include "PolygonMaking.h"
-#include "ProcessState.h"
+#include "geom/Geom.h"
+#include "tests/faults/CAllocationFault.h"
+#include "tests/faults/ProcessState.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/CTemporaryFolder.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 // A file that opens and cannot be made a stream for want of memory. The linker puts the function below in the
 // place of the C library's.
@@ -74,3 +76,5 @@ std::FILE* __wrap_fdopen(int nDescriptor, const char* pMode) {
     return __real_fdopen(nDescriptor, pMode);
 }
 }
+
+}  // namespace nestrix

@@ -4,14 +4,16 @@
 #include <algorithm>
 #include <cmath>
 
-#include "CContainer.h"
-#include "CPlacement.h"
-#include "CPlacementWatch.h"
-#include "CScriptedDraws.h"
-#include "CStdoutCapture.h"
-#include "Chromosomes.h"
-#include "Pieces.h"
-#include "Sweep.h"
+#include "ga/CContainer.h"
+#include "packing/CPlacement.h"
+#include "packing/drop/Sweep.h"
+#include "tests/ga/CPlacementWatch.h"
+#include "tests/ga/CScriptedDraws.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/Chromosomes.h"
+#include "tests/support/Pieces.h"
+
+namespace nestrix {
 
 // A search whose owner has no use for it any more: it leaves within the placement at hand, and says nothing.
 
@@ -182,3 +184,5 @@ TEST(AbandonedPlacement, PreparesNoMoreProfiles) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

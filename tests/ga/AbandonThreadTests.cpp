@@ -9,12 +9,14 @@
 #include <string_view>
 #include <thread>
 
-#include "CContainer.h"
-#include "CPlacement.h"
-#include "CProfileSet.h"
-#include "Outlines.h"
-#include "PolygonMaking.h"
-#include "UnderSanitizer.h"
+#include "ga/CContainer.h"
+#include "packing/CPlacement.h"
+#include "packing/drop/CProfileSet.h"
+#include "tests/support/Outlines.h"
+#include "tests/support/PolygonMaking.h"
+#include "tests/support/UnderSanitizer.h"
+
+namespace nestrix {
 
 // Steps of a search that take seconds each, abandoned in the middle.
 
@@ -183,3 +185,5 @@ INSTANTIATE_TEST_SUITE_P(All, LongStep, testing::ValuesIn(LONG_STEPS),
                          [](const auto& test) { return std::string(test.param.m_Name); });
 
 }  // namespace
+
+}  // namespace nestrix

@@ -1,7 +1,9 @@
-#include "CPlacementWatch.h"
+#include "tests/ga/CPlacementWatch.h"
 
 #include <cstdlib>
 #include <utility>
+
+namespace nestrix {
 
 namespace {
 
@@ -34,3 +36,5 @@ void CPlacementWatch::CountOne() {
         m_Action();
     }
 }
+
+}  // namespace nestrix

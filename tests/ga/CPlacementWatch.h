@@ -2,6 +2,8 @@
 
 #include <functional>
 
+namespace nestrix {
+
 /// While it lives, counts the placements of this thread: each sorts its genes once, with the C library's
 /// qsort. Works in programs linked with --wrap=qsort. One at a time.
 class CPlacementWatch {
@@ -23,3 +25,5 @@ private:
     int m_nActionAt;
     std::function<void()> m_Action;
 };
+
+}  // namespace nestrix

@@ -1,7 +1,9 @@
-#include "CPrintListener.h"
+#include "tests/ga/CPrintListener.h"
 
 #include <stdexcept>
 #include <utility>
+
+namespace nestrix {
 
 CPrintListener::CPrintListener(std::function<void(std::string_view)> onLine)
     : m_OnLine(std::move(onLine)), m_pOutput(stdout), m_pStream(nullptr) {
@@ -26,3 +28,5 @@ ssize_t CPrintListener::Write(void* pSelf, const char* pText, size_t nSize) {
     self.m_OnLine({pText, nSize});
     return static_cast<ssize_t>(nSize);
 }
+
+}  // namespace nestrix

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace nestrix {
+
 /// While it lives, hears every line that is printed to standard output, as it is printed, instead of the
 /// terminal. One at a time.
 class CPrintListener {
@@ -25,3 +27,5 @@ private:
     std::FILE* m_pOutput;  ///< the real standard output
     std::FILE* m_pStream;
 };
+
+}  // namespace nestrix

@@ -1,7 +1,9 @@
-#include "CScriptedDraws.h"
+#include "tests/ga/CScriptedDraws.h"
 
 #include <cstdlib>
 #include <utility>
+
+namespace nestrix {
 
 namespace {
 
@@ -42,3 +44,5 @@ int CScriptedDraws::Draw() {
 int DrawOfPercent(double fPercent) {
     return static_cast<int>(fPercent / 100.0 * RAND_MAX);
 }
+
+}  // namespace nestrix

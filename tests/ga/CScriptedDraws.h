@@ -3,6 +3,8 @@
 #include <functional>
 #include <vector>
 
+namespace nestrix {
+
 /// While it lives, rand() returns the given values one after another, and then what the C library draws.
 /// Works in programs linked with --wrap=rand. One at a time, for one thread.
 class CScriptedDraws {
@@ -30,3 +32,5 @@ private:
 
 /// The draw that makes the roulette's r about the given percentage.
 [[nodiscard]] int DrawOfPercent(double fPercent);
+
+}  // namespace nestrix

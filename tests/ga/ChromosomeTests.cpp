@@ -4,9 +4,11 @@
 #include <cstddef>
 #include <type_traits>
 
-#include "CCommaLocale.h"
-#include "CStdoutCapture.h"
-#include "Chromosomes.h"
+#include "tests/support/CCommaLocale.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/Chromosomes.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -160,3 +162,5 @@ TEST(PrintInfo, PrintsAPointUnderADecimalComma) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

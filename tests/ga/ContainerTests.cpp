@@ -5,11 +5,13 @@
 #include <limits>
 #include <type_traits>
 
-#include "CContainer.h"
-#include "CStdoutCapture.h"
-#include "CTemporaryFolder.h"
-#include "Chromosomes.h"
-#include "PolygonMaking.h"
+#include "ga/CContainer.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/CTemporaryFolder.h"
+#include "tests/support/Chromosomes.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -221,3 +223,5 @@ TEST(Collidable, AreAppendedAsCopiesInTheOrderOfPlacement) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

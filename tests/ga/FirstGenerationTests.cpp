@@ -3,9 +3,11 @@
 
 #include <cstdlib>
 
-#include "CContainer.h"
-#include "CScriptedDraws.h"
-#include "PolygonMaking.h"
+#include "ga/CContainer.h"
+#include "tests/ga/CScriptedDraws.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -86,3 +88,5 @@ TEST(FirstGeneration, SurvivesAChromosomeWithMoreGenesThanPolygons) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

@@ -1,9 +1,11 @@
-#include "GoldenHistories.h"
+#include "tests/ga/GoldenHistories.h"
 
-#include "BenchmarkSets.h"
-#include "CStdoutCapture.h"
-#include "Pieces.h"
-#include "ReferenceOperators.h"
+#include "tests/reference/ReferenceOperators.h"
+#include "tests/support/BenchmarkSets.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/Pieces.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -74,3 +76,5 @@ std::string RunGoldenCase(const SGoldenCase& goldenCase) {
     }
     return history;
 }
+
+}  // namespace nestrix

@@ -3,7 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "Agreement.h"
+#include "tests/reference/Agreement.h"
+
+namespace nestrix {
 
 /// Searches whose whole history is kept in a file, so that a change of any draw, any rounding or any line
 /// shows, with every compiler and at every level of optimisation.
@@ -17,3 +19,5 @@ struct SGoldenCase {
 /// Every line that the search prints, then the best chromosome: its fitness, and a line with order key and
 /// offset per gene. Floats are written in hexadecimal, which loses nothing.
 [[nodiscard]] std::string RunGoldenCase(const SGoldenCase& goldenCase);
+
+}  // namespace nestrix

@@ -5,7 +5,9 @@
 #include <ostream>
 #include <sstream>
 
-#include "GoldenHistories.h"
+#include "tests/ga/GoldenHistories.h"
+
+namespace nestrix {
 
 // A difference here means that searches no longer find what they found before. If that is meant, write the
 // files anew (see the program nestrix_write_golden_histories) and say in the commit why.
@@ -45,3 +47,5 @@ INSTANTIATE_TEST_SUITE_P(All, GoldenHistory, testing::ValuesIn(GoldenCases()), [
 });
 
 }  // namespace
+
+}  // namespace nestrix

@@ -4,9 +4,11 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "CScriptedDraws.h"
-#include "CStdoutCapture.h"
-#include "Chromosomes.h"
+#include "tests/ga/CScriptedDraws.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/Chromosomes.h"
+
+namespace nestrix {
 
 // Mutation and crossover, draw by draw.
 
@@ -279,3 +281,5 @@ TEST(Crossover, OfAChromosomeWithItselfCopiesIt) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

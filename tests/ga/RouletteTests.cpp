@@ -3,10 +3,12 @@
 #include <cmath>
 #include <limits>
 
-#include "CCommaLocale.h"
-#include "CContainer.h"
-#include "CScriptedDraws.h"
-#include "CStdoutCapture.h"
+#include "ga/CContainer.h"
+#include "tests/ga/CScriptedDraws.h"
+#include "tests/support/CCommaLocale.h"
+#include "tests/support/CStdoutCapture.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -150,3 +152,5 @@ TEST(GeneSort, OrdersByKeyAlone) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

@@ -2,14 +2,16 @@
 
 #include <limits>
 
-#include "Agreement.h"
-#include "BenchmarkSets.h"
-#include "CStdoutCapture.h"
-#include "Chromosomes.h"
-#include "FamilyParameter.h"
-#include "RandomCases.h"
-#include "ReferenceOperators.h"
-#include "SameBits.h"
+#include "tests/reference/Agreement.h"
+#include "tests/reference/ReferenceOperators.h"
+#include "tests/support/BenchmarkSets.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/Chromosomes.h"
+#include "tests/support/FamilyParameter.h"
+#include "tests/support/RandomCases.h"
+#include "tests/support/SameBits.h"
+
+namespace nestrix {
 
 // The search and its operators against the plain reference: same draws, same lines, same history.
 
@@ -173,3 +175,5 @@ TEST(RandomCrossovers, MakeTheChildrenOfThePlainReference) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

@@ -6,11 +6,13 @@
 #include <functional>
 #include <sstream>
 
-#include "CCommaLocale.h"
-#include "CContainer.h"
-#include "CStdoutCapture.h"
-#include "Chromosomes.h"
-#include "Pieces.h"
+#include "ga/CContainer.h"
+#include "tests/support/CCommaLocale.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/Chromosomes.h"
+#include "tests/support/Pieces.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -364,3 +366,5 @@ TEST_F(Search, OfAllBadPiecesRunsToItsEnd) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

@@ -6,10 +6,12 @@
 #include <numeric>
 #include <optional>
 
-#include "CContainer.h"
-#include "CScriptedDraws.h"
-#include "CStdoutCapture.h"
-#include "Pieces.h"
+#include "ga/CContainer.h"
+#include "tests/ga/CScriptedDraws.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/Pieces.h"
+
+namespace nestrix {
 
 // Which chromosomes of a generation become parents, to the last bit of their shares.
 
@@ -170,3 +172,5 @@ TEST_F(Selection, TakesTheFirstChromosomeForAParentThatTheWheelDidNotFind) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

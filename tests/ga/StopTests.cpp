@@ -5,11 +5,13 @@
 #include <cmath>
 #include <thread>
 
-#include "CContainer.h"
-#include "CPrintListener.h"
-#include "CScriptedDraws.h"
-#include "CStdoutCapture.h"
-#include "Pieces.h"
+#include "ga/CContainer.h"
+#include "tests/ga/CPrintListener.h"
+#include "tests/ga/CScriptedDraws.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/Pieces.h"
+
+namespace nestrix {
 
 // When a search notices the request to stop, and what it leaves behind.
 
@@ -215,3 +217,5 @@ TEST_F(StoppedSearch, OfAnEmptyPopulationEndsAtOnce) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

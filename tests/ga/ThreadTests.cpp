@@ -4,10 +4,12 @@
 #include <limits>
 #include <thread>
 
-#include "BenchmarkSets.h"
-#include "CContainer.h"
-#include "CStdoutCapture.h"
-#include "PolygonMaking.h"
+#include "ga/CContainer.h"
+#include "tests/support/BenchmarkSets.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 // A search on one thread while another does all that a window may do meanwhile. The thread sanitizer watches.
 
@@ -182,3 +184,5 @@ TEST_F(BestOfManyGenes, IsNeverCopiedWhileItIsReplaced) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

@@ -3,7 +3,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "GoldenHistories.h"
+#include "tests/ga/GoldenHistories.h"
+
+using namespace nestrix;
 
 /// Writes the golden histories anew into the folder that is named. Only on purpose: what it writes is what
 /// the tests hold to be right from then on.

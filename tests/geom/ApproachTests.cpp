@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "CSeededRandom.h"
-#include "Pieces.h"
+#include "tests/support/CSeededRandom.h"
+#include "tests/support/Pieces.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -191,3 +193,5 @@ TEST(PairMovedTogether, KeepsItsDistance) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

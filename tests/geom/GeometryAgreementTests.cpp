@@ -3,10 +3,12 @@
 #include <cmath>
 #include <limits>
 
-#include "Agreement.h"
-#include "FamilyParameter.h"
-#include "Pieces.h"
-#include "RandomCases.h"
+#include "tests/reference/Agreement.h"
+#include "tests/support/FamilyParameter.h"
+#include "tests/support/Pieces.h"
+#include "tests/support/RandomCases.h"
+
+namespace nestrix {
 
 // The geometry against the plain reference, bit for bit: hit tests, profiles, approach distances.
 
@@ -174,3 +176,5 @@ INSTANTIATE_TEST_SUITE_P(All, RandomPieces, testing::ValuesIn(AllFamilies().begi
                          FamilyTestName);
 
 }  // namespace
+
+}  // namespace nestrix

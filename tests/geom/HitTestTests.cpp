@@ -2,7 +2,9 @@
 
 #include <optional>
 
-#include "Geom.h"
+#include "geom/Geom.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -174,3 +176,5 @@ TEST(PointAtTheXOfASlopingSegment, IsHitInExactlyOneDirectionUnlessItLiesOnIt) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

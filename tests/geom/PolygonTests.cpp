@@ -2,7 +2,9 @@
 
 #include <type_traits>
 
-#include "PolygonMaking.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -77,3 +79,5 @@ TEST(PolygonCopy, KeepsIndicesThatAreValidInTheCopy) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

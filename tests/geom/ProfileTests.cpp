@@ -1,8 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "CSeededRandom.h"
-#include "PolygonMaking.h"
+#include "tests/support/CSeededRandom.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -247,3 +249,5 @@ TEST(RelabelledOutline, HasTheSameProfilesUnderOtherNumbers) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

@@ -1,17 +1,17 @@
-#include "Agreement.h"
+#include "tests/reference/Agreement.h"
 
 #include <cstdio>
 #include <cstdlib>
 
-#include "CPlacement.h"
-#include "CReferenceSearch.h"
-#include "CStdoutCapture.h"
-#include "PolygonMaking.h"
-#include "ReferenceGeometry.h"
-#include "ReferencePlacement.h"
-#include "SameBits.h"
+#include "packing/CPlacement.h"
+#include "tests/reference/CReferenceSearch.h"
+#include "tests/reference/ReferenceGeometry.h"
+#include "tests/reference/ReferencePlacement.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/PolygonMaking.h"
+#include "tests/support/SameBits.h"
 
-namespace reference {
+namespace nestrix::reference {
 namespace {
 
 using support::SameBits;
@@ -312,4 +312,4 @@ std::string FindSearchDifference(const SSearchCase& searchCase) {
     return difference;
 }
 
-}  // namespace reference
+}  // namespace nestrix::reference

@@ -3,8 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "CContainer.h"
-#include "Outlines.h"
+#include "ga/CContainer.h"
+#include "tests/support/Outlines.h"
+
+namespace nestrix {
 
 class CPlacement;
 
@@ -45,3 +47,5 @@ struct SSearchCase {
 [[nodiscard]] std::string FindSearchDifference(const SSearchCase& searchCase);
 
 }  // namespace reference
+
+}  // namespace nestrix

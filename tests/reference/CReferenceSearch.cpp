@@ -1,10 +1,10 @@
-#include "CReferenceSearch.h"
+#include "tests/reference/CReferenceSearch.h"
 
 #include <cstdlib>
 
-#include "ReferencePlacement.h"
+#include "tests/reference/ReferencePlacement.h"
 
-namespace reference {
+namespace nestrix::reference {
 
 void CReferenceSearch::Run(unsigned int nPopulation, int nGenerations, unsigned int nSeed) {
     m_bStop = false;
@@ -148,4 +148,4 @@ bool CReferenceSearch::BreedGeneration() {
     return true;
 }
 
-}  // namespace reference
+}  // namespace nestrix::reference

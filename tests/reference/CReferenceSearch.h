@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "Polygon.h"
-#include "ReferenceOperators.h"
+#include "geom/CPolygon.h"
+#include "tests/reference/ReferenceOperators.h"
 
-namespace reference {
+namespace nestrix::reference {
 
 /// The whole search, without a window, threads or speed. Fill m_Polygons, set what differs from the defaults,
 /// run once and read the rest.
@@ -44,4 +44,4 @@ private:
     int m_nGeneration = 0;
 };
 
-}  // namespace reference
+}  // namespace nestrix::reference

@@ -1,8 +1,8 @@
-#include "ReferenceGeometry.h"
+#include "tests/reference/ReferenceGeometry.h"
 
 #include <algorithm>
 
-namespace reference {
+namespace nestrix::reference {
 namespace {
 
 bool SpansX(float x, const mgVector3& start, const mgVector3& end) {
@@ -253,4 +253,4 @@ bool GetApproachDistanceFromTop(const CPolygon& moving, const CPolygon& other, f
     return choice.m_bFound;
 }
 
-}  // namespace reference
+}  // namespace nestrix::reference

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "Polygon.h"
+#include "geom/CPolygon.h"
+
+namespace nestrix {
 
 /// The plain, slow counterpart of the engine, which the tests compare it with bit for bit. Nothing here is
 /// clever: every step stands as one would explain it, polygons are copied and every pair is tried. It shares
@@ -23,3 +25,5 @@ bool GetApproachDistanceFromTop(const CPolygon& moving, const CPolygon& other, f
                                 float* pContactX, float* pContactY);
 
 }  // namespace reference
+
+}  // namespace nestrix

@@ -1,4 +1,4 @@
-#include "ReferenceOperators.h"
+#include "tests/reference/ReferenceOperators.h"
 
 #include <cmath>
 #include <cstdarg>
@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <limits>
 
-namespace reference {
+namespace nestrix::reference {
 namespace {
 
 long double DrawPercent() {
@@ -135,4 +135,4 @@ int RandomEvent(const std::vector<float>& shares, int nExclude, std::string& con
     return RandomEventCore(copied, console);
 }
 
-}  // namespace reference
+}  // namespace nestrix::reference

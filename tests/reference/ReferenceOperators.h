@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "CChromosome.h"
+#include "ga/CChromosome.h"
 
-namespace reference {
+namespace nestrix::reference {
 
 /// A chromosome without the engine's operations.
 struct SIndividual {
@@ -29,4 +29,4 @@ int RandomEvent(const std::vector<float>& shares, int nExclude, std::string& con
 /// Formats and appends one of the search's lines.
 [[gnu::format(printf, 2, 3)]] void Print(std::string& console, const char* pFormat, ...);
 
-}  // namespace reference
+}  // namespace nestrix::reference

@@ -1,11 +1,11 @@
-#include "ReferencePlacement.h"
+#include "tests/reference/ReferencePlacement.h"
 
 #include <algorithm>
 #include <cstdlib>
 
-#include "ReferenceGeometry.h"
+#include "tests/reference/ReferenceGeometry.h"
 
-namespace reference {
+namespace nestrix::reference {
 namespace {
 
 int CompareGenes(const void* a, const void* b) {
@@ -106,4 +106,4 @@ SPacking Place(std::span<const SGene> genes, const std::vector<CPolygon>& polygo
     return packing;
 }
 
-}  // namespace reference
+}  // namespace nestrix::reference

@@ -3,10 +3,10 @@
 #include <span>
 #include <vector>
 
-#include "CChromosome.h"
-#include "Polygon.h"
+#include "ga/CChromosome.h"
+#include "geom/CPolygon.h"
 
-namespace reference {
+namespace nestrix::reference {
 
 /// The sum of all bounding boxes' heights.
 [[nodiscard]] float TotalHeight(const std::vector<CPolygon>& polygons);
@@ -28,4 +28,4 @@ struct SPacking {
 [[nodiscard]] SPacking Place(std::span<const SGene> genes, const std::vector<CPolygon>& polygons,
                              float fTotalHeight);
 
-}  // namespace reference
+}  // namespace nestrix::reference

@@ -1,8 +1,8 @@
-#include "BenchmarkSets.h"
+#include "tests/support/BenchmarkSets.h"
 
 #include <array>
 
-namespace support {
+namespace nestrix::support {
 namespace {
 
 using enum EPiece;
@@ -35,4 +35,4 @@ std::vector<CPolygon> MakeBenchmarkPieces(const SBenchmarkKind& kind, int nPiece
     return pieces;
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "Pieces.h"
+#include "tests/support/Pieces.h"
 
-namespace support {
+namespace nestrix::support {
 
 /// A kind of generated set, for any number of pieces. Pieces measure 20 to 60 units whatever their number, so
 /// that a larger set grows taller in its strip, not wider or finer.
@@ -34,4 +34,4 @@ struct SBenchmarkSet {
     return MakeBenchmarkPieces(set.m_Kind, set.m_nPieces);
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,11 +1,11 @@
-#include "CCommaLocale.h"
+#include "tests/support/CCommaLocale.h"
 
 #include <clocale>
 #include <cstdlib>
 #include <stdexcept>
 #include <string_view>
 
-namespace support {
+namespace nestrix::support {
 
 CCommaLocale::CCommaLocale() : m_Previous(std::setlocale(LC_ALL, nullptr)) {
     setenv("LOCPATH", Folder(), 1);
@@ -28,4 +28,4 @@ const char* CCommaLocale::Name() {
     return "de_DE.UTF-8";
 }
 
-}  // namespace support
+}  // namespace nestrix::support

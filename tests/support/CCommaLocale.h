@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace support {
+namespace nestrix::support {
 
 /// While it lives, the process runs under a locale with a decimal comma, as under a German desktop. The
 /// locale is one that the build made for itself, so the machine need not have any.
@@ -21,4 +21,4 @@ private:
     std::string m_Previous;
 };
 
-}  // namespace support
+}  // namespace nestrix::support

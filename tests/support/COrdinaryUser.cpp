@@ -1,10 +1,10 @@
-#include "COrdinaryUser.h"
+#include "tests/support/COrdinaryUser.h"
 
 #include <unistd.h>
 
 #include <stdexcept>
 
-namespace support {
+namespace nestrix::support {
 
 COrdinaryUser::COrdinaryUser() : m_nUser(geteuid()) {
     constexpr uid_t NOBODY = 65534;
@@ -18,4 +18,4 @@ COrdinaryUser::~COrdinaryUser() {
     (void)!seteuid(m_nUser);
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -2,7 +2,7 @@
 
 #include <sys/types.h>
 
-namespace support {
+namespace nestrix::support {
 
 /// While it lives, the process has no more rights than an ordinary user, so that a file without permissions
 /// is unreadable even where tests run as root.
@@ -17,4 +17,4 @@ private:
     uid_t m_nUser;
 };
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -5,7 +5,7 @@
 #include <random>
 #include <span>
 
-namespace support {
+namespace nestrix::support {
 
 /// A stream of draws that is the same with every compiler and library: the generator is fixed by the
 /// language, and the mapping to ranges is our own, since std::uniform_int_distribution and its kin may
@@ -48,4 +48,4 @@ private:
     std::mt19937_64 m_Generator;
 };
 
-}  // namespace support
+}  // namespace nestrix::support

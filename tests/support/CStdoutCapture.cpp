@@ -1,4 +1,4 @@
-#include "CStdoutCapture.h"
+#include "tests/support/CStdoutCapture.h"
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <stdexcept>
 
-namespace support {
+namespace nestrix::support {
 
 CStdoutCapture::CStdoutCapture() : m_nCaptured(memfd_create("stdout", MFD_CLOEXEC)), m_nOutput(dup(1)) {
     std::fflush(stdout);
@@ -32,4 +32,4 @@ std::string CStdoutCapture::Text() const {
     return text;
 }
 
-}  // namespace support
+}  // namespace nestrix::support

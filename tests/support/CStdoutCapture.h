@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace support {
+namespace nestrix::support {
 
 /// While it lives, standard output goes to a file in memory instead. For one thread at a time; captures must
 /// nest.
@@ -29,4 +29,4 @@ template <class TAction>
     return capture.Text();
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,11 +1,11 @@
-#include "CTemporaryFolder.h"
+#include "tests/support/CTemporaryFolder.h"
 
 #include <cstdlib>
 #include <fstream>
 #include <stdexcept>
 #include <system_error>
 
-namespace support {
+namespace nestrix::support {
 
 CTemporaryFolder::CTemporaryFolder() {
     std::string pattern = std::filesystem::temp_directory_path() / "nestrix-test-XXXXXX";
@@ -31,4 +31,4 @@ std::string CTemporaryFolder::Write(std::string_view name, std::string_view cont
     return path;
 }
 
-}  // namespace support
+}  // namespace nestrix::support

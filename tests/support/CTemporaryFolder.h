@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace support {
+namespace nestrix::support {
 
 /// A fresh folder that is removed with all its contents.
 class CTemporaryFolder {
@@ -26,4 +26,4 @@ private:
     std::filesystem::path m_Path;
 };
 
-}  // namespace support
+}  // namespace nestrix::support

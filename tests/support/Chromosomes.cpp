@@ -1,11 +1,11 @@
-#include "Chromosomes.h"
+#include "tests/support/Chromosomes.h"
 
 #include <algorithm>
 #include <limits>
 #include <numeric>
 #include <vector>
 
-namespace support {
+namespace nestrix::support {
 namespace {
 
 std::vector<int> MakeKeys(CSeededRandom& random, int nPolygons, EKeys keys) {
@@ -96,4 +96,4 @@ CChromosome MakeChromosome(std::initializer_list<SGene> genes) {
     return chromosome;
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "CChromosome.h"
-#include "CSeededRandom.h"
+#include "ga/CChromosome.h"
+#include "tests/support/CSeededRandom.h"
 
-namespace support {
+namespace nestrix::support {
 
 enum class EKeys {
     Permutation,
@@ -37,4 +37,4 @@ enum class EIndices {
 /// A chromosome with the given genes.
 [[nodiscard]] CChromosome MakeChromosome(std::initializer_list<SGene> genes);
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -6,9 +6,9 @@
 #include <ostream>
 #include <string>
 
-#include "Pieces.h"
+#include "tests/support/Pieces.h"
 
-namespace support {
+namespace nestrix::support {
 
 /// How a family shows in a test's output.
 inline void PrintTo(const SFamily& family, std::ostream* pStream) {
@@ -29,4 +29,4 @@ inline std::string FamilyTestName(const testing::TestParamInfo<SFamily>& info) {
     return name;
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,9 +1,9 @@
-#include "Outlines.h"
+#include "tests/support/Outlines.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace support {
+namespace nestrix::support {
 namespace {
 
 /// A point of the unit circle for a turn in [0, 1). Made from a rational parametrisation of each quadrant
@@ -255,4 +255,4 @@ Outline Reversed(Outline outline) {
     return outline;
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -2,10 +2,10 @@
 
 #include <vector>
 
-#include "CSeededRandom.h"
-#include "Vector.h"
+#include "geom/Vector.h"
+#include "tests/support/CSeededRandom.h"
 
-namespace support {
+namespace nestrix::support {
 
 /// Vertices in order; counter-clockwise unless said otherwise.
 using Outline = std::vector<mgVector3>;
@@ -55,4 +55,4 @@ using Outline = std::vector<mgVector3>;
 /// The same outline walked the other way round.
 [[nodiscard]] Outline Reversed(Outline outline);
 
-}  // namespace support
+}  // namespace nestrix::support

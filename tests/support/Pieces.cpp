@@ -1,9 +1,9 @@
-#include "Pieces.h"
+#include "tests/support/Pieces.h"
 
 #include <array>
 #include <limits>
 
-namespace support {
+namespace nestrix::support {
 namespace {
 
 using enum EPiece;
@@ -221,4 +221,4 @@ std::vector<CPolygon> MakeSet(CSeededRandom& random, const SFamily& family, int 
     return set;
 }
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-#include "PolygonMaking.h"
+#include "tests/support/PolygonMaking.h"
 
-namespace support {
+namespace nestrix::support {
 
 /// What a generated piece is like. Pieces measure about 20 to 60 units unless the kind says otherwise.
 enum class EPiece {
@@ -51,4 +51,4 @@ struct SFamily {
 
 [[nodiscard]] std::vector<CPolygon> MakeSet(CSeededRandom& random, const SFamily& family, int nPieces);
 
-}  // namespace support
+}  // namespace nestrix::support

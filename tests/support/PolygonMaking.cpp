@@ -1,11 +1,11 @@
-#include "PolygonMaking.h"
+#include "tests/support/PolygonMaking.h"
 
 #include <algorithm>
 #include <cstdio>
 
-#include "NumericLocale.h"
+#include "base/CNumericLocale.h"
 
-namespace support {
+namespace nestrix::support {
 namespace {
 
 /// Nine digits tell every float from its neighbours.
@@ -71,4 +71,4 @@ std::string PolygonFileText(const CPolygon& polygon) {
     return text + ";" + PairText(polygon.m_BoundingBoxMax) + PairText(polygon.m_BoundingBoxMin);
 }
 
-}  // namespace support
+}  // namespace nestrix::support

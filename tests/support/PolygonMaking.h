@@ -2,10 +2,10 @@
 
 #include <string>
 
-#include "Geom.h"
-#include "Outlines.h"
+#include "geom/Geom.h"
+#include "tests/support/Outlines.h"
 
-namespace support {
+namespace nestrix::support {
 
 /// A polygon as a file would give it, with its profiles analysed.
 [[nodiscard]] CPolygon MakePolygon(const Outline& outline, const mgVector3& boxMin, const mgVector3& boxMax);
@@ -28,4 +28,4 @@ namespace support {
 /// The text of the ".pol" file that the polygon's vertices and box read back from, bit for bit.
 [[nodiscard]] std::string PolygonFileText(const CPolygon& polygon);
 
-}  // namespace support
+}  // namespace nestrix::support

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace support {
+namespace nestrix::support {
 
 /// Whether the program is slowed down by a sanitizer, which replaces the allocator, too.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -11,4 +11,4 @@ inline constexpr bool UNDER_SANITIZER = __has_feature(address_sanitizer) || __ha
 inline constexpr bool UNDER_SANITIZER = false;
 #endif
 
-}  // namespace support
+}  // namespace nestrix::support

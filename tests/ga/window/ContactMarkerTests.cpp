@@ -1,11 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "CCanvasHost.h"
-#include "CContainer.h"
-#include "CPolyDisplay.h"
-#include "Chromosomes.h"
-#include "PolygonMaking.h"
+#include "display/CPolyDisplay.h"
+#include "ga/CContainer.h"
+#include "tests/display/CCanvasHost.h"
+#include "tests/support/Chromosomes.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 namespace {
 
@@ -68,3 +70,5 @@ TEST_F(ContactMarkers, OfAChromosomeWithoutGenesAreNone) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

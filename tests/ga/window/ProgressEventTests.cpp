@@ -9,10 +9,12 @@
 #include <numeric>
 #include <thread>
 
-#include "CContainer.h"
-#include "CStdoutCapture.h"
-#include "EventPump.h"
-#include "PolygonMaking.h"
+#include "ga/CContainer.h"
+#include "tests/display/EventPump.h"
+#include "tests/support/CStdoutCapture.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
 
 // The search as the window knows it: its notices in the toolkit's own queue.
 
@@ -235,3 +237,5 @@ TEST_F(ProgressEvent, ComesFromASearchThatIsSeededWithTheClock) {
 }
 
 }  // namespace
+
+}  // namespace nestrix

@@ -1,0 +1,209 @@
+#include <gmock/gmock.h>
+
+#include <limits>
+
+#include "batch/CPictureFile.h"
+#include "tests/batch/BatchProgram.h"
+#include "tests/batch/TextFiles.h"
+#include "tests/support/CCommaLocale.h"
+#include "tests/support/CTemporaryFolder.h"
+#include "tests/support/PolygonMaking.h"
+
+namespace nestrix {
+
+using support::CCommaLocale;
+using support::CTemporaryFolder;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+using testing::Not;
+
+namespace {
+
+const std::string SMALL_SEARCH = NESTRIX_SAMPLES "/squares --population 20 --generations 5 --seed 7";
+
+/// The shell commands that switch to a decimal comma.
+std::string SwitchToDecimalComma() {
+    return std::string("export LOCPATH=") + CCommaLocale::Folder() + " LC_ALL=" + CCommaLocale::Name();
+}
+
+}  // namespace
+
+TEST(SmallSearch, PrintsAndDrawsWhatItAlwaysHas) {
+    const CTemporaryFolder folder;
+    const SBatchResult result = RunBatchProgram(SMALL_SEARCH + " --svg " + folder.PathOf("packing.svg"));
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.m_Errors, "");
+    EXPECT_EQ(result.m_Output, ReadFile("golden/squares.txt"));
+    EXPECT_EQ(ReadFile(folder.PathOf("packing.svg")), ReadFile("golden/squares.svg"));
+}
+
+TEST(SmallSearch, RepeatsItselfWithTheSameSeed) {
+    const CTemporaryFolder folder;
+    const std::string search = NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed 11 --svg ";
+    const SBatchResult first = RunBatchProgram(search + folder.PathOf("first.svg"));
+    const SBatchResult second = RunBatchProgram(search + folder.PathOf("second.svg"));
+    EXPECT_EQ(first.m_nStatus, 0);
+    EXPECT_EQ(first.m_Output, second.m_Output);
+    EXPECT_EQ(ReadFile(folder.PathOf("first.svg")), ReadFile(folder.PathOf("second.svg")));
+}
+
+TEST(SmallSearch, DiffersWithAnotherSeed) {
+    const std::string search = NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed ";
+    EXPECT_NE(RunBatchProgram(search + "11").m_Output, RunBatchProgram(search + "12").m_Output);
+}
+
+TEST(SmallSearch, WithoutASeedTakesAnotherOneEverySecond) {
+    const std::string search = NESTRIX_SAMPLES "/squares --population 2 --generations 0";
+    const SBatchResult first = RunBatchProgram(search);
+    EXPECT_NE(first.ValueOf("Seed: "), RunBatchProgram(search, "sleep 1.1").ValueOf("Seed: "));
+}
+
+TEST(SmallSearch, MutatesAsOftenAsItIsTold) {
+    const std::string search = NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed 11";
+    const std::string usual = RunBatchProgram(search).m_Output;
+    EXPECT_EQ(RunBatchProgram(search + " --mutation 0.1").m_Output, usual);
+    EXPECT_NE(RunBatchProgram(search + " --mutation 1").m_Output, usual);
+}
+
+TEST(SmallSearch, WithoutASeedSaysWhichOneRepeatsIt) {
+    const std::string search = NESTRIX_SAMPLES "/concave --population 10 --generations 3";
+    const SBatchResult first = RunBatchProgram(search);
+    const SBatchResult again = RunBatchProgram(search + " --seed " + first.ValueOf("Seed: "));
+    EXPECT_EQ(first.m_nStatus, 0);
+    EXPECT_EQ(first.m_Output, again.m_Output);
+}
+
+TEST(SmallSearch, EndsWithSeedAndBestHeight) {
+    const SBatchResult result = RunBatchProgram(SMALL_SEARCH);
+    EXPECT_THAT(result.m_Output, MatchesRegex(".*\nSeed: 7\nBest height: [0-9]+\\.[0-9]+\n"));
+}
+
+TEST(DocumentedPicture, IsWhatItsCommandDraws) {
+    const CTemporaryFolder folder;
+    const std::string picture = folder.PathOf("packing.svg");
+    ASSERT_EQ(RunBatchProgram(NESTRIX_SAMPLES "/concave --seed 1 --svg " + picture).m_nStatus, 0);
+    EXPECT_EQ(ReadFile(picture), ReadFile(NESTRIX_SAMPLES "/../docs/images/packing.svg"));
+}
+
+TEST(BestHeight, IsTheStackedHeightLessTheBestFitness) {
+    const SBatchResult result = RunBatchProgram(SMALL_SEARCH);
+    const float fStacked = 90.0F + 75.0F + 60.0F + 45.0F + 30.0F;
+    const float fFitness = std::stof(result.ValueOf("Best Chromosome so far is "));
+    EXPECT_EQ(std::stof(result.ValueOf("Best height: ")), fStacked - fFitness);
+}
+
+TEST(BestHeight, OfOnePieceIsItsOwn) {
+    const CTemporaryFolder folder;
+    const SBatchResult result =
+        RunBatchProgram(folder.Write("a.pol", SquareFile(20.0F)) + " --population 3 --generations 2");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.ValueOf("Best height: "), "20.000000");
+}
+
+TEST(ZeroGenerations, GiveTheBestOfTheFirst) {
+    const SBatchResult result = RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 0 --seed 1");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_THAT(result.m_Output, MatchesRegex("Seed: 1\nBest height: [0-9.]+\n"));
+}
+
+TEST(DecimalComma, ChangesNeitherLinesNorPicture) {
+    const CTemporaryFolder folder;
+    const SBatchResult result = RunBatchProgram(
+        SMALL_SEARCH + " --mutation 0.1 --svg " + folder.PathOf("packing.svg"), SwitchToDecimalComma());
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.m_Output, ReadFile("golden/squares.txt"));
+    EXPECT_EQ(ReadFile(folder.PathOf("packing.svg")), ReadFile("golden/squares.svg"));
+}
+
+TEST(StandardOutput, ThatCannotBeWrittenFails) {
+    const SBatchResult result = RunBatchProgram(SMALL_SEARCH + " >/dev/full");
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_THAT(result.m_Errors, HasSubstr("standard output could not be written"));
+}
+
+TEST(StandardOutput, ThatCannotBeWrittenCostsNoPicture) {
+    const CTemporaryFolder folder;
+    const std::string picture = folder.PathOf("packing.svg");
+    EXPECT_EQ(RunBatchProgram(SMALL_SEARCH + " --svg " + picture + " >/dev/full").m_nStatus, 1);
+    EXPECT_EQ(ReadFile(picture), ReadFile("golden/squares.svg"));
+}
+
+/// A search that gets better and better, and its picture.
+void ExpectTheSamePictureAs(const std::string& redirection, int nStatus) {
+    const CTemporaryFolder folder;
+    const std::string search = NESTRIX_SAMPLES "/concave --population 20 --generations 40 --seed 3 --svg ";
+    const std::string first = NESTRIX_SAMPLES "/concave --population 20 --generations 5 --seed 3 --svg ";
+    ASSERT_EQ(RunBatchProgram(search + folder.PathOf("expected.svg")).m_nStatus, 0);
+    ASSERT_EQ(RunBatchProgram(first + folder.PathOf("first.svg")).m_nStatus, 0);
+    ASSERT_NE(ReadFile(folder.PathOf("first.svg")), ReadFile(folder.PathOf("expected.svg")));
+    const SBatchResult result = RunBatchProgram(search + folder.PathOf("packing.svg") + " " + redirection);
+    EXPECT_EQ(result.m_nStatus, nStatus);
+    EXPECT_EQ(ReadFile(folder.PathOf("packing.svg")), ReadFile(folder.PathOf("expected.svg")));
+    EXPECT_EQ(EntryCount(folder.Path()), 3);
+}
+
+TEST(StandardOutput, ThatCannotBeWrittenDoesNotCutTheSearchOffFromItsPicture) {
+    ExpectTheSamePictureAs(">/dev/full", 1);
+    ExpectTheSamePictureAs("| head -n 2 >/dev/null", 0);  // the status of head
+}
+
+TEST(StandardOutput, ThatIsClosedDoesNotCutTheSearchOffFromItsPicture) {
+    ExpectTheSamePictureAs(">&-", 1);
+    ExpectTheSamePictureAs("<&- >&- 2>&-", 1);
+}
+
+TEST(StandardInput, ThatIsClosedChangesNothing) {
+    ExpectTheSamePictureAs("<&-", 0);
+}
+
+TEST(StandardError, ThatIsClosedChangesNothing) {
+    ExpectTheSamePictureAs("2>&-", 0);
+}
+
+TEST(StandardOutput, BeyondTheLargestSizeOfAFileDoesNotKillTheProgram) {
+    const CTemporaryFolder folder;
+    const std::string search = NESTRIX_SAMPLES "/squares --population 2 --generations 200 --seed 1 >";
+    const SBatchResult result = RunBatchProgram(search + folder.PathOf("out"), "ulimit -f 8");
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_THAT(result.m_Errors, HasSubstr("standard output could not be written"));
+}
+
+TEST(StandardError, ThatCannotBeWrittenKeepsTheStatus) {
+    EXPECT_EQ(RunBatchProgram("missing.pol 2>/dev/full").m_nStatus, 2);
+}
+
+TEST(StandardOutput, ThatCannotBeWrittenFailsWithoutAnyGeneration) {
+    EXPECT_EQ(RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 0 >/dev/full").m_nStatus, 1);
+}
+
+TEST(StandardOutput, ThatNobodyReadsAnyMoreEndsASearchThatDrawsNoPicture) {
+    CRunningBatch batch(NESTRIX_SAMPLES "/squares --generations 2000000000");
+    ASSERT_TRUE(batch.ReadUntil("Generation 1 "));
+    batch.CloseOutput();
+    EXPECT_EQ(batch.WaitForEnd(), 1);
+}
+
+TEST(PackingBeyondAllNumbers, IsNotDrawn) {
+    const CTemporaryFolder folder;
+    CContainer container;
+    container.m_Polygons = {support::MakeSquare(std::numeric_limits<float>::infinity())};
+    container.m_BestChromosome.SetGeneCount(1);
+    CPictureFile picture(folder.PathOf("packing.svg"));
+    EXPECT_EQ(picture.Draw(container, 20.0F), "the packing is too large to draw");
+    EXPECT_EQ(EntryCount(folder.Path()), 0);
+}
+
+TEST(EndlessPolygons, GiveNoHeightAndNoPicture) {
+    const CTemporaryFolder folder;
+    const std::string huge = "3\n0,0\n1,0\n0,3e38\n;1,3e38\n0,0\n";
+    const std::string piece = folder.Write("huge.pol", huge);
+    const SBatchResult result =
+        RunBatchProgram(piece + " " + piece + " --generations 1 --svg " + folder.PathOf("packing.svg"));
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_THAT(result.m_Errors, HasSubstr("too large: their packing has no finite height"));
+    EXPECT_THAT(result.m_Output, Not(HasSubstr("Best height")));
+    EXPECT_EQ(EntryCount(folder.Path()), 1);
+    EXPECT_EQ(RunBatchProgram(piece + " " + piece + " --generations 1").m_nStatus, 1);
+}
+
+}  // namespace nestrix

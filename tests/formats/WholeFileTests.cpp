@@ -1,0 +1,334 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "formats/CWholeFile.h"
+#include "tests/batch/BatchProgram.h"
+#include "tests/batch/TextFiles.h"
+#include "tests/support/COrdinaryUser.h"
+#include "tests/support/CTemporaryFolder.h"
+
+namespace nestrix {
+
+using support::COrdinaryUser;
+using support::CTemporaryFolder;
+using testing::HasSubstr;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::string SHORT_SEARCH = NESTRIX_SAMPLES "/squares --population 5 --generations 1 --seed 1 --svg ";
+
+/// No file may grow beyond one small block: what a full disk looks like to a program.
+constexpr char const* FULL_DISK = "trap '' XFSZ; ulimit -f 1";
+
+/// There is room for something, but not for a picture of many pieces.
+constexpr char const* NEARLY_FULL_DISK = "trap '' XFSZ; ulimit -f 16";
+const std::string LARGE_PICTURE = NESTRIX_SAMPLES "/large --population 2 --generations 0 --seed 1 --svg ";
+
+/// Says why a file cannot be written, before or after the attempt; empty if it was written.
+std::string WriteFile(const std::string& path, std::string_view content) {
+    CWholeFile file(path);
+    return file.Fault().empty() ? file.Write(content) : file.Fault();
+}
+
+std::string FaultOf(const std::string& path) {
+    return CWholeFile(path).Fault();
+}
+
+}  // namespace
+
+TEST(WholeFile, ReplacesTheOldContent) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.Write("a.svg", "old and longer");
+    EXPECT_EQ(WriteFile(path, "new"), "");
+    EXPECT_EQ(ReadFile(path), "new");
+    EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(WholeFile, KeepsTheRightsOfTheFileItReplaces) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.Write("a.svg", "old");
+    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    EXPECT_EQ(WriteFile(path, "new"), "");
+    struct stat status = {};
+    ASSERT_EQ(stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0640U);
+}
+
+TEST(WholeFile, GetsTheRightsThatTheUserGivesNewFiles) {
+    const CTemporaryFolder folder;
+    const mode_t nMask = umask(027);
+    EXPECT_EQ(WriteFile(folder.PathOf("a.svg"), "new"), "");
+    EXPECT_EQ(umask(nMask), 027U) << "the user's choice was changed";
+    struct stat status = {};
+    ASSERT_EQ(stat(folder.PathOf("a.svg").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0640U);
+}
+
+TEST(WholeFile, GoesBehindASymbolicLink) {
+    const CTemporaryFolder folder;
+    const std::string target = folder.Write("target.svg", "old");
+    fs::create_symlink(target, folder.PathOf("link.svg"));
+    EXPECT_EQ(WriteFile(folder.PathOf("link.svg"), "new"), "");
+    EXPECT_TRUE(fs::is_symlink(folder.PathOf("link.svg")));
+    EXPECT_EQ(ReadFile(target), "new");
+}
+
+TEST(WholeFile, GoesBehindALinkToAFileThatDoesNotExistYet) {
+    const CTemporaryFolder folder;
+    fs::create_directory(folder.PathOf("inner"));
+    fs::create_symlink("inner/second.svg", folder.PathOf("link.svg"));
+    fs::create_symlink("../target.svg", folder.PathOf("inner/second.svg"));
+    EXPECT_EQ(WriteFile(folder.PathOf("link.svg"), "new"), "");
+    EXPECT_TRUE(fs::is_symlink(folder.PathOf("link.svg")));
+    EXPECT_TRUE(fs::is_symlink(folder.PathOf("inner/second.svg")));
+    EXPECT_EQ(ReadFile(folder.PathOf("target.svg")), "new");
+}
+
+TEST(WholeFile, GoesBehindALinkWithAWholePathToo) {
+    const CTemporaryFolder folder;
+    fs::create_symlink(folder.PathOf("target.svg"), folder.PathOf("link.svg"));
+    EXPECT_EQ(WriteFile(folder.PathOf("link.svg"), "new"), "");
+    EXPECT_TRUE(fs::is_symlink(folder.PathOf("link.svg")));
+    EXPECT_EQ(ReadFile(folder.PathOf("target.svg")), "new");
+}
+
+TEST(WholeFile, CannotBeALinkToItselfOrIntoNowhere) {
+    const CTemporaryFolder folder;
+    fs::create_symlink("loop.svg", folder.PathOf("loop.svg"));
+    fs::create_symlink("no/such/folder.svg", folder.PathOf("astray.svg"));
+    EXPECT_EQ(FaultOf(folder.PathOf("loop.svg")), "Too many levels of symbolic links");
+    EXPECT_EQ(FaultOf(folder.PathOf("astray.svg")), "No such file or directory");
+    EXPECT_EQ(EntryCount(folder.Path()), 2);
+}
+
+// Devices are tried without the rights of root: a mistake would replace those of the whole machine.
+
+TEST(WholeFile, LeavesADeviceADevice) {
+    const COrdinaryUser ordinaryUser;
+    EXPECT_EQ(WriteFile("/dev/null", "content"), "");
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(WholeFile, IsRefusedBeforehandOnAFullDevice) {
+    const COrdinaryUser ordinaryUser;
+    EXPECT_EQ(FaultOf("/dev/full"), "No space left on device");
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
+
+TEST(WholeFile, IsRefusedBeforehandWhereItsNameIsTooLong) {
+    const CTemporaryFolder folder;
+    EXPECT_EQ(FaultOf(folder.PathOf(std::string(300, 'x'))), "File name too long");
+    fs::create_symlink(std::string(300, 'x'), folder.PathOf("link.svg"));
+    EXPECT_EQ(FaultOf(folder.PathOf("link.svg")), "File name too long");
+    EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(WholeFile, MakesNothingBeforeItIsWritten) {
+    const CTemporaryFolder folder;
+    const CWholeFile file(folder.PathOf("a.svg"));
+    EXPECT_EQ(file.Fault(), "");
+    EXPECT_EQ(EntryCount(folder.Path()), 0);
+}
+
+TEST(WholeFile, KnowsWhichFileItWouldReplace) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.Write("a.svg", "old");
+    const std::string other = folder.Write("b.svg", "old");
+    fs::create_symlink(path, folder.PathOf("link.svg"));
+    EXPECT_TRUE(CWholeFile(path).WouldReplace(path));
+    EXPECT_TRUE(CWholeFile(path).WouldReplace(folder.PathOf("link.svg")));
+    EXPECT_TRUE(CWholeFile(folder.PathOf("link.svg")).WouldReplace(path));
+    EXPECT_FALSE(CWholeFile(path).WouldReplace(other));
+    EXPECT_FALSE(CWholeFile(path).WouldReplace(folder.PathOf("missing.svg")));
+    EXPECT_FALSE(CWholeFile(folder.PathOf("new.svg")).WouldReplace(path));
+    const COrdinaryUser ordinaryUser;
+    EXPECT_FALSE(CWholeFile("/dev/null").WouldReplace("/dev/null"));
+}
+
+TEST(WholeFile, DoesNotWaitForTheReaderOfAPipe) {
+    const CTemporaryFolder folder;
+    ASSERT_EQ(mkfifo(folder.PathOf("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(FaultOf(folder.PathOf("pipe")), "No such device or address");
+}
+
+TEST(WholeFile, ReachesTheReaderOfAPipeWhole) {
+    const CTemporaryFolder folder;
+    ASSERT_EQ(mkfifo(folder.PathOf("pipe").c_str(), 0600), 0);
+    const int nReader = open(folder.PathOf("pipe").c_str(), O_RDONLY | O_NONBLOCK);
+    CWholeFile file(folder.PathOf("pipe"));
+    char nothing = 0;
+    EXPECT_EQ(read(nReader, &nothing, 1), -1) << "the reader must not take the check for the end";
+    EXPECT_EQ(file.Write("content"), "");
+    char content[16] = {};
+    EXPECT_EQ(read(nReader, content, sizeof content), 7);
+    EXPECT_STREQ(content, "content");
+    close(nReader);
+}
+
+TEST(WholeFile, CannotReplaceAFolder) {
+    const CTemporaryFolder folder;
+    EXPECT_EQ(FaultOf(folder.Path()), "Is a directory");
+    EXPECT_NE(WriteFile(folder.Path(), "content"), "");
+}
+
+TEST(WholeFile, IsRefusedInAnUnwritableFolder) {
+    const CTemporaryFolder folder;
+    fs::permissions(folder.Path(), fs::perms(0555));
+    {
+        const COrdinaryUser ordinaryUser;
+        EXPECT_EQ(FaultOf(folder.PathOf("a.svg")), "Permission denied");
+        EXPECT_EQ(WriteFile(folder.PathOf("a.svg"), "content"), "Permission denied");
+    }
+    fs::permissions(folder.Path(), fs::perms(0700));
+    EXPECT_EQ(EntryCount(folder.Path()), 0);
+}
+
+TEST(WholeFile, IsRefusedWhereAnUnwritableDeviceIs) {
+    const CTemporaryFolder folder;
+    ASSERT_EQ(mkfifo(folder.PathOf("pipe").c_str(), 0400), 0);
+    fs::permissions(folder.Path(), fs::perms(0755));
+    const COrdinaryUser ordinaryUser;
+    EXPECT_EQ(FaultOf(folder.PathOf("pipe")), "Permission denied");
+    EXPECT_EQ(WriteFile(folder.PathOf("pipe"), "content"), "Permission denied");
+}
+
+TEST(PictureFile, InAFolderThatDoesNotExistFailsBeforeTheSearch) {
+    const SBatchResult result = RunBatchProgram(SHORT_SEARCH + "/no/such/folder/packing.svg");
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_EQ(result.m_Output, "");
+    EXPECT_THAT(result.m_Errors, HasSubstr("/no/such/folder/packing.svg: No such file or directory"));
+}
+
+TEST(PictureFile, BelowAFileFails) {
+    const CTemporaryFolder folder;
+    const SBatchResult result = RunBatchProgram(SHORT_SEARCH + folder.Write("file", "") + "/packing.svg");
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_THAT(result.m_Errors, HasSubstr("Not a directory"));
+}
+
+TEST(PictureFile, InAPipeThatNobodyReadsFailsBeforeTheSearch) {
+    const CTemporaryFolder folder;
+    ASSERT_EQ(mkfifo(folder.PathOf("pipe").c_str(), 0600), 0);
+    const SBatchResult result = RunBatchProgram(SHORT_SEARCH + folder.PathOf("pipe"));
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_EQ(result.m_Output, "");
+}
+
+TEST(PictureFile, ReachesTheReaderOfAPipeAfterTheSearch) {
+    const CTemporaryFolder folder;
+    const std::string pipe = folder.PathOf("pipe");
+    const std::string got = folder.PathOf("got.svg");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    // Opened for both first, so that the reader is there when the program begins.
+    const SBatchResult result =
+        RunBatchProgram(NESTRIX_SAMPLES "/squares --population 20 --generations 5 --seed 7 --svg " + pipe +
+                            "; exec 3>&-; wait",
+                        "exec 3<>" + pipe + "; cat <" + pipe + " >" + got + " 3>&- & ");
+    EXPECT_EQ(result.m_Errors, "");
+    EXPECT_EQ(ReadFile(got), ReadFile("golden/squares.svg"));
+}
+
+/// A pipe gets the first free number, which must not be that of a stream that lines are printed on.
+TEST(PictureFile, GetsNoLinesWhereStandardOutputAndErrorAreClosed) {
+    const CTemporaryFolder folder;
+    const std::string pipe = folder.PathOf("pipe");
+    const std::string got = folder.PathOf("got.svg");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    for (char const* const pClosed : {">&-", "2>&-", "<&- >&- 2>&-"}) {
+        // Stopped, so that there is something to be said on standard error meanwhile.
+        (void)RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 1000000000 --seed 7 --svg " + pipe +
+                                  " " + pClosed +
+                                  " & p=$!; sleep 0.5; kill -TERM $p; wait $p; exec 3>&-; wait",
+                              "exec 3<>" + pipe + "; cat <" + pipe + " >" + got + " 3>&- & ");
+        EXPECT_TRUE(ReadFile(got).starts_with("<?xml")) << pClosed;
+        EXPECT_TRUE(ReadFile(got).ends_with("</svg>\n")) << pClosed;
+        EXPECT_EQ(CountOf("stopped", ReadFile(got)), 0) << pClosed;
+    }
+}
+
+TEST(PictureFile, IsWaitedForWhereThePipesReaderIsSlow) {
+    const CTemporaryFolder folder;
+    const std::string pipe = folder.PathOf("pipe");
+    const std::string got = folder.PathOf("got.svg");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    // More than fits into a pipe.
+    const SBatchResult result =
+        RunBatchProgram(Repeated(NESTRIX_SAMPLES "/large", 4) +
+                            "--population 2 --generations 0 --seed 1 --svg " + pipe + "; exec 3>&-; wait",
+                        "exec 3<>" + pipe + "; (sleep 1; cat) <" + pipe + " >" + got + " 3>&- & ");
+    EXPECT_EQ(result.m_Errors, "");
+    EXPECT_TRUE(ReadFile(got).ends_with("</svg>\n"));
+}
+
+TEST(PictureFile, OnAFullDiskFailsBeforeTheSearchAndLeavesTheOldPictureAndNothingElse) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.Write("packing.svg", "old picture");
+    const SBatchResult result = RunBatchProgram(SHORT_SEARCH + path, FULL_DISK);
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_EQ(result.m_Output, "");
+    EXPECT_THAT(result.m_Errors, HasSubstr("cannot write " + path + ": File too large"));
+    EXPECT_EQ(ReadFile(path), "old picture");
+    EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(PictureFile, OnADiskThatGetsFullFailsAfterTheResultIsPrinted) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.Write("packing.svg", "old picture");
+    const SBatchResult result = RunBatchProgram(LARGE_PICTURE + path, NEARLY_FULL_DISK);
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_NE(result.ValueOf("Best height: "), "");
+    EXPECT_THAT(result.m_Errors, HasSubstr("cannot write " + path + ": File too large"));
+    EXPECT_EQ(ReadFile(path), "old picture");
+    EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(PictureFile, BeyondTheLargestSizeOfAFileDoesNotKillTheProgram) {
+    const CTemporaryFolder folder;
+    const SBatchResult result = RunBatchProgram(LARGE_PICTURE + folder.PathOf("packing.svg"), "ulimit -f 16");
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_THAT(result.m_Errors, HasSubstr("File too large"));
+    EXPECT_EQ(EntryCount(folder.Path()), 0);
+}
+
+TEST(PictureFile, InPlaceOfOneOfItsPolygonsIsRefused) {
+    const CTemporaryFolder folder;
+    const std::string square = SquareFile(10.0F);
+    const std::string polygon = folder.Write("a.pol", square);
+    fs::create_symlink(polygon, folder.PathOf("link"));
+    fs::create_hard_link(polygon, folder.PathOf("twin"));
+    for (char const* const pName : {"a.pol", "link", "twin"}) {
+        for (const std::string& input : {polygon, folder.Path().native()}) {
+            const SBatchResult result = RunBatchProgram(input + " --svg " + folder.PathOf(pName));
+            EXPECT_EQ(result.m_nStatus, 2);
+            EXPECT_EQ(result.m_Output, "");
+            EXPECT_THAT(result.m_Errors, HasSubstr("the picture would take the place of " + polygon));
+            EXPECT_EQ(ReadFile(polygon), square);
+        }
+    }
+}
+
+TEST(PictureFile, ThatIsStandardOutputsFileFollowsTheLines) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.PathOf("all");
+    const std::string search = NESTRIX_SAMPLES "/squares --population 20 --generations 5 --seed 7 --svg ";
+    fs::create_symlink("/proc/self/fd/1", folder.PathOf("stdout"));
+    EXPECT_EQ(RunBatchProgram(search + folder.PathOf("stdout") + " >" + path).m_nStatus, 0);
+    EXPECT_EQ(ReadFile(path), ReadFile("golden/squares.txt") + ReadFile("golden/squares.svg"));
+}
+
+TEST(PictureFile, MayBeAPipeThatIsStandardOutput) {
+    const CTemporaryFolder folder;
+    fs::create_symlink("/proc/self/fd/1", folder.PathOf("stdout"));
+    CRunningBatch batch(SHORT_SEARCH + folder.PathOf("stdout"));
+    EXPECT_EQ(batch.WaitForEnd(), 0);
+    EXPECT_TRUE(batch.Output().starts_with("Newly Created 5\n"));
+    EXPECT_TRUE(batch.Output().ends_with("</svg>\n"));
+}
+
+}  // namespace nestrix
