@@ -14,6 +14,7 @@
 #include "tests/display/CVirtualDisplay.h"
 #include "tests/display/EventPump.h"
 #include "tests/support/BenchmarkSets.h"
+#include "tests/support/Chromosomes.h"
 
 using namespace nestrix;
 
@@ -58,7 +59,7 @@ std::vector<CPolygon> MakePacking(int nPieces) {
     container.RandomlyGenerateFirstGeneration();
     container.ValidateChromosome(container.m_Population[0]);
     std::vector<CPolygon> placed;
-    container.PlaceChromosome(container.m_Population[0], placed, nullptr);
+    support::PlaceChromosome(container, container.m_Population[0], placed, nullptr);
     return placed;
 }
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "ga/CContainer.h"
-#include "packing/CPlacement.h"
+#include "ga/CDecoder.h"
 #include "tests/reference/ReferencePlacement.h"
 #include "tests/support/BenchmarkSets.h"
 
@@ -38,8 +38,8 @@ public:
         }
     }
 
-    [[nodiscard]] CPlacement MakePlacement() const {
-        return {m_Container.m_Polygons, m_Container.m_fTotalHeight, m_Container.m_fContainerWidth};
+    [[nodiscard]] CDecoder MakeDecoder() const {
+        return {m_Container.m_Polygons, m_Container.Strip(), m_Container.m_fTotalHeight};
     }
     [[nodiscard]] float PlacePlainly(const CChromosome& chromosome) const {
         return reference::Place(chromosome.Genes(), m_Container.m_Polygons, m_Container.m_fTotalHeight)
@@ -69,27 +69,27 @@ double TimeLayouts(const CScenario& scenario, size_t nCount, TPlace&& place) {
            static_cast<double>(nCount);
 }
 
-double TimeEngine(const CScenario& scenario, CPlacement& placement) {
-    return TimeLayouts(scenario, scenario.Chromosomes().size(), [&placement](const CChromosome& chromosome) {
-        return placement.Place(chromosome.Genes());
+double TimeEngine(const CScenario& scenario, CDecoder& decoder) {
+    return TimeLayouts(scenario, scenario.Chromosomes().size(), [&decoder](const CChromosome& chromosome) {
+        return decoder.Evaluate(chromosome.Genes());
     });
 }
 
 /// One layout by the engine and by the plain reference, in turn, so that both meet the same machine.
 void CompareLayouts(benchmark::State& state, const SBenchmarkSet& set) {
     const CScenario scenario(set.m_Kind, set.m_nPieces);
-    CPlacement placement = scenario.MakePlacement();
+    CDecoder decoder = scenario.MakeDecoder();
     const size_t nPlain = set.m_nPieces >= 1000 ? 2 : 16;
     std::vector<double> engine;
     std::vector<double> plain;
     for (auto _ : state) {
-        engine.push_back(TimeEngine(scenario, placement));
+        engine.push_back(TimeEngine(scenario, decoder));
         plain.push_back(TimeLayouts(scenario, nPlain, [&scenario](const CChromosome& chromosome) {
             return scenario.PlacePlainly(chromosome);
         }));
         state.SetIterationTime(engine.back());
     }
-    const CPlacement::SCounts& counts = placement.Counts();
+    const CDropPlacement::SCounts& counts = decoder.Counts();
     state.counters["plain_us"] = Median(plain) * 1e6;
     state.counters["engine_us"] = Median(engine) * 1e6;
     state.counters["ratio"] = Median(plain) / Median(engine);
@@ -102,10 +102,10 @@ void CompareLayouts(benchmark::State& state, const SBenchmarkSet& set) {
 void GrowLayouts(benchmark::State& state, const SBenchmarkKind& kind) {
     const int nPieces = static_cast<int>(state.range(0));
     const CScenario scenario(kind, nPieces);
-    CPlacement placement = scenario.MakePlacement();
+    CDecoder decoder = scenario.MakeDecoder();
     std::vector<double> engine;
     for (auto _ : state) {
-        engine.push_back(TimeEngine(scenario, placement));
+        engine.push_back(TimeEngine(scenario, decoder));
         state.SetIterationTime(engine.back());
     }
     state.counters["engine_us"] = Median(engine) * 1e6;

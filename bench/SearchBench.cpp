@@ -6,16 +6,12 @@
 #include <vector>
 
 #include "ga/CContainer.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 
 namespace nestrix {
 
 namespace {
-
-class CNobody final : public CGenerationSink {
-public:
-    void GenerationDone(int /*nGeneration*/) override {}
-};
 
 /// A whole search over one sample set: 100 chromosomes, 100 generations.
 void SearchSamples(benchmark::State& state, const std::filesystem::path& folder) {
@@ -29,7 +25,7 @@ void SearchSamples(benchmark::State& state, const std::filesystem::path& folder)
     }
     std::sort(paths.begin(), paths.end());
     CContainer container;
-    CNobody nobody;
+    support::CNobody nobody;
     for (auto _ : state) {
         const support::CStdoutCapture capture;
         container.Clear();

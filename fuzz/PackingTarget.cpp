@@ -4,7 +4,7 @@
 
 #include "fuzz/PackingInput.h"
 #include "fuzz/Require.h"
-#include "packing/CPlacement.h"
+#include "ga/CDecoder.h"
 #include "tests/reference/Agreement.h"
 #include "tests/reference/ReferencePlacement.h"
 #include "tests/support/SameBits.h"
@@ -47,16 +47,16 @@ void CheckClamp(const SPackingInput& input) {
 }
 
 /// One layout of a placement that may have made others before.
-void CheckLayout(CPlacement& placement, const SPackingInput& input, const CChromosome& chromosome) {
+void CheckLayout(CDecoder& decoder, const SPackingInput& input, const CChromosome& chromosome) {
     const std::span<const SGene> genes = chromosome.Genes();
-    const reference::SPacking plain =
+    const reference::SPlainPacking plain =
         reference::Place(genes, input.m_Container.m_Polygons, input.m_Container.m_fTotalHeight);
-    Require(SameBits(placement.Place(genes), plain.m_fFitness), "the fitness is that of the reference");
-    const std::span<const SDrop> drops = placement.Drops();
+    Require(SameBits(decoder.Evaluate(genes), plain.m_fFitness), "the fitness is that of the reference");
+    const std::span<const SPlacedPiece> drops = decoder.Packing().m_Placed;
     Require(drops.size() == plain.m_Placed.size(), "as many polygons are placed as by the reference");
     for (size_t i = 0; i < drops.size(); ++i) {
-        Require(SameBits(drops[i].m_ReferencePoint.x, plain.m_Placed[i].m_ReferencePoint.x) &&
-                    SameBits(drops[i].m_ReferencePoint.y, plain.m_Placed[i].m_ReferencePoint.y),
+        Require(SameBits(drops[i].m_At.x, plain.m_Placed[i].m_ReferencePoint.x) &&
+                    SameBits(drops[i].m_At.y, plain.m_Placed[i].m_ReferencePoint.y),
                 "every polygon rests where the reference puts it");
     }
 }
@@ -72,14 +72,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t nBytes) {
     CheckApproaches(input);
     fuzz::RequireNone(reference::FindPlacementDifference(input.m_Container, input.m_Chromosome));
 
-    CPlacement placement(input.m_Container.m_Polygons, input.m_Container.m_fTotalHeight,
-                         input.m_Container.m_fContainerWidth);
-    CheckLayout(placement, input, input.m_Chromosome);
+    CDecoder decoder(input.m_Container.m_Polygons, SStrip{input.m_Container.m_fContainerWidth},
+                     input.m_Container.m_fTotalHeight);
+    CheckLayout(decoder, input, input.m_Chromosome);
     // Once more the other way round: nothing of the layout before may be left.
     CChromosome other = input.m_Chromosome;
     for (SGene& gene : other.Genes()) {
         gene.m_nOrder = -gene.m_nOrder;
     }
-    CheckLayout(placement, input, other);
+    CheckLayout(decoder, input, other);
     return 0;
 }

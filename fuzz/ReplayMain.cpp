@@ -5,8 +5,6 @@
 #include <iterator>
 #include <vector>
 
-using namespace nestrix;
-
 // Runs a fuzz target over files instead of over inputs of its own making: the kept seeds and findings, in
 // every ordinary build. Takes files and folders; fails when there is nothing to run.
 

@@ -1,7 +1,6 @@
 #include "batch/BatchRun.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <ctime>
 #include <optional>
@@ -85,11 +84,11 @@ std::optional<SPacking> Search(const SBatchOptions& options, std::span<const CPo
     return CDecoder(polygons, strip, ColumnHeight(polygons)).Decode(state.m_BestChromosome.Genes());
 }
 
-void PrintResult(unsigned int nSeed, float fHeight) {
+void PrintResult(unsigned int nSeed, const SPacking& packing) {
     const CNumericLocale numericLocale;
     std::printf("Seed: %u\n", nSeed);
-    if (std::isfinite(fHeight)) {
-        std::printf("Best height: %f\n", static_cast<double>(fHeight));
+    if (IsFinite(packing)) {
+        std::printf("Best height: %f\n", static_cast<double>(packing.m_fHeight));
     }
 }
 
@@ -120,8 +119,8 @@ int RunBatch(const SBatchOptions& options) {
     if (!packing) {
         return BATCH_FAILED;
     }
-    PrintResult(nSeed, packing->m_fHeight);
-    if (!std::isfinite(packing->m_fHeight)) {
+    PrintResult(nSeed, *packing);
+    if (!IsFinite(*packing)) {
         Complain("the polygons are too large: their packing has no finite height");
         return BATCH_FAILED;
     }

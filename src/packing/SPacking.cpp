@@ -1,6 +1,16 @@
 #include "packing/SPacking.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace nestrix {
+
+bool IsFinite(const SPacking& packing) {
+    return std::isfinite(packing.m_fHeight) &&
+           std::all_of(packing.m_Placed.begin(), packing.m_Placed.end(), [](const SPlacedPiece& piece) {
+               return std::isfinite(piece.m_At.x) && std::isfinite(piece.m_At.y);
+           });
+}
 
 std::vector<CPolygon> PlacedPolygons(std::span<const CPolygon> pieces, const SPacking& packing) {
     std::vector<CPolygon> placed;

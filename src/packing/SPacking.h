@@ -24,6 +24,9 @@ struct SPacking {
     float m_fHeight = 0.0F;              ///< the highest top of any piece's bounding box; at least 0
 };
 
+/// Whether the height and all places are finite. Pieces too large for single precision have no place.
+[[nodiscard]] bool IsFinite(const SPacking& packing);
+
 /// Copies of the placed pieces, each at its reference point, in the order of placing.
 [[nodiscard]] std::vector<CPolygon> PlacedPolygons(std::span<const CPolygon> pieces, const SPacking& packing);
 

@@ -10,11 +10,9 @@
 #include "tests/display/CPicture.h"
 #include "tests/support/CTemporaryFolder.h"
 
-namespace nestrix {
-
 struct _XImage;
 
-namespace support {
+namespace nestrix::support {
 
 /// A window manager on the test's screen.
 class CWindowManager {
@@ -62,6 +60,4 @@ private:
     std::unique_ptr<_XImage, SDestroyImage> m_pImage;
 };
 
-}  // namespace support
-
-}  // namespace nestrix
+}  // namespace nestrix::support

@@ -13,7 +13,7 @@
 #include <thread>
 #include <vector>
 
-#include "tests/batch/TextFiles.h"
+#include "tests/support/TextFiles.h"
 #include "tests/support/CTemporaryFolder.h"
 
 namespace nestrix {

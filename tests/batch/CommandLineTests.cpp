@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "tests/batch/BatchProgram.h"
-#include "tests/batch/TextFiles.h"
+#include "tests/support/TextFiles.h"
 #include "tests/support/CTemporaryFolder.h"
 
 namespace nestrix {

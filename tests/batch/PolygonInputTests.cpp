@@ -8,7 +8,7 @@
 #include "batch/PolygonInput.h"
 #include "formats/PolygonPaths.h"
 #include "tests/batch/BatchProgram.h"
-#include "tests/batch/TextFiles.h"
+#include "tests/support/TextFiles.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/PolygonMaking.h"
 

@@ -6,7 +6,7 @@
 #include "formats/PolygonPaths.h"
 #include "geom/Geom.h"
 #include "tests/batch/BatchProgram.h"
-#include "tests/batch/TextFiles.h"
+#include "tests/support/TextFiles.h"
 
 namespace nestrix {
 

@@ -10,9 +10,11 @@
 
 #include "formats/PolygonFile.h"
 #include "ga/CContainer.h"
-#include "tests/batch/TextFiles.h"
+#include "tests/support/TextFiles.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/CTemporaryFolder.h"
+#include "tests/support/Chromosomes.h"
 
 namespace nestrix {
 
@@ -104,11 +106,6 @@ bool IsConvex(const CPolygon& polygon) {
     return true;
 }
 
-class CSilentSink final : public CGenerationSink {
-public:
-    void GenerationDone(int /*nGeneration*/) override {}
-};
-
 /// The height of the best packing of a short search.
 float SearchFor(const std::string& set) {
     CContainer container;
@@ -123,7 +120,7 @@ float SearchFor(const std::string& set) {
         EXPECT_TRUE(container.AddPolygon(file.c_str()));
     }
     g_MutationProbability = 0.1F;
-    CSilentSink sink;
+    support::CNobody sink;
     const CStdoutCapture capture;
     container.RunSearch(100, 60, 1, sink);
     return container.m_fTotalHeight - container.m_fBestFitness;
@@ -214,7 +211,7 @@ TEST(PuzzleSamples, DroppedAsCutMakeUpTheSheetAgain) {
     asCut.SetGeneCount(static_cast<int>(genes.size()));
     std::copy(genes.begin(), genes.end(), asCut.m_pGenes);
     std::vector<CPolygon> placed;
-    const float fFitness = container.PlaceChromosome(asCut, placed, nullptr);
+    const float fFitness = support::PlaceChromosome(container, asCut, placed, nullptr);
     EXPECT_NEAR(container.m_fTotalHeight - fFitness, 300.0F, 0.01F);
 }
 

@@ -4,7 +4,7 @@
 
 #include "batch/CPictureFile.h"
 #include "tests/batch/BatchProgram.h"
-#include "tests/batch/TextFiles.h"
+#include "tests/support/TextFiles.h"
 #include "tests/support/CCommaLocale.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/PolygonMaking.h"
@@ -185,11 +185,9 @@ TEST(StandardOutput, ThatNobodyReadsAnyMoreEndsASearchThatDrawsNoPicture) {
 
 TEST(PackingBeyondAllNumbers, IsNotDrawn) {
     const CTemporaryFolder folder;
-    CContainer container;
-    container.m_Polygons = {support::MakeSquare(std::numeric_limits<float>::infinity())};
-    container.m_BestChromosome.SetGeneCount(1);
+    const std::vector<CPolygon> pieces{support::MakeSquare(std::numeric_limits<float>::infinity())};
     CPictureFile picture(folder.PathOf("packing.svg"));
-    EXPECT_EQ(picture.Draw(container, 20.0F), "the packing is too large to draw");
+    EXPECT_EQ(picture.Draw(pieces, {SStrip(), {{}}, 20.0F}), "the packing is too large to draw");
     EXPECT_EQ(EntryCount(folder.Path()), 0);
 }
 

@@ -7,7 +7,7 @@
 
 #include "batch/CStopSignals.h"
 #include "tests/batch/BatchProgram.h"
-#include "tests/batch/TextFiles.h"
+#include "tests/support/TextFiles.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/Outlines.h"
 #include "tests/support/PolygonMaking.h"

@@ -6,9 +6,10 @@
 #include <ostream>
 
 #include "ga/CContainer.h"
-#include "packing/CPlacement.h"
+#include "ga/CDecoder.h"
 #include "tests/faults/CAllocationFault.h"
 #include "tests/faults/ProcessState.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/Chromosomes.h"
@@ -32,11 +33,6 @@ namespace {
 
 using namespace support;
 using faults::EExhaustion;
-
-class CNobody final : public CGenerationSink {
-public:
-    void GenerationDone(int /*nGeneration*/) override {}
-};
 
 bool SameGenes(const CChromosome& a, const CChromosome& b) {
     return std::ranges::equal(a.Genes(), b.Genes()) && a.m_fFitness == b.m_fFitness;
@@ -156,16 +152,16 @@ TEST_P(AllocationFault, WhilePlacingLeavesThePackingToBeMadeAgain) {
     container.PrepareEverything(1);
     const CChromosome chromosome = MakeChromosome({{0, 2, 10}, {1, 3, 20}, {2, 0, 30}, {3, 1, 15}});
     std::vector<CPolygon> expected;
-    const float fExpected = container.PlaceChromosome(chromosome, expected, nullptr);
+    const float fExpected = support::PlaceChromosome(container, chromosome, expected, nullptr);
     const size_t nAllocations = Sweep(
         [&] {
             std::vector<CPolygon> placed(1);
-            (void)container.PlaceChromosome(chromosome, placed, nullptr);
+            (void)support::PlaceChromosome(container, chromosome, placed, nullptr);
         },
         [&](bool) {
             EXPECT_EQ(container.m_Polygons, m_Pieces);
             std::vector<CPolygon> placed;
-            EXPECT_EQ(container.PlaceChromosome(chromosome, placed, nullptr), fExpected);
+            EXPECT_EQ(support::PlaceChromosome(container, chromosome, placed, nullptr), fExpected);
             EXPECT_EQ(placed, expected);
         });
     EXPECT_GT(nAllocations, 30U);
@@ -180,17 +176,17 @@ TEST_P(AllocationFault, WhileAPlacementGrowsLeavesItAsUsableAsItWas) {
     }
     constexpr float TOTAL_HEIGHT = 3000.0F;
     constexpr float STRIP_WIDTH = 400.0F;
-    const float fFew = CPlacement(m_Pieces, TOTAL_HEIGHT, STRIP_WIDTH).Place(few.Genes());
-    const float fMany = CPlacement(m_Pieces, TOTAL_HEIGHT, STRIP_WIDTH).Place(many.Genes());
+    const float fFew = CDecoder(m_Pieces, SStrip{STRIP_WIDTH}, TOTAL_HEIGHT).Evaluate(few.Genes());
+    const float fMany = CDecoder(m_Pieces, SStrip{STRIP_WIDTH}, TOTAL_HEIGHT).Evaluate(many.Genes());
     const size_t nAllocations = Sweep(
         [&] {
-            CPlacement placement(m_Pieces, TOTAL_HEIGHT, STRIP_WIDTH);
-            EXPECT_EQ(placement.Place(few.Genes()), fFew);
+            CDecoder decoder(m_Pieces, SStrip{STRIP_WIDTH}, TOTAL_HEIGHT);
+            EXPECT_EQ(decoder.Evaluate(few.Genes()), fFew);
             try {
-                EXPECT_EQ(placement.Place(many.Genes()), fMany);
+                EXPECT_EQ(decoder.Evaluate(many.Genes()), fMany);
             } catch (const std::bad_alloc&) {
                 // The few need no more than they had.
-                EXPECT_EQ(placement.Place(few.Genes()), fFew);
+                EXPECT_EQ(decoder.Evaluate(few.Genes()), fFew);
                 throw;
             }
         },
@@ -203,7 +199,7 @@ class AllocationFaultInASearch : public AllocationFault {
 protected:
     /// As the window does it, whatever the run before has left.
     static void Run(CContainer& container, const std::vector<CPolygon>& polygons) {
-        CNobody nobody;
+        support::CNobody nobody;
         container.Clear();
         container.m_Polygons = polygons;
         container.RunSearch(4, 3, 11, nobody);

@@ -89,7 +89,7 @@ void operator delete[](void* pBlock, const std::nothrow_t& /*tag*/) noexcept {
     Release(pBlock);
 }
 
-namespace faults {
+namespace nestrix::faults {
 
 size_t LiveBlocks() {
     return g_nLiveBlocks;
@@ -124,4 +124,4 @@ bool CAllocationFault::Strikes(bool bThrows) {
     return true;
 }
 
-}  // namespace faults
+}  // namespace nestrix::faults

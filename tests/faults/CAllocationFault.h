@@ -2,12 +2,10 @@
 
 #include <cstddef>
 
-namespace nestrix {
-
 // The test programs that link this have operator new and delete of their own, which count and, on demand,
 // fail. The C library's own use of memory (streams, qsort beyond a kilobyte) passes them by.
 
-namespace faults {
+namespace nestrix::faults {
 
 /// Blocks that operator new gave out and nobody has returned yet.
 [[nodiscard]] size_t LiveBlocks();
@@ -49,6 +47,4 @@ private:
     bool m_bThrown = false;
 };
 
-}  // namespace faults
-
-}  // namespace nestrix
+}  // namespace nestrix::faults

@@ -7,7 +7,9 @@
 #include "tests/faults/CAllocationFault.h"
 #include "tests/faults/ProcessState.h"
 #include "tests/support/BenchmarkSets.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
+#include "tests/support/Chromosomes.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {
@@ -38,10 +40,10 @@ void ExpectFlat(const SMemory& early, const char* pWhat, long nHowMany) {
 }
 
 /// Counts the layouts of a search, takes the early measure and ends the search when there were enough.
-class CLayoutCounter final : public CGenerationSink {
+class CLayoutCounter final : public support::CContainerSink {
 public:
     CLayoutCounter(CContainer& container, long nEarly, long nEnough)
-        : m_Container(container), m_nEarly(nEarly), m_nEnough(nEnough) {}
+        : CContainerSink(container), m_nEarly(nEarly), m_nEnough(nEnough) {}
 
     void GenerationDone(int /*nGeneration*/) override {
         const long nBefore = m_nLayouts;
@@ -65,7 +67,6 @@ private:
         });
     }
 
-    CContainer& m_Container;
     long m_nEarly;
     long m_nEnough;
     long m_nLayouts = 0;
@@ -105,7 +106,7 @@ TEST_F(Endurance, OfManySearchesInOneContainerTakesNoMemory) {
         CLayoutCounter counter(container, 0, 100);
         container.RunSearch(POPULATION, 1'000, static_cast<unsigned int>(nRun), counter);
         std::vector<CPolygon> placed;
-        (void)container.PlaceChromosome(container.CopyBestChromosome(), placed, nullptr);
+        (void)support::PlaceChromosome(container, container.CopyBestChromosome(), placed, nullptr);
         ASSERT_EQ(placed.size(), m_Pieces.size());
         if (nRun == nRuns / 10) {
             early = SMemory();

@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "ga/CContainer.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/PolygonMaking.h"
 
@@ -17,7 +18,7 @@ namespace nestrix {
 
 namespace {
 
-class CNobody final : public CGenerationSink {
+class CLastHeard final : public support::CSilentSink {
 public:
     void GenerationDone(int nGeneration) override { m_nLast = nGeneration; }
 
@@ -29,9 +30,9 @@ constexpr int GENERATIONS = 200;  // more lines than fit into a stream's buffer
 CChromosome BestOfASearch() {
     CContainer container;
     container.m_Polygons.assign(6, support::MakeRectangle(120, 40));
-    CNobody nobody;
-    container.RunSearch(6, GENERATIONS, 3, nobody);
-    return nobody.m_nLast == GENERATIONS ? container.CopyBestChromosome() : CChromosome();
+    CLastHeard heard;
+    container.RunSearch(6, GENERATIONS, 3, heard);
+    return heard.m_nLast == GENERATIONS ? container.CopyBestChromosome() : CChromosome();
 }
 
 CChromosome ExpectedBest() {

@@ -5,6 +5,7 @@
 #include "ga/CContainer.h"
 #include "tests/faults/CAllocationFault.h"
 #include "tests/support/BenchmarkSets.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 
 namespace nestrix {
@@ -23,7 +24,7 @@ void PrintTo(const SBenchmarkSet& set, std::ostream* pStream) {
 namespace {
 
 /// Notes how many blocks there have been by each generation.
-class CBlockLog final : public CGenerationSink {
+class CBlockLog final : public support::CSilentSink {
 public:
     explicit CBlockLog(int nGenerations) { m_Blocks.reserve(static_cast<size_t>(nGenerations) + 1); }
 

@@ -6,7 +6,7 @@
 #include "formats/LabelPoint.h"
 #include "formats/PackingSvg.h"
 #include "formats/SvgNumber.h"
-#include "tests/batch/TextFiles.h"
+#include "tests/support/TextFiles.h"
 #include "tests/support/CCommaLocale.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/PolygonMaking.h"
@@ -18,18 +18,26 @@ using support::CTemporaryFolder;
 using support::MakePolygon;
 using support::MakeRectangle;
 using support::MakeSquare;
-using support::PlacedAt;
 using testing::HasSubstr;
 using testing::Not;
 
 namespace {
 
-std::string DrawSquares(const std::vector<mgVector3>& places, float fHeight) {
-    std::vector<CPolygon> placed;
+/// Copies of one piece at these places.
+SPacking PackCopies(const std::vector<mgVector3>& places, float fHeight) {
+    SPacking packing{SStrip(), {}, fHeight};
     for (const mgVector3& at : places) {
-        placed.push_back(PlacedAt(MakeSquare(20.0F), at.x, at.y));
+        packing.m_Placed.push_back({0, at});
     }
-    return DrawPackingSvg({placed, 400.0F, fHeight});
+    return packing;
+}
+
+std::string DrawCopies(const CPolygon& piece, const std::vector<mgVector3>& places, float fHeight) {
+    return DrawPackingSvg({&piece, 1}, PackCopies(places, fHeight));
+}
+
+std::string DrawSquares(const std::vector<mgVector3>& places, float fHeight) {
+    return DrawCopies(MakeSquare(20.0F), places, fHeight);
 }
 
 }  // namespace
@@ -84,14 +92,14 @@ TEST(Picture, HasTwoWallsAndAFloor) {
 }
 
 TEST(Picture, OfNothingIsAnEmptyStrip) {
-    const std::string picture = DrawPackingSvg({{}, 400.0F, 0.0F});
+    const std::string picture = DrawPackingSvg({}, SPacking());
     EXPECT_THAT(picture, HasSubstr("Packing of 0 pieces"));
     EXPECT_THAT(picture, HasSubstr("Minimum Height = 0.00"));
 }
 
 TEST(Picture, EnclosesWhatSticksOutOfTheStrip) {
-    const CPolygon wide = PlacedAt(MakeRectangle(500.0F, 10.0F), -100.0F, 0.0F);
-    const SPictureView view = FindPictureView({{&wide, 1}, 400.0F, 10.0F});
+    const CPolygon wide = MakeRectangle(500.0F, 10.0F);
+    const SPictureView view = FindPictureView({&wide, 1}, PackCopies({{-100, 0, 0}}, 10.0F));
     EXPECT_EQ(view.m_Left, -100.0);
     EXPECT_EQ(view.m_Right, 400.0);
     EXPECT_EQ(view.m_Bottom, 0.0);
@@ -104,13 +112,12 @@ TEST(Picture, WithANumberThatIsNotFiniteIsNotDrawn) {
     EXPECT_EQ(DrawSquares({{0, 0, 0}}, fInfinity), "");
     EXPECT_EQ(DrawSquares({{0, 0, 0}}, std::numeric_limits<float>::quiet_NaN()), "");
     EXPECT_EQ(DrawSquares({{0, -fInfinity, 0}}, 20.0F), "");
-    const CPolygon overflowing = PlacedAt(MakeSquare(fLargest), fLargest, 0.0F);
-    EXPECT_EQ(DrawPackingSvg({{&overflowing, 1}, 400.0F, 20.0F}), "");
+    EXPECT_EQ(DrawCopies(MakeSquare(fLargest), {{fLargest, 0, 0}}, 20.0F), "");
 }
 
 TEST(Picture, OfTheLargestNumbersNamesOnlyFiniteOnes) {
-    const CPolygon huge = MakeSquare(std::numeric_limits<float>::max());
-    const std::string picture = DrawPackingSvg({{&huge, 1}, 400.0F, std::numeric_limits<float>::max()});
+    const float fLargest = std::numeric_limits<float>::max();
+    const std::string picture = DrawCopies(MakeSquare(fLargest), {{0, 0, 0}}, fLargest);
     EXPECT_THAT(picture, HasSubstr("</svg>"));
     EXPECT_THAT(picture, Not(HasSubstr("inf\"")));
     EXPECT_THAT(picture, Not(HasSubstr("nan")));

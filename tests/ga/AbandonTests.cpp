@@ -5,10 +5,11 @@
 #include <cmath>
 
 #include "ga/CContainer.h"
-#include "packing/CPlacement.h"
+#include "ga/CDecoder.h"
 #include "packing/drop/Sweep.h"
 #include "tests/ga/CPlacementWatch.h"
 #include "tests/ga/CScriptedDraws.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/Chromosomes.h"
 #include "tests/support/Pieces.h"
@@ -28,9 +29,9 @@ constexpr int PIECES = 5;
 constexpr int GENERATIONS = 3;
 constexpr unsigned int SEED = 5;  ///< of a run in which every child is placed
 
-class CReports final : public CGenerationSink {
+class CReports final : public support::CContainerSink {
 public:
-    CReports(CContainer& container, int nAbandonAt) : m_Container(container), m_nAbandonAt(nAbandonAt) {}
+    CReports(CContainer& container, int nAbandonAt) : CContainerSink(container), m_nAbandonAt(nAbandonAt) {}
 
     void GenerationDone(int nGeneration) override {
         m_Best.push_back(m_Container.m_fBestFitness);
@@ -46,7 +47,6 @@ public:
     std::vector<float> m_Fitness;  ///< of all chromosomes reported, one generation after the other
 
 private:
-    CContainer& m_Container;
     int m_nAbandonAt;
 };
 
@@ -105,7 +105,9 @@ TEST_F(AbandonedSearch, KeepsTheBestOfWhatWasPlaced) {
         ASSERT_EQ(run.m_Container.m_fBestFitness, fBest) << nPlacement;
         ASSERT_EQ(run.m_Container.m_BestChromosome.m_fFitness, fBest) << nPlacement;
         std::vector<CPolygon> layout;
-        ASSERT_EQ(run.m_Container.PlaceChromosome(run.m_Container.m_BestChromosome, layout, nullptr), fBest);
+        ASSERT_EQ(
+            support::PlaceChromosome(run.m_Container, run.m_Container.m_BestChromosome, layout, nullptr),
+            fBest);
     }
 }
 
@@ -168,13 +170,13 @@ TEST_F(AbandonedSearch, CanBeRunAgainOnceTheRequestIsTakenBack) {
 TEST(AbandonedPlacement, DropsNothingMore) {
     const std::vector<CPolygon> polygons(3, support::MakeSquare(10));
     CRelaxed<bool> bAbandoned = false;
-    CPlacement placement(polygons, 30.0F, 400.0F, &bAbandoned);
+    CDecoder decoder(polygons, SStrip{400.0F}, 30.0F, &bAbandoned);
     const CChromosome chromosome = support::MakeChromosome({{0, 0, 0}, {1, 1, 5}, {2, 2, 50}});
-    EXPECT_EQ(placement.Place(chromosome.Genes()), 10.0F);
-    EXPECT_THAT(placement.Drops(), SizeIs(3));
+    EXPECT_EQ(decoder.Evaluate(chromosome.Genes()), 10.0F);
+    EXPECT_THAT(decoder.Packing().m_Placed, SizeIs(3));
     bAbandoned = true;
-    (void)placement.Place(chromosome.Genes());
-    EXPECT_THAT(placement.Drops(), IsEmpty());
+    (void)decoder.Evaluate(chromosome.Genes());
+    EXPECT_THAT(decoder.Packing().m_Placed, IsEmpty());
 }
 
 TEST(AbandonedPlacement, PreparesNoMoreProfiles) {

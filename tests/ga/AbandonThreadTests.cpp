@@ -10,7 +10,8 @@
 #include <thread>
 
 #include "ga/CContainer.h"
-#include "packing/CPlacement.h"
+#include "ga/CDecoder.h"
+#include "ga/Genes.h"
 #include "packing/drop/CProfileSet.h"
 #include "tests/support/Outlines.h"
 #include "tests/support/PolygonMaking.h"
@@ -39,7 +40,7 @@ void PrintTo(const SLongStep& step, std::ostream* pStream) {
 void MakeChromosomes(CContainer& container) {
     container.PrepareEverything(1);
     while (!container.m_bAbandoned) {
-        container.RandomlyGenerateFirstGeneration();
+        RandomiseGenes(container.m_Population, container.m_Polygons.size(), 400.0F, &container.m_bAbandoned);
     }
 }
 
@@ -56,9 +57,9 @@ void PlacePieces(CContainer& container) {
         gene.m_nOrder = gene.m_nPolygon;
         gene.m_fX = gene.m_nPolygon % 2 == 0 ? 0.0F : 0.3F;
     }
-    CPlacement placement(container.m_Polygons, 1e6F, 400.0F, &container.m_bAbandoned);
+    CDecoder decoder(container.m_Polygons, SStrip{400.0F}, 1e6F, &container.m_bAbandoned);
     while (!container.m_bAbandoned) {
-        (void)placement.Place(chromosome.Genes());
+        (void)decoder.Evaluate(chromosome.Genes());
     }
 }
 

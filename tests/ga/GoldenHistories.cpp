@@ -2,17 +2,13 @@
 
 #include "tests/reference/ReferenceOperators.h"
 #include "tests/support/BenchmarkSets.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/Pieces.h"
 
 namespace nestrix {
 
 namespace {
-
-class CNobody final : public CGenerationSink {
-public:
-    void GenerationDone(int /*nGeneration*/) override {}
-};
 
 reference::SSearchCase MakeSearch(std::vector<CPolygon> polygons, unsigned int nSeed, float fMutation) {
     reference::SSearchCase search;
@@ -66,7 +62,7 @@ std::string RunGoldenCase(const SGoldenCase& goldenCase) {
     CContainer container;
     container.m_Polygons = search.m_Polygons;
     g_MutationProbability = search.m_fMutationProbability;
-    CNobody nobody;
+    support::CNobody nobody;
     std::string history = support::PrintedBy(
         [&] { container.RunSearch(search.m_nPopulation, search.m_nGenerations, search.m_nSeed, nobody); });
     reference::Print(history, "best fitness %a\n",

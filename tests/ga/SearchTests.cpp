@@ -8,6 +8,7 @@
 
 #include "ga/CContainer.h"
 #include "tests/support/CCommaLocale.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/Chromosomes.h"
 #include "tests/support/Pieces.h"
@@ -23,7 +24,7 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 /// Keeps what it hears and calls the test's own listener.
-class CHistory final : public CGenerationSink {
+class CHistory final : public support::CSilentSink {
 public:
     void GenerationDone(int nGeneration) override {
         m_Generations.push_back(nGeneration);
@@ -285,7 +286,8 @@ TEST_F(Search, KeepsEveryPieceInItsGeneInTheStripAndEvaluated) {
                 EXPECT_LE(polygon.m_BoundingBoxMax.x + gene.m_fX, 400.0F + 1e-4F);
             }
             std::vector<CPolygon> placed;
-            EXPECT_EQ(chromosome.m_fFitness, m_Container.PlaceChromosome(chromosome, placed, nullptr));
+            EXPECT_EQ(chromosome.m_fFitness,
+                      support::PlaceChromosome(m_Container, chromosome, placed, nullptr));
         }
     };
     Run(6, 6);
@@ -340,7 +342,7 @@ TEST_F(Search, LeavesABestChromosomeThatCanStillBePlacedAfterTheSetWasEmptied) {
     std::vector<CPolygon> placed;
     const CChromosome best = m_Container.CopyBestChromosome();
     EXPECT_EQ(best.m_nGenes, 6);
-    m_Container.PlaceChromosome(best, placed, nullptr);
+    support::PlaceChromosome(m_Container, best, placed, nullptr);
     EXPECT_THAT(placed, IsEmpty());
 }
 

@@ -8,6 +8,7 @@
 
 #include "ga/CContainer.h"
 #include "tests/ga/CScriptedDraws.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/Pieces.h"
 
@@ -22,11 +23,6 @@ using support::PrintedBy;
 using testing::HasSubstr;
 
 constexpr int POPULATION = 6;
-
-class CNobody final : public CGenerationSink {
-public:
-    void GenerationDone(int /*nGeneration*/) override {}
-};
 
 std::vector<SGene> GenesOf(const CChromosome& chromosome) {
     return {chromosome.Genes().begin(), chromosome.Genes().end()};
@@ -51,7 +47,7 @@ protected:
     std::vector<CChromosome> Breed(int nGenerations, std::vector<int> draws) {
         CContainer container;
         container.m_Polygons = m_Polygons;
-        CNobody nobody;
+        support::CNobody nobody;
         const CScriptedDraws script(std::move(draws));
         m_Printed = PrintedBy([&] { container.RunSearch(POPULATION, nGenerations, 1, nobody); });
         return container.m_Population;

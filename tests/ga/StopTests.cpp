@@ -8,6 +8,7 @@
 #include "ga/CContainer.h"
 #include "tests/ga/CPrintListener.h"
 #include "tests/ga/CScriptedDraws.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/Pieces.h"
 
@@ -47,9 +48,9 @@ struct SReport {
     float m_fAverage = 0.0F;
 };
 
-class CReports final : public CGenerationSink {
+class CReports final : public support::CContainerSink {
 public:
-    CReports(CContainer& container, int nStopAt) : m_Container(container), m_nStopAt(nStopAt) {}
+    CReports(CContainer& container, int nStopAt) : CContainerSink(container), m_nStopAt(nStopAt) {}
 
     void GenerationDone(int nGeneration) override {
         SReport report{nGeneration,
@@ -70,7 +71,6 @@ public:
     std::vector<SReport> m_Reports;
 
 private:
-    CContainer& m_Container;
     int m_nStopAt;
 };
 
@@ -199,14 +199,23 @@ TEST_F(StoppedSearch, WhenThePopulationHasJustBeenReplacedKeepsTheNewOneWithoutR
     EXPECT_TRUE(listener.Text().ends_with("Newly Created 4\n"));
 }
 
-TEST_F(StoppedSearch, CanBeRunAgainSinceARunBeginsByClearingTheRequest) {
+TEST_F(StoppedSearch, CanBeRunAgainOnceTheRequestIsTakenBack) {
     SRun run(0);
     ASSERT_TRUE(run.m_Container.m_bStop);
+    run.m_Container.m_bStop = false;
     run.m_Container.m_Population.clear();
     CReports reports(run.m_Container, NEVER);
     EXPECT_EQ(PrintedBy([&] { run.m_Container.RunSearch(POPULATION, GENERATIONS, SEED, reports); }),
               m_Whole.m_Printed);
-    EXPECT_FALSE(run.m_Container.m_bStop);
+}
+
+TEST_F(StoppedSearch, BeforeItBeganReportsItsFirstGenerationAndLeavesTheRequestAlone) {
+    SRun run(0);
+    run.m_Container.m_Population.clear();
+    CReports reports(run.m_Container, NEVER);
+    run.m_Container.RunSearch(POPULATION, GENERATIONS, SEED, reports);
+    EXPECT_EQ(reports.m_Reports.size(), 1U);
+    EXPECT_TRUE(run.m_Container.m_bStop);
 }
 
 TEST_F(StoppedSearch, OfAnEmptyPopulationEndsAtOnce) {

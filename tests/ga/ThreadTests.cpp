@@ -6,7 +6,9 @@
 
 #include "ga/CContainer.h"
 #include "tests/support/BenchmarkSets.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
+#include "tests/support/Chromosomes.h"
 #include "tests/support/PolygonMaking.h"
 
 namespace nestrix {
@@ -18,8 +20,10 @@ namespace {
 using namespace std::chrono_literals;
 
 /// Counts the generations where another thread can see it.
-class CCounter final : public CGenerationSink {
+class CCounter final : public support::CContainerSink {
 public:
+    using CContainerSink::CContainerSink;
+
     void GenerationDone(int nGeneration) override {
         m_nDone = nGeneration + 1;
         m_nDone.notify_all();
@@ -65,7 +69,7 @@ protected:
 
     const support::CStdoutCapture m_Silence;  ///< before the thread that prints, so that it outlives it
     CContainer m_Container;
-    CCounter m_Counter;
+    CCounter m_Counter{m_Container};
     std::thread m_Thread;
     std::atomic<bool> m_bReturned = false;
 };
@@ -84,6 +88,7 @@ TEST_F(SearchOnAThread, StopsWhateverTheMomentOfTheRequest) {
     for (int nRound = 0; nRound < 50; ++nRound) {
         m_Container.m_Population.clear();
         m_Counter.m_nDone = 0;
+        m_Container.m_bStop = false;
         Start(ENDLESS);
         WaitForGeneration(nRound % 5);
         std::this_thread::sleep_for(nRound * 7us);
@@ -102,7 +107,7 @@ TEST_F(SearchOnAThread, HandsOutWholeBestChromosomesAllTheTime) {
         const CChromosome best = m_Container.CopyBestChromosome();
         ASSERT_EQ(best.m_nGenes, PIECES);
         // The fitness belongs to these genes and to no others.
-        ASSERT_EQ(m_Container.PlaceChromosome(best, placed, nullptr), best.m_fFitness);
+        ASSERT_EQ(support::PlaceChromosome(m_Container, best, placed, nullptr), best.m_fFitness);
         ASSERT_GE(best.m_fFitness, fBefore);
         fBefore = best.m_fFitness;
     }
@@ -138,7 +143,7 @@ TEST_F(SearchOnAThread, HasTheSameHistoryAsOnTheMainThread) {
     const CChromosome best = m_Container.m_BestChromosome;
     CContainer again;
     again.m_Polygons = m_Container.m_Polygons;
-    CCounter counter;
+    CCounter counter(again);
     again.RunSearch(POPULATION, 50, 1, counter);
     EXPECT_EQ(again.m_BestChromosome.m_fFitness, best.m_fFitness);
     EXPECT_TRUE(std::equal(best.Genes().begin(), best.Genes().end(), again.m_BestChromosome.Genes().begin()));
@@ -164,7 +169,7 @@ protected:
         two.m_pGenes[1] = chromosome.Genes().back();
         two.m_pGenes[1].m_nPolygon = 1;
         std::vector<CPolygon> placed;
-        return m_Two.PlaceChromosome(two, placed, nullptr) == chromosome.m_fFitness;
+        return support::PlaceChromosome(m_Two, two, placed, nullptr) == chromosome.m_fFitness;
     }
 
     CContainer m_Two;

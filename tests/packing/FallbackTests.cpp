@@ -7,7 +7,7 @@
 #include <limits>
 #include <utility>
 
-#include "packing/CPlacement.h"
+#include "ga/CDecoder.h"
 #include "tests/reference/ReferencePlacement.h"
 #include "tests/support/Chromosomes.h"
 #include "tests/support/PolygonMaking.h"
@@ -25,17 +25,17 @@ using support::Outline;
 constexpr float STRIP_WIDTH = 400.0F;
 
 /// Places the genes, holds the result against the plain reference and tells which ways the drops took.
-CPlacement::SCounts CountWays(const std::vector<CPolygon>& polygons, const CChromosome& chromosome,
-                              CContactSink* pContacts = nullptr, float fStripWidth = STRIP_WIDTH) {
+CDropPlacement::SCounts CountWays(const std::vector<CPolygon>& polygons, const CChromosome& chromosome,
+                                  CContactSink* pContacts = nullptr, float fStripWidth = STRIP_WIDTH) {
     const float fTotalHeight = reference::TotalHeight(polygons);
-    CPlacement placement(polygons, fTotalHeight, fStripWidth);
-    const float fFitness = placement.Place(chromosome.Genes(), pContacts);
-    const reference::SPacking plain = reference::Place(chromosome.Genes(), polygons, fTotalHeight);
+    CDecoder decoder(polygons, SStrip{fStripWidth}, fTotalHeight);
+    const float fFitness = decoder.Evaluate(chromosome.Genes(), pContacts);
+    const reference::SPlainPacking plain = reference::Place(chromosome.Genes(), polygons, fTotalHeight);
     EXPECT_EQ(fFitness, plain.m_fFitness);
     for (size_t i = 0; i < plain.m_Placed.size(); ++i) {
-        EXPECT_EQ(placement.Drops()[i].m_ReferencePoint, plain.m_Placed[i].m_ReferencePoint) << "drop " << i;
+        EXPECT_EQ(decoder.Packing().m_Placed[i].m_At, plain.m_Placed[i].m_ReferencePoint) << "drop " << i;
     }
-    return placement.Counts();
+    return decoder.Counts();
 }
 
 class CContacts final : public CContactSink {
@@ -47,7 +47,7 @@ public:
 }  // namespace
 
 TEST(ShortCut, IsTakenByOrdinaryDrops) {
-    const CPlacement::SCounts counts =
+    const CDropPlacement::SCounts counts =
         CountWays({MakeSquare(10), MakeSquare(10)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}));
     EXPECT_EQ(counts.m_nShort, 2U);
     EXPECT_EQ(counts.m_nWalked, 0U);
@@ -55,14 +55,14 @@ TEST(ShortCut, IsTakenByOrdinaryDrops) {
 }
 
 TEST(ShortCut, IsTakenByAHangingDrop) {
-    const CPlacement::SCounts counts =
+    const CDropPlacement::SCounts counts =
         CountWays({MakeSquare(10), MakeSquare(10)}, MakeChromosome({{0, 0, 7.0F}, {1, 1, 7.0F}}));
     EXPECT_EQ(counts.m_nShort, 2U);
 }
 
 TEST(ShortCut, IsTakenWhereAYoungerPieceCoversTheCornerThatWouldHangTheDrop) {
     const std::vector<CPolygon> polygons = {MakeSquare(10), MakeRectangle(30, 5), MakeSquare(10)};
-    const CPlacement::SCounts counts =
+    const CDropPlacement::SCounts counts =
         CountWays(polygons, MakeChromosome({{0, 0, 10.0F}, {1, 1, 0.0F}, {2, 2, 10.0F}}));
     EXPECT_EQ(counts.m_nShort, 3U);
 }
@@ -71,12 +71,12 @@ TEST(ShortCut, IsTakenWhereFlatLiesOnFlatHoweverTheRestIsRounded) {
     const std::vector<CPolygon> polygons(6, MakeRectangle(20, 10.1F));
     for (int i = 0; i < 100; ++i) {
         const float fX = 0.37F * static_cast<float>(i);
-        const CPlacement::SCounts counts = CountWays(polygons, MakeChromosome({{0, 0, fX},
-                                                                               {1, 1, fX + 3.1F},
-                                                                               {2, 2, fX + 1.7F},
-                                                                               {3, 3, fX + 4.9F},
-                                                                               {4, 4, fX + 2.3F},
-                                                                               {5, 5, fX + 0.9F}}));
+        const CDropPlacement::SCounts counts = CountWays(polygons, MakeChromosome({{0, 0, fX},
+                                                                                   {1, 1, fX + 3.1F},
+                                                                                   {2, 2, fX + 1.7F},
+                                                                                   {3, 3, fX + 4.9F},
+                                                                                   {4, 4, fX + 2.3F},
+                                                                                   {5, 5, fX + 0.9F}}));
         EXPECT_EQ(counts.m_nWalked, 0U);
     }
 }
@@ -90,7 +90,7 @@ TEST(ShortCut, IsTakenByAnOutlineTooNarrowToBeCutIntoCells) {
         outline.push_back({static_cast<float>(i) * 1e-40F, 10.0F + 0.1F * static_cast<float>(i % 3), 0.0F});
     }
     const std::vector<CPolygon> polygons = {MakeSquare(10), MakePolygon(outline), MakePolygon(outline)};
-    const CPlacement::SCounts counts =
+    const CDropPlacement::SCounts counts =
         CountWays(polygons, MakeChromosome({{0, 0, 0.0F}, {1, 1, 0.0F}, {2, 2, 0.0F}}));
     EXPECT_EQ(counts.m_nWalkedLayouts, 0U);
 }
@@ -107,13 +107,13 @@ TEST(ShortCut, FindsWhatTouchesAtTheHeightOfZero) {
     const Outline sunk = {{4, -5, 0}, {6, -5, 0}, {6, 0, 0}, {4, 0, 0}};
     const std::vector<CPolygon> polygons = {MakePolygon(sunk, {4, 0, 0}, {6, 10, 0}),
                                             MakePolygon(ragged, {0, 0, 0}, {32, 10, 0})};
-    const CPlacement::SCounts counts = CountWays(polygons, MakeChromosome({{0, 0, 0.0F}, {1, 1, 0.0F}}));
+    const CDropPlacement::SCounts counts = CountWays(polygons, MakeChromosome({{0, 0, 0.0F}, {1, 1, 0.0F}}));
     EXPECT_EQ(counts.m_nWalkedLayouts, 0U);
 }
 
 TEST(ShortCut, IsNotTakenWhereContactsAreAskedFor) {
     CContacts contacts;
-    const CPlacement::SCounts counts =
+    const CDropPlacement::SCounts counts =
         CountWays({MakeSquare(10), MakeSquare(10)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}), &contacts);
     EXPECT_EQ(counts.m_nWalked, 2U);
     EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
@@ -121,20 +121,20 @@ TEST(ShortCut, IsNotTakenWhereContactsAreAskedFor) {
 }
 
 TEST(ShortCut, IsNotTakenWithAnOffsetFarOutsideTheStrip) {
-    const CPlacement::SCounts counts =
+    const CDropPlacement::SCounts counts =
         CountWays({MakeSquare(10), MakeSquare(10)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5000.0F}}));
     EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
 }
 
 TEST(ShortCut, IsNotTakenInAStripOfHugeWidth) {
-    const CPlacement::SCounts counts = CountWays(
+    const CDropPlacement::SCounts counts = CountWays(
         {MakeSquare(10), MakeSquare(10)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}), nullptr, 2e18F);
     EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
 }
 
 TEST(ShortCut, IsNotTakenInAStripOfNextToNoWidth) {
     for (const float fWidth : {0.0F, 1e-39F}) {
-        const CPlacement::SCounts counts = CountWays(
+        const CDropPlacement::SCounts counts = CountWays(
             {MakeSquare(10), MakeSquare(10)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}), nullptr, fWidth);
         EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
     }
@@ -143,7 +143,7 @@ TEST(ShortCut, IsNotTakenInAStripOfNextToNoWidth) {
 TEST(ShortCut, IsLeftForOneDropWhereABoxLeavesOutWhatStopsTheFall) {
     CPolygon understated = MakeSquare(10);
     understated.m_BoundingBoxMax.y = 2.0F;
-    const CPlacement::SCounts counts =
+    const CDropPlacement::SCounts counts =
         CountWays({understated, MakeSquare(10)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}));
     EXPECT_EQ(counts.m_nShort, 1U);
     EXPECT_EQ(counts.m_nWalked, 1U);
@@ -157,7 +157,7 @@ TEST(ShortCut, IsLeftForOneDropWhereABoxLeavesOutWhatHoldsItAboveACornerInLine) 
     // third one is not asked after the fourth.
     const std::vector<CPolygon> polygons = {MakeRectangle(8, 40), MakeRectangle(10, 20), understated,
                                             MakeRectangle(7, 15), MakeRectangle(40, 5)};
-    const CPlacement::SCounts counts = CountWays(
+    const CDropPlacement::SCounts counts = CountWays(
         polygons, MakeChromosome({{0, 0, 1.0F}, {1, 1, 30.0F}, {2, 2, 11.0F}, {3, 3, 21.0F}, {4, 4, 0.0F}}));
     EXPECT_EQ(counts.m_nWalked, 1U);
 }
@@ -229,7 +229,7 @@ class ShortCutWith : public testing::TestWithParam<SForgery> {};
 TEST_P(ShortCutWith, IsNotTaken) {
     CPolygon forged = MakeSquare(10);
     GetParam().m_pForge(forged);
-    const CPlacement::SCounts counts =
+    const CDropPlacement::SCounts counts =
         CountWays({MakeSquare(10), forged}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}));
     EXPECT_EQ(counts.m_nWalkedLayouts, 1U);
 }

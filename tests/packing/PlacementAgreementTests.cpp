@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "packing/CPlacement.h"
+#include "ga/CDecoder.h"
 #include "tests/reference/Agreement.h"
 #include "tests/reference/ReferencePlacement.h"
 #include "tests/support/Chromosomes.h"
@@ -55,14 +55,14 @@ void ExpectAgreementOnOneSet(const SFamily& family, uint64_t nSeed, int nPieces,
     CSeededRandom random(nSeed);
     CContainer container;
     FillContainer(container, random, family, nPieces > 0 ? nPieces : RandomSetSize(random));
-    CPlacement placement(container.m_Polygons, container.m_fTotalHeight, container.m_fContainerWidth);
+    CDecoder decoder(container.m_Polygons, SStrip{container.m_fContainerWidth}, container.m_fTotalHeight);
     for (int nLayout = 0; nLayout < nLayouts; ++nLayout) {
         const int nPolygons = static_cast<int>(container.m_Polygons.size());
         CChromosome chromosome = MakeChromosome(random, nPolygons, container.m_fContainerWidth);
         if (random.Percent(80)) {
             ASSERT_EQ(FindClampDifference(container, chromosome), "") << "seed " << nSeed;
         }
-        ASSERT_EQ(reference::FindPlacementDifference(container, chromosome, placement), "")
+        ASSERT_EQ(reference::FindPlacementDifference(container, chromosome, decoder), "")
             << "seed " << nSeed << ", layout " << nLayout << " of " << nPolygons << " pieces";
     }
 }

@@ -41,7 +41,8 @@ protected:
 
     static std::vector<CPolygon> Place(const SLayout& layout, float* pFitness = nullptr) {
         std::vector<CPolygon> placed;
-        const float fFitness = layout.m_Container.PlaceChromosome(layout.m_Chromosome, placed, nullptr);
+        const float fFitness =
+            support::PlaceChromosome(layout.m_Container, layout.m_Chromosome, placed, nullptr);
         if (pFitness != nullptr) {
             *pFitness = fFitness;
         }

@@ -41,7 +41,7 @@ protected:
         // With and without a listener: only without one may a placement take short cuts.
         EXPECT_EQ(reference::FindPlacementDifference(m_Container, chromosome), "");
         m_Log.m_Contacts.clear();
-        return m_Container.PlaceChromosome(chromosome, m_Placed, &m_Log);
+        return support::PlaceChromosome(m_Container, chromosome, m_Placed, &m_Log);
     }
 
     /// The heights at which the polygons' reference points came to rest, in drop order.
@@ -175,7 +175,8 @@ TEST_F(Placement, WithoutAListenerIsTheSame) {
     Use({MakeSquare(10), MakeSquare(10)});
     const float fFitness = Place({{0, 0, 0}, {1, 1, 5}});
     std::vector<CPolygon> placed;
-    EXPECT_EQ(m_Container.PlaceChromosome(MakeChromosome({{0, 0, 0}, {1, 1, 5}}), placed, nullptr), fFitness);
+    EXPECT_EQ(support::PlaceChromosome(m_Container, MakeChromosome({{0, 0, 0}, {1, 1, 5}}), placed, nullptr),
+              fFitness);
     EXPECT_EQ(placed, m_Placed);
 }
 

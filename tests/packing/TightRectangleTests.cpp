@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "packing/CPlacement.h"
+#include "ga/CDecoder.h"
 #include "tests/reference/Agreement.h"
 #include "tests/support/PolygonMaking.h"
 #include "tests/support/RandomCases.h"
@@ -49,11 +49,10 @@ TEST(TightRectangles, ArePlacedAsThePlainReferencePlacesThem) {
             chromosome.m_pGenes[i] = {i, i, 10.0F * static_cast<float>(random.Range(0, 3))};
         }
         container.PrepareEverything(0);
-        CPlacement placement(container.m_Polygons, container.m_fTotalHeight, container.m_fContainerWidth);
-        ASSERT_EQ(reference::FindPlacementDifference(container, chromosome, placement), "")
-            << "seed " << nSeed;
-        nShort += placement.Counts().m_nShort;
-        nWalked += placement.Counts().m_nWalked;
+        CDecoder decoder(container.m_Polygons, SStrip{container.m_fContainerWidth}, container.m_fTotalHeight);
+        ASSERT_EQ(reference::FindPlacementDifference(container, chromosome, decoder), "") << "seed " << nSeed;
+        nShort += decoder.Counts().m_nShort;
+        nWalked += decoder.Counts().m_nWalked;
     }
     EXPECT_GT(nShort, nWalked);
     EXPECT_GT(nWalked, 0U);

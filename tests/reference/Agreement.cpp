@@ -3,11 +3,13 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "packing/CPlacement.h"
+#include "ga/CDecoder.h"
 #include "tests/reference/CReferenceSearch.h"
 #include "tests/reference/ReferenceGeometry.h"
 #include "tests/reference/ReferencePlacement.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
+#include "tests/support/Chromosomes.h"
 #include "tests/support/PolygonMaking.h"
 #include "tests/support/SameBits.h"
 
@@ -83,7 +85,7 @@ public:
 
 /// `placed` is read after the call that fills it, so it comes by reference.
 std::string FindPackingDifference(const std::vector<CPolygon>& placed, float fFitness,
-                                  const SPacking& plain) {
+                                  const SPlainPacking& plain) {
     if (placed.size() != plain.m_Placed.size()) {
         return "the numbers of placed polygons differ";
     }
@@ -102,14 +104,14 @@ std::string FindPackingDifference(const std::vector<CPolygon>& placed, float fFi
                                                 : Differs("fitness", fFitness, plain.m_fFitness);
 }
 
-std::string FindDropDifference(std::span<const SDrop> drops, const std::vector<CPolygon>& placed) {
+std::string FindDropDifference(std::span<const SPlacedPiece> drops, const std::vector<CPolygon>& placed) {
     if (drops.size() != placed.size()) {
         return "the numbers of drops differ";
     }
     for (size_t i = 0; i < drops.size(); ++i) {
-        if (!Same(drops[i].m_ReferencePoint, placed[i].m_ReferencePoint)) {
+        if (!Same(drops[i].m_At, placed[i].m_ReferencePoint)) {
             return "drop " + std::to_string(i) + ", " +
-                   Differs("resting place", drops[i].m_ReferencePoint.y, placed[i].m_ReferencePoint.y);
+                   Differs("resting place", drops[i].m_At.y, placed[i].m_ReferencePoint.y);
         }
     }
     return {};
@@ -134,9 +136,9 @@ std::string ReportText(int nGeneration, float fAverage, float fBest, float fWors
     return text;
 }
 
-class CReportPrinter final : public CGenerationSink {
+class CReportPrinter final : public support::CContainerSink {
 public:
-    CReportPrinter(CContainer& container, int nStopAt) : m_Container(container), m_nStopAt(nStopAt) {}
+    CReportPrinter(CContainer& container, int nStopAt) : CContainerSink(container), m_nStopAt(nStopAt) {}
 
     void GenerationDone(int nGeneration) override {
         const std::string text =
@@ -149,7 +151,6 @@ public:
     }
 
 private:
-    CContainer& m_Container;
     int m_nStopAt;
 };
 
@@ -261,26 +262,27 @@ std::string FindApproachDifference(const CPolygon& moving, CPolygon& obstacle) {
 }
 
 std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome,
-                                    CPlacement& placement) {
-    const SPacking plain = Place(chromosome.Genes(), container.m_Polygons, container.m_fTotalHeight);
+                                    CDecoder& decoder) {
+    const SPlainPacking plain = Place(chromosome.Genes(), container.m_Polygons, container.m_fTotalHeight);
     CContactLog log;
     std::vector<CPolygon> placed;
     // Whoever listens for contacts may be served in another way than who does not: both must agree, and so
     // must a placement that has been used before.
     std::string difference =
-        FindPackingDifference(placed, container.PlaceChromosome(chromosome, placed, &log), plain);
+        FindPackingDifference(placed, support::PlaceChromosome(container, chromosome, placed, &log), plain);
     if (!difference.empty()) {
         return "with contacts, " + difference;
     }
     if (!SameLists(log.m_Contacts, plain.m_Contacts)) {
         return "contacts differ";
     }
-    difference = FindPackingDifference(placed, container.PlaceChromosome(chromosome, placed, nullptr), plain);
+    difference = FindPackingDifference(
+        placed, support::PlaceChromosome(container, chromosome, placed, nullptr), plain);
     if (!difference.empty()) {
         return "without contacts, " + difference;
     }
-    const float fFitness = placement.Place(chromosome.Genes());
-    difference = FindDropDifference(placement.Drops(), plain.m_Placed);
+    const float fFitness = decoder.Evaluate(chromosome.Genes());
+    difference = FindDropDifference(decoder.Packing().m_Placed, plain.m_Placed);
     if (difference.empty() && !SameBits(fFitness, plain.m_fFitness)) {
         difference = Differs("fitness", fFitness, plain.m_fFitness);
     }
@@ -288,8 +290,8 @@ std::string FindPlacementDifference(const CContainer& container, const CChromoso
 }
 
 std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome) {
-    CPlacement placement(container.m_Polygons, container.m_fTotalHeight, container.m_fContainerWidth);
-    return FindPlacementDifference(container, chromosome, placement);
+    CDecoder decoder(container.m_Polygons, SStrip{container.m_fContainerWidth}, container.m_fTotalHeight);
+    return FindPlacementDifference(container, chromosome, decoder);
 }
 
 std::string FindSearchDifference(const SSearchCase& searchCase) {

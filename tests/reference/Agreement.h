@@ -8,7 +8,7 @@
 
 namespace nestrix {
 
-class CPlacement;
+class CDecoder;
 
 /// Comparisons of the engine with the plain reference. Each runs both on the same input and returns the first
 /// difference in words, or nothing when they agree bit for bit.
@@ -29,7 +29,7 @@ namespace reference {
 
 /// The same, trying `placement` too, which must be one of the container's polygons and may have been used.
 [[nodiscard]] std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome,
-                                                  CPlacement& placement);
+                                                  CDecoder& decoder);
 
 /// A whole search.
 struct SSearchCase {

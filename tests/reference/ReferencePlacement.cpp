@@ -83,12 +83,12 @@ void GetCollidablePolygonList(const CPolygon& polygon, const std::vector<CPolygo
     }
 }
 
-SPacking Place(std::span<const SGene> genes, const std::vector<CPolygon>& polygons, float fTotalHeight) {
+SPlainPacking Place(std::span<const SGene> genes, const std::vector<CPolygon>& polygons, float fTotalHeight) {
     std::vector<SGene> sorted(genes.begin(), genes.end());
     if (!sorted.empty()) {
         std::qsort(sorted.data(), sorted.size(), sizeof(SGene), CompareGenes);
     }
-    SPacking packing;
+    SPlainPacking packing;
     float fMaxTop = 0.0F;
     const float fStartY = 2.0F * fTotalHeight;
     for (const SGene& gene : sorted) {

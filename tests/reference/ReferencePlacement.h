@@ -19,13 +19,13 @@ void GetCollidablePolygonList(const CPolygon& polygon, const std::vector<CPolygo
                               std::vector<CPolygon>& collidable);
 
 /// A packing and its fitness.
-struct SPacking {
+struct SPlainPacking {
     std::vector<CPolygon> m_Placed;
     std::vector<mgVector3> m_Contacts;
     float m_fFitness = 0.0F;
 };
 
-[[nodiscard]] SPacking Place(std::span<const SGene> genes, const std::vector<CPolygon>& polygons,
-                             float fTotalHeight);
+[[nodiscard]] SPlainPacking Place(std::span<const SGene> genes, const std::vector<CPolygon>& polygons,
+                                  float fTotalHeight);
 
 }  // namespace nestrix::reference

@@ -1,5 +1,7 @@
 #include "tests/support/Chromosomes.h"
 
+#include "ga/CDecoder.h"
+
 #include <algorithm>
 #include <limits>
 #include <numeric>
@@ -94,6 +96,14 @@ CChromosome MakeChromosome(std::initializer_list<SGene> genes) {
     chromosome.SetGeneCount(static_cast<int>(genes.size()));
     std::copy(genes.begin(), genes.end(), chromosome.m_pGenes);
     return chromosome;
+}
+
+float PlaceChromosome(const CContainer& container, const CChromosome& chromosome,
+                      std::vector<CPolygon>& placed, CContactSink* pContacts) {
+    CDecoder decoder(container.m_Polygons, container.Strip(), container.m_fTotalHeight);
+    const float fFitness = decoder.Evaluate(chromosome.Genes(), pContacts);
+    placed = PlacedPolygons(container.m_Polygons, decoder.Packing());
+    return fFitness;
 }
 
 }  // namespace nestrix::support

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "ga/CChromosome.h"
+#include "ga/CContainer.h"
+#include "packing/CContactSink.h"
 #include "tests/support/CSeededRandom.h"
 
 namespace nestrix::support {
@@ -36,5 +37,11 @@ enum class EIndices {
 
 /// A chromosome with the given genes.
 [[nodiscard]] CChromosome MakeChromosome(std::initializer_list<SGene> genes);
+
+/// One placement as the container's search makes it, with its fitness.
+/// @param placed receives the placed polygons, in drop order.
+/// @param pContacts hears of every contact; may be null.
+float PlaceChromosome(const CContainer& container, const CChromosome& chromosome,
+                      std::vector<CPolygon>& placed, CContactSink* pContacts = nullptr);
 
 }  // namespace nestrix::support

@@ -11,6 +11,7 @@
 
 #include "ga/CContainer.h"
 #include "tests/display/EventPump.h"
+#include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/PolygonMaking.h"
 
@@ -209,16 +210,18 @@ TEST_F(ProgressEvent, IsNotPostedAnyMoreByAnAbandonedSearchThatWaitsForItsReceiv
 }
 
 /// Ends a search at its first notice.
+TEST_F(ProgressEvent, ComesFromARunThatTakesAnEarlierRequestToStopBack) {
+    m_Container.m_bStop = true;
+    m_Container.RunGA(4, 2);
+    EXPECT_EQ(m_Receiver.m_nPosted, 3);
+    EXPECT_FALSE(m_Container.m_bStop);
+}
+
 TEST_F(ProgressEvent, HandledBeforeARequestToStopIsTheLastOne) {
     m_Receiver.m_OnPost = [this](const wxEvent&) { m_Container.m_bStop = true; };
     m_Container.RunGA(4, 100);
     EXPECT_EQ(m_Receiver.m_nPosted, 1);
 }
-
-class CNobody final : public CGenerationSink {
-public:
-    void GenerationDone(int /*nGeneration*/) override {}
-};
 
 TEST_F(ProgressEvent, ComesFromASearchThatIsSeededWithTheClock) {
     m_Container.m_pEventHandler = nullptr;
@@ -229,7 +232,7 @@ TEST_F(ProgressEvent, ComesFromASearchThatIsSeededWithTheClock) {
     for (std::time_t now = before; now <= after; ++now) {
         CContainer again;
         again.m_Polygons = m_Container.m_Polygons;
-        CNobody nobody;
+        support::CNobody nobody;
         bFound = bFound ||
                  printed == PrintedBy([&] { again.RunSearch(6, 3, static_cast<unsigned int>(now), nobody); });
     }

@@ -7,7 +7,7 @@
 
 #include "formats/CWholeFile.h"
 #include "tests/batch/BatchProgram.h"
-#include "tests/batch/TextFiles.h"
+#include "tests/support/TextFiles.h"
 #include "tests/support/COrdinaryUser.h"
 #include "tests/support/CTemporaryFolder.h"
 

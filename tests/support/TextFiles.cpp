@@ -1,4 +1,4 @@
-#include "tests/batch/TextFiles.h"
+#include "tests/support/TextFiles.h"
 
 #include <gtest/gtest.h>
 
