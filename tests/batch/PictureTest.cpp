@@ -96,12 +96,24 @@ TEST(Picture, EnclosesWhatSticksOutOfTheStrip) {
     EXPECT_EQ(view.m_Top, 10.0);
 }
 
+TEST(Picture, OfALargePackingHasLargerTextsAndLines) {
+    EXPECT_EQ(FindPictureView({{}, 400.0F, 600.0F}).m_Scale, 1.0);
+    EXPECT_EQ(FindPictureView({{}, 400.0F, 1200.0F}).m_Scale, 2.0);
+    EXPECT_EQ(FindPictureView({{}, 1800.0F, 600.0F}).m_Scale, 3.0);
+}
+
+TEST(Picture, NumbersAPieceWithoutRoomInTheSmallestSize) {
+    const CPolygon speck = MakeSquare(0.5F);
+    EXPECT_THAT(DrawPackingSvg({{&speck, 1}, 400.0F, 0.5F}), HasSubstr("font-size=\"2.5\">1</text>"));
+}
+
 TEST(Picture, WithANumberThatIsNotFiniteIsNotDrawn) {
     const float fInfinity = std::numeric_limits<float>::infinity();
     const float fLargest = std::numeric_limits<float>::max();
     EXPECT_EQ(DrawSquares({{0, 0, 0}}, fInfinity), "");
     EXPECT_EQ(DrawSquares({{0, 0, 0}}, std::numeric_limits<float>::quiet_NaN()), "");
     EXPECT_EQ(DrawSquares({{0, -fInfinity, 0}}, 20.0F), "");
+    EXPECT_EQ(DrawPackingSvg({{}, fInfinity, 20.0F}), "");
     const CPolygon overflowing = PlacedAt(MakeSquare(fLargest), fLargest, 0.0F);
     EXPECT_EQ(DrawPackingSvg({{&overflowing, 1}, 400.0F, 20.0F}), "");
 }

@@ -6,12 +6,14 @@
 #include <filesystem>
 
 #include "BatchProgram.h"
+#include "COrdinaryUser.h"
 #include "CTemporaryFolder.h"
 #include "PolygonInput.h"
 #include "PolygonMaking.h"
 #include "PolygonPaths.h"
 #include "TextFiles.h"
 
+using support::COrdinaryUser;
 using support::CTemporaryFolder;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -116,6 +118,16 @@ TEST(BadPath, ToAFolderWithoutPolygonsIsNamed) {
     const SBatchResult result = RunBatchProgram(folder.Path());
     EXPECT_EQ(result.m_nStatus, 2);
     EXPECT_THAT(result.m_Errors, HasSubstr(folder.Path().native() + ": the folder holds no .pol files"));
+}
+
+TEST(BadPath, ToAFolderThatCannotBeListedIsNamedWithTheReason) {
+    const CTemporaryFolder folder;
+    const std::string locked = folder.PathOf("locked");
+    fs::create_directory(locked);
+    fs::permissions(locked, fs::perms::none);
+    fs::permissions(folder.Path(), fs::perms(0755));
+    const COrdinaryUser ordinaryUser;
+    EXPECT_THAT(FindPolygonFiles(std::array{locked}).m_Faults, ElementsAre(locked + ": Permission denied"));
 }
 
 TEST(BadPath, ToADeviceIsNamedInsteadOfReadForEver) {

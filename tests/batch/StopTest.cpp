@@ -125,6 +125,17 @@ TEST(Termination, IsToldWithTheLastGeneration) {
                 MatchesRegex("nestrix-batch: stopped after generation [1-9][0-9]* of 2147483647\n"));
 }
 
+TEST(Termination, IsToldAfterTheFirstGenerationToo) {
+    // Each of the many draws for the next one looks at the whole population: it takes a minute.
+    const std::string search = NESTRIX_SAMPLES "/squares --population 100000";
+    const std::string untilItHasWorkedForASecond =
+        "until [ $(cut -d ' ' -f 14 /proc/$p/stat) -gt $(getconf CLK_TCK) ]; do sleep 0.05; done; ";
+    const SBatchResult result =
+        RunBatchProgram(search + " & p=$!; " + untilItHasWorkedForASecond + "kill -TERM $p; wait $p");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.m_Errors, "nestrix-batch: stopped after generation 0 of 500\n");
+}
+
 TEST(CtrlC, PressedTwiceStillWritesTheResult) {
     const CTemporaryFolder folder;
     CRunningBatch batch(ENDLESS_SEARCH + " --svg " + folder.PathOf("packing.svg"));
