@@ -100,10 +100,9 @@ bool CanReplace(const fs::path& target) {
     if (nDescriptor < 0) {
         return false;
     }
+    Remove(trial);  // already now: a signal that ends the program leaves nothing behind
     constexpr std::array<char, 4096> BLOCK{};
-    const bool bWritten = CloseAfter(WriteAll(nDescriptor, {BLOCK.data(), BLOCK.size()}), nDescriptor);
-    Remove(trial);
-    return bWritten;
+    return CloseAfter(WriteAll(nDescriptor, {BLOCK.data(), BLOCK.size()}), nDescriptor);
 }
 
 bool ReplaceFile(const fs::path& target, std::string_view content) {

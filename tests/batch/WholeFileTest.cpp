@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "BatchProgram.h"
@@ -38,13 +39,39 @@ std::string FaultOf(const std::string& path) {
     return CWholeFile(path).Fault();
 }
 
+bool g_bDiskFailsLate = false;
+
 }  // namespace
+
+extern "C" {
+
+int __real_fsync(int nDescriptor);
+
+/// As on a disk that takes all in, and keeps nothing.
+int __wrap_fsync(int nDescriptor) {
+    if (g_bDiskFailsLate) {
+        errno = EIO;
+        return -1;
+    }
+    return __real_fsync(nDescriptor);
+}
+}
 
 TEST(WholeFile, ReplacesTheOldContent) {
     const CTemporaryFolder folder;
     const std::string path = folder.Write("a.svg", "old and longer");
     EXPECT_EQ(WriteFile(path, "new"), "");
     EXPECT_EQ(ReadFile(path), "new");
+    EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(WholeFile, KeepsTheOldContentUntilTheNewIsOnTheDisk) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.Write("a.svg", "old");
+    g_bDiskFailsLate = true;
+    EXPECT_EQ(WriteFile(path, "new"), "Input/output error");
+    g_bDiskFailsLate = false;
+    EXPECT_EQ(ReadFile(path), "old");
     EXPECT_EQ(EntryCount(folder.Path()), 1);
 }
 
