@@ -93,8 +93,12 @@ std::string TemporaryBeside(const fs::path& target) {
     return FolderOf(target) / ".nestrix-XXXXXX";
 }
 
-/// Whether a file can be made in the target's place: there is room for a small one beside it.
+/// Whether a file can and may be made in the target's place: there is room for a small one beside it, and
+/// nobody has protected the old one from being written.
 bool CanReplace(const fs::path& target) {
+    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT) {
+        return false;
+    }
     std::string trial = TemporaryBeside(target);
     const int nDescriptor = mkstemp(trial.data());
     if (nDescriptor < 0) {

@@ -174,6 +174,10 @@ TEST(LabelPoint, OfAUShapeLiesInOneOfItsArms) {
     EXPECT_TRUE(label.m_X < 10.0 || label.m_X > 50.0 || label.m_Y < 10.0);
 }
 
+TEST(LabelPoint, OfAPolygonWithoutVerticesHasNoRoom) {
+    EXPECT_EQ(FindLabelPoint(CPolygon()).m_Room, 0.0);
+}
+
 TEST(LabelPoint, OfAPolygonWithoutAnInsideIsTheMiddleOfItsExtent) {
     const SLabelPoint label = FindLabelPoint(MakePolygon({{0, 0, 0}, {10, 20, 0}, {0, 0, 0}}));
     EXPECT_DOUBLE_EQ(label.m_X, 5.0);

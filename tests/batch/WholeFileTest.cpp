@@ -202,6 +202,16 @@ TEST(WholeFile, CannotReplaceAFolder) {
     EXPECT_NE(WriteFile(folder.Path(), "content"), "");
 }
 
+TEST(WholeFile, DoesNotReplaceAProtectedFile) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.Write("a.svg", "old");
+    fs::permissions(folder.Path(), fs::perms::all);
+    fs::permissions(path, fs::perms(0444));
+    const COrdinaryUser ordinaryUser;
+    EXPECT_EQ(WriteFile(path, "new"), "Permission denied");
+    EXPECT_EQ(ReadFile(path), "old");
+}
+
 TEST(WholeFile, IsRefusedInAnUnwritableFolder) {
     const CTemporaryFolder folder;
     fs::permissions(folder.Path(), fs::perms(0555));
