@@ -70,10 +70,10 @@ TEST(CtrlC, WithinTheFirstGenerationKeepsTheBestSoFar) {
     // Placing all of it would take minutes.
     const CTemporaryFolder folder;
     const std::string disc = folder.Write("disc.pol", DiscFile(2000));
-    CRunningBatch batch(Repeated(disc, 20) + "--population 200000 --seed 5 --svg " +
+    CRunningBatch batch(Repeated(disc, 20) + "--population 50000 --seed 5 --svg " +
                         folder.PathOf("best.svg"));
     batch.WaitUntilItHandles(SIGINT);
-    std::this_thread::sleep_for(std::chrono::milliseconds(support::UNDER_SANITIZER ? 5000 : 1000));
+    batch.WaitUntilItHasWorkedFor(support::UNDER_SANITIZER ? 5.0 : 1.0);
     EXPECT_EQ(StatusSoonAfter(batch, SIGINT), 0);
     EXPECT_THAT(batch.Output(), MatchesRegex("Seed: 5\nBest height: [0-9.]+\n"));
     EXPECT_THAT(ReadFile(folder.PathOf("best.svg")), HasSubstr("Packing of 20 pieces"));
