@@ -43,7 +43,7 @@ CLI::Validator WholeNumber(uint64_t nLeast, uint64_t nMost) {
 std::string CheckProbability(const std::string& text) {
     double probability = 0.0;
     const bool bNumber = CLI::detail::lexical_cast(text, probability);
-    return bNumber && probability >= 0.0 && probability <= 1.0 ? "" : text + " is not between 0 and 1";
+    return bNumber && probability >= 0.0 && probability <= 1.0 ? "" : "'" + text + "' is not between 0 and 1";
 }
 
 /// An empty name is what a script passes whose variable is not set.

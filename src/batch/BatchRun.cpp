@@ -61,7 +61,7 @@ bool IsFaulty(const SPolygonInput& input) {
 void SayWhenItWasStopped(int nGeneration, int nGenerations) {
     if (nGeneration < 0) {
         Complain("stopped within the first generation");
-    } else if (nGeneration < nGenerations) {
+    } else {
         Complain("stopped after generation " + std::to_string(nGeneration) + " of " +
                  std::to_string(nGenerations));
     }

@@ -30,16 +30,13 @@ fs::path FolderOf(const fs::path& target) {
     return target.has_parent_path() ? target.parent_path() : ".";
 }
 
-bool AreSame(const struct stat& a, const struct stat& b) {
-    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
 bool IsStandardOutput(const struct stat& status) {
     struct stat output = {};
-    return fstat(STDOUT_FILENO, &output) == 0 && AreSame(status, output);
+    return fstat(STDOUT_FILENO, &output) == 0 && status.st_dev == output.st_dev &&
+           status.st_ino == output.st_ino;
 }
 
-/// A pipe without a reader is refused: opening it would wait for one, maybe for ever.
+/// A pipe without a reader is refused: opening it would wait for one, maybe for ever. So is a folder.
 int OpenSpecial(const std::string& path) {
     return open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
 }
@@ -98,11 +95,10 @@ std::string TemporaryBeside(const fs::path& target) {
     return FolderOf(target) / ".nestrix-XXXXXX";
 }
 
-/// Whether a file can be made in the target's place: its name is one that the folder takes, and there is room
-/// for a small one beside it.
+/// Whether a file can and may be made in the target's place: there is room for a small one beside it, and
+/// nobody has protected the old one from being written.
 bool CanReplace(const fs::path& target) {
-    struct stat status = {};
-    if (lstat(target.c_str(), &status) != 0 && errno != ENOENT) {
+    if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0 && errno != ENOENT) {
         return false;
     }
     std::string trial = TemporaryBeside(target);
@@ -110,10 +106,9 @@ bool CanReplace(const fs::path& target) {
     if (nDescriptor < 0) {
         return false;
     }
+    Remove(trial);  // already now: a signal that ends the program leaves nothing behind
     constexpr std::array<char, 4096> BLOCK{};
-    const bool bWritten = CloseAfter(WriteAll(nDescriptor, {BLOCK.data(), BLOCK.size()}), nDescriptor);
-    Remove(trial);
-    return bWritten;
+    return CloseAfter(WriteAll(nDescriptor, {BLOCK.data(), BLOCK.size()}), nDescriptor);
 }
 
 bool ReplaceFile(const fs::path& target, std::string_view content) {
@@ -138,10 +133,7 @@ CWholeFile::CWholeFile(const std::string& path) {
     struct stat status = {};
     const bool bExists = stat(path.c_str(), &status) == 0;
     bool bGood = bExists || errno == ENOENT;
-    if (bExists && S_ISDIR(status.st_mode)) {
-        errno = EISDIR;
-        bGood = false;
-    } else if (bExists && IsStandardOutput(status)) {
+    if (bExists && IsStandardOutput(status)) {
         m_nDescriptor = fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, 0);
         bGood = CanWrite(m_nDescriptor);
     } else if (bExists && !S_ISREG(status.st_mode)) {
@@ -163,10 +155,8 @@ CWholeFile::~CWholeFile() {
 }
 
 bool CWholeFile::WouldReplace(const std::string& path) const {
-    struct stat target = {};
-    struct stat other = {};
-    return !m_Target.empty() && stat(m_Target.c_str(), &target) == 0 && stat(path.c_str(), &other) == 0 &&
-           AreSame(target, other);
+    std::error_code error;
+    return fs::equivalent(m_Target, path, error);  // with no target, or a missing one: no
 }
 
 std::string CWholeFile::Write(std::string_view content) {

@@ -43,21 +43,44 @@ double DistanceToEdge(const mgVector3& start, const mgVector3& end, double x, do
     return std::hypot(x - start.x - part * edgeX, y - start.y - part * edgeY);
 }
 
-/// The distance to the nearest edge, 0 outside the outline or if it is no more than `enough`.
-double RoomAt(const CPolygon& polygon, double x, double y, double enough) {
-    bool bInside = false;
-    double room = std::numeric_limits<double>::infinity();
-    for (const CLine& line : polygon.m_Lines) {
-        const mgVector3& start = polygon.PositionOf(line.m_nStart);
-        const mgVector3& end = polygon.PositionOf(line.m_nEnd);
-        bInside ^= Crosses(start, end, x, y);
-        room = std::min(room, DistanceToEdge(start, end, x, y));
-        if (room <= enough) {
+/// Tells of places how much room there is around them.
+class CRoom {
+public:
+    explicit CRoom(const CPolygon& polygon) : m_Polygon(polygon) {}
+
+    /// The distance to the nearest edge, 0 outside the outline or if it is no more than `enough`.
+    double At(double x, double y, double enough) {
+        // The edge that was too near the last place is mostly too near this one.
+        if (!m_Polygon.m_Lines.empty() && DistanceTo(m_nTooNear, x, y) <= enough) {
             return 0.0;
         }
+        bool bInside = false;
+        double room = std::numeric_limits<double>::infinity();
+        for (size_t i = 0; i < m_Polygon.m_Lines.size(); ++i) {
+            bInside ^= Crosses(StartOf(i), EndOf(i), x, y);
+            room = std::min(room, DistanceTo(i, x, y));
+            if (room <= enough) {
+                m_nTooNear = i;
+                return 0.0;
+            }
+        }
+        return bInside ? room : 0.0;
     }
-    return bInside ? room : 0.0;
-}
+
+private:
+    [[nodiscard]] const mgVector3& StartOf(size_t i) const {
+        return m_Polygon.PositionOf(m_Polygon.m_Lines[i].m_nStart);
+    }
+    [[nodiscard]] const mgVector3& EndOf(size_t i) const {
+        return m_Polygon.PositionOf(m_Polygon.m_Lines[i].m_nEnd);
+    }
+    [[nodiscard]] double DistanceTo(size_t i, double x, double y) const {
+        return DistanceToEdge(StartOf(i), EndOf(i), x, y);
+    }
+
+    const CPolygon& m_Polygon;
+    size_t m_nTooNear = 0;
+};
 
 }  // namespace
 
@@ -70,14 +93,15 @@ SLabelPoint FindLabelPoint(const CPolygon& polygon) {
     }
     const int nMiddle = GRID_LINES / 2;
     SLabelPoint best{across.At(nMiddle), upward.At(nMiddle), 0.0};
-    best.m_Room = RoomAt(polygon, best.m_X, best.m_Y, 0.0);
+    CRoom room(polygon);
+    best.m_Room = room.At(best.m_X, best.m_Y, 0.0);
     for (int i = 0; i < GRID_LINES * GRID_LINES; ++i) {
         const double x = across.At(i % GRID_LINES);
         const double y = upward.At(i / GRID_LINES);
         // A little more room is not worth leaving the middle for.
-        const double room = RoomAt(polygon, x, y, CLEARLY_MORE * best.m_Room);
-        if (room > 0.0) {
-            best = {x, y, room};
+        const double more = room.At(x, y, CLEARLY_MORE * best.m_Room);
+        if (more > 0.0) {
+            best = {x, y, more};
         }
     }
     return best;

@@ -5,6 +5,7 @@
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -13,8 +14,8 @@
 #include <thread>
 #include <vector>
 
-#include "tests/support/TextFiles.h"
 #include "tests/support/CTemporaryFolder.h"
+#include "tests/support/TextFiles.h"
 
 namespace nestrix {
 
@@ -154,6 +155,16 @@ void CRunningBatch::WaitUntilItHandles(int nSignal) const {
         while (status >> word && word != "SigCgt:") {
         }
         ASSERT_TRUE(status >> std::hex >> nHandled) << "the program has ended";
+    }
+}
+
+void CRunningBatch::WaitUntilItHasWorkedFor(double seconds) const {
+    clockid_t clock = 0;
+    ASSERT_EQ(clock_getcpuclockid(m_nProcess, &clock), 0);
+    for (timespec worked = {};
+         static_cast<double>(worked.tv_sec) + 1e-9 * static_cast<double>(worked.tv_nsec) < seconds;) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        ASSERT_EQ(clock_gettime(clock, &worked), 0) << "the program has ended";
     }
 }
 

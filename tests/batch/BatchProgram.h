@@ -37,6 +37,9 @@ public:
     /// Waits until the program handles the signal itself, as it does from the beginning of the search on.
     void WaitUntilItHandles(int nSignal) const;
 
+    /// Waits until the program has had so much of a processor's time, however busy the machine is.
+    void WaitUntilItHasWorkedFor(double seconds) const;
+
     /// Reads no more: the program's next line meets a closed pipe.
     void CloseOutput();
 

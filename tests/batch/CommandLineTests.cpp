@@ -3,8 +3,8 @@
 #include <filesystem>
 
 #include "tests/batch/BatchProgram.h"
-#include "tests/support/TextFiles.h"
 #include "tests/support/CTemporaryFolder.h"
+#include "tests/support/TextFiles.h"
 
 namespace nestrix {
 

@@ -8,12 +8,14 @@
 #include "batch/PolygonInput.h"
 #include "formats/PolygonPaths.h"
 #include "tests/batch/BatchProgram.h"
-#include "tests/support/TextFiles.h"
+#include "tests/support/COrdinaryUser.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/PolygonMaking.h"
+#include "tests/support/TextFiles.h"
 
 namespace nestrix {
 
+using support::COrdinaryUser;
 using support::CTemporaryFolder;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -118,6 +120,16 @@ TEST(BadPath, ToAFolderWithoutPolygonsIsNamed) {
     const SBatchResult result = RunBatchProgram(folder.Path());
     EXPECT_EQ(result.m_nStatus, 2);
     EXPECT_THAT(result.m_Errors, HasSubstr(folder.Path().native() + ": the folder holds no .pol files"));
+}
+
+TEST(BadPath, ToAFolderThatCannotBeListedIsNamedWithTheReason) {
+    const CTemporaryFolder folder;
+    const std::string locked = folder.PathOf("locked");
+    fs::create_directory(locked);
+    fs::permissions(locked, fs::perms::none);
+    fs::permissions(folder.Path(), fs::perms(0755));
+    const COrdinaryUser ordinaryUser;
+    EXPECT_THAT(FindPolygonFiles(std::array{locked}).m_Faults, ElementsAre(locked + ": Permission denied"));
 }
 
 TEST(BadPath, ToADeviceIsNamedInsteadOfReadForEver) {

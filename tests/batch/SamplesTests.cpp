@@ -10,11 +10,11 @@
 
 #include "formats/PolygonFile.h"
 #include "ga/CContainer.h"
-#include "tests/support/TextFiles.h"
 #include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/Chromosomes.h"
+#include "tests/support/TextFiles.h"
 
 namespace nestrix {
 

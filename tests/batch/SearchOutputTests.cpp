@@ -4,10 +4,10 @@
 
 #include "batch/CPictureFile.h"
 #include "tests/batch/BatchProgram.h"
-#include "tests/support/TextFiles.h"
 #include "tests/support/CCommaLocale.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/PolygonMaking.h"
+#include "tests/support/TextFiles.h"
 
 namespace nestrix {
 

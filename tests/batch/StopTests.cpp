@@ -7,10 +7,10 @@
 
 #include "batch/CStopSignals.h"
 #include "tests/batch/BatchProgram.h"
-#include "tests/support/TextFiles.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/Outlines.h"
 #include "tests/support/PolygonMaking.h"
+#include "tests/support/TextFiles.h"
 #include "tests/support/UnderSanitizer.h"
 
 namespace nestrix {
@@ -72,10 +72,10 @@ TEST(CtrlC, WithinTheFirstGenerationKeepsTheBestSoFar) {
     // Placing all of it would take minutes.
     const CTemporaryFolder folder;
     const std::string disc = folder.Write("disc.pol", DiscFile(2000));
-    CRunningBatch batch(Repeated(disc, 20) + "--population 200000 --seed 5 --svg " +
+    CRunningBatch batch(Repeated(disc, 20) + "--population 50000 --seed 5 --svg " +
                         folder.PathOf("best.svg"));
     batch.WaitUntilItHandles(SIGINT);
-    std::this_thread::sleep_for(std::chrono::milliseconds(support::UNDER_SANITIZER ? 5000 : 1000));
+    batch.WaitUntilItHasWorkedFor(support::UNDER_SANITIZER ? 5.0 : 1.0);
     EXPECT_EQ(StatusSoonAfter(batch, SIGINT), 0);
     EXPECT_THAT(batch.Output(), MatchesRegex("Seed: 5\nBest height: [0-9.]+\n"));
     EXPECT_THAT(ReadFile(folder.PathOf("best.svg")), HasSubstr("Packing of 20 pieces"));
@@ -125,6 +125,17 @@ TEST(Termination, IsToldWithTheLastGeneration) {
     EXPECT_EQ(result.m_nStatus, 0);
     EXPECT_THAT(result.m_Errors,
                 MatchesRegex("nestrix-batch: stopped after generation [1-9][0-9]* of 2147483647\n"));
+}
+
+TEST(Termination, IsToldAfterTheFirstGenerationToo) {
+    // Each of the many draws for the next one looks at the whole population: it takes a minute.
+    const std::string search = NESTRIX_SAMPLES "/squares --population 100000";
+    const std::string untilItHasWorkedForASecond =
+        "until [ $(cut -d ' ' -f 14 /proc/$p/stat) -gt $(getconf CLK_TCK) ]; do sleep 0.05; done; ";
+    const SBatchResult result =
+        RunBatchProgram(search + " & p=$!; " + untilItHasWorkedForASecond + "kill -TERM $p; wait $p");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.m_Errors, "nestrix-batch: stopped after generation 0 of 500\n");
 }
 
 TEST(CtrlC, PressedTwiceStillWritesTheResult) {

@@ -3,13 +3,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "formats/CWholeFile.h"
 #include "tests/batch/BatchProgram.h"
-#include "tests/support/TextFiles.h"
 #include "tests/support/COrdinaryUser.h"
 #include "tests/support/CTemporaryFolder.h"
+#include "tests/support/TextFiles.h"
 
 namespace nestrix {
 
@@ -40,13 +41,39 @@ std::string FaultOf(const std::string& path) {
     return CWholeFile(path).Fault();
 }
 
+bool g_bDiskFailsLate = false;
+
 }  // namespace
+
+extern "C" {
+
+int __real_fsync(int nDescriptor);
+
+/// As on a disk that takes all in, and keeps nothing.
+int __wrap_fsync(int nDescriptor) {
+    if (g_bDiskFailsLate) {
+        errno = EIO;
+        return -1;
+    }
+    return __real_fsync(nDescriptor);
+}
+}
 
 TEST(WholeFile, ReplacesTheOldContent) {
     const CTemporaryFolder folder;
     const std::string path = folder.Write("a.svg", "old and longer");
     EXPECT_EQ(WriteFile(path, "new"), "");
     EXPECT_EQ(ReadFile(path), "new");
+    EXPECT_EQ(EntryCount(folder.Path()), 1);
+}
+
+TEST(WholeFile, KeepsTheOldContentUntilTheNewIsOnTheDisk) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.Write("a.svg", "old");
+    g_bDiskFailsLate = true;
+    EXPECT_EQ(WriteFile(path, "new"), "Input/output error");
+    g_bDiskFailsLate = false;
+    EXPECT_EQ(ReadFile(path), "old");
     EXPECT_EQ(EntryCount(folder.Path()), 1);
 }
 
@@ -175,6 +202,16 @@ TEST(WholeFile, CannotReplaceAFolder) {
     const CTemporaryFolder folder;
     EXPECT_EQ(FaultOf(folder.Path()), "Is a directory");
     EXPECT_NE(WriteFile(folder.Path(), "content"), "");
+}
+
+TEST(WholeFile, DoesNotReplaceAProtectedFile) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.Write("a.svg", "old");
+    fs::permissions(folder.Path(), fs::perms::all);
+    fs::permissions(path, fs::perms(0444));
+    const COrdinaryUser ordinaryUser;
+    EXPECT_EQ(WriteFile(path, "new"), "Permission denied");
+    EXPECT_EQ(ReadFile(path), "old");
 }
 
 TEST(WholeFile, IsRefusedInAnUnwritableFolder) {

@@ -59,7 +59,8 @@ const std::vector<SFaultyFile> FAULTY_FILES = {
     {"CountBeyondAnyInteger", "99999999999999999999999 1,2 3,4 5,6 ;5,6 1,2", 0, TOO_MANY},
     {"CountOneAboveTheFilesBytes", "12 1,2 3,4", 2, NotAPair(3, "12")},
     {"CountLargerThanThePairs", "4 1,2 3,4 5,6 ;5,6 1,2", 4, NotAPair(4, "4")},
-    {"CountBelowTheIntegers", "-99999999999 ;5,6 1,2", 0, FEW},
+    {"CountOfThreeBelowTheIntegers", "-4294967293 1,2 3,4 5,6 ;5,6 1,2", 0, FEW},
+    {"CountInAnotherBase", "0x3 1,2 3,4 5,6 ;5,6 1,2", 0, FEW},
     {"NegativeCount", "-3 1,2 3,4 5,6 ;5,6 1,2", 0, FEW},
     {"CountWithAFraction", "3.5 1,2 3,4 5,6 ;5,6 1,2", 3, NotAPair(1, "3")},
     {"NoVertex", "0 ;5,6 1,2", 0, FEW},
@@ -79,6 +80,10 @@ const std::vector<SFaultyFile> FAULTY_FILES = {
     {"BoxThatIsNotANumber", "3 1,2 3,4 5,6 ;5,6 1,nan", 3, ENDLESS_BOX},
     {"BoxBeyondSinglePrecision", "3 1,2 3,4 5,6 ;5,1e39 1,2", 3, ENDLESS_BOX},
     {"LowerLeftCornerFirst", "3 1,2 3,4 5,6 ;1,2 5,6", 3,
+     "the bounding box does not name its upper-right corner first"},
+    {"UpperLeftCornerFirst", "3 1,2 3,4 5,6 ;1,6 5,2", 3,
+     "the bounding box does not name its upper-right corner first"},
+    {"LowerRightCornerFirst", "3 1,2 3,4 5,6 ;5,2 1,6", 3,
      "the bounding box does not name its upper-right corner first"},
     {"SelfCrossing", "4 0,0 9,9 9,0 0,9 ;9,9 0,0", 4, ""},
     {"RepeatedVertices", "6 0,0 0,0 9,0 9,0 9,9 9,9 ;9,9 0,0", 6, ""},
@@ -133,6 +138,7 @@ TEST(CountBeyondTheVertices, IsBelievedAsFarAsTheTextIsLongEnough) {
     EXPECT_EQ(countOf("6" + pairs), 3U);
     EXPECT_EQ(countOf("6" + pairs + " "), 6U);
     EXPECT_EQ(countOf("6" + pairs + std::string(9, '\0')), 3U) << "a zero byte is no text";
+    EXPECT_EQ(countOf("4 1,2 3,4 5,6;5,6 1,2 "), 4U) << "the last number counts twice";
     const std::string comment(100'000, '-');
     EXPECT_EQ(countOf("20000" + pairs + comment), 20'000U);
     EXPECT_EQ(countOf("20000" + pairs + std::string(1, '\0') + comment), 3U);

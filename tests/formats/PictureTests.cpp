@@ -6,10 +6,10 @@
 #include "formats/LabelPoint.h"
 #include "formats/PackingSvg.h"
 #include "formats/SvgNumber.h"
-#include "tests/support/TextFiles.h"
 #include "tests/support/CCommaLocale.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/PolygonMaking.h"
+#include "tests/support/TextFiles.h"
 
 namespace nestrix {
 
@@ -106,12 +106,23 @@ TEST(Picture, EnclosesWhatSticksOutOfTheStrip) {
     EXPECT_EQ(view.m_Top, 10.0);
 }
 
+TEST(Picture, OfALargePackingHasLargerTextsAndLines) {
+    EXPECT_EQ(FindPictureView({}, {SStrip{400.0F}, {}, 600.0F}).m_Scale, 1.0);
+    EXPECT_EQ(FindPictureView({}, {SStrip{400.0F}, {}, 1200.0F}).m_Scale, 2.0);
+    EXPECT_EQ(FindPictureView({}, {SStrip{1800.0F}, {}, 600.0F}).m_Scale, 3.0);
+}
+
+TEST(Picture, NumbersAPieceWithoutRoomInTheSmallestSize) {
+    EXPECT_THAT(DrawCopies(MakeSquare(0.5F), {{0, 0, 0}}, 0.5F), HasSubstr("font-size=\"2.5\">1</text>"));
+}
+
 TEST(Picture, WithANumberThatIsNotFiniteIsNotDrawn) {
     const float fInfinity = std::numeric_limits<float>::infinity();
     const float fLargest = std::numeric_limits<float>::max();
     EXPECT_EQ(DrawSquares({{0, 0, 0}}, fInfinity), "");
     EXPECT_EQ(DrawSquares({{0, 0, 0}}, std::numeric_limits<float>::quiet_NaN()), "");
     EXPECT_EQ(DrawSquares({{0, -fInfinity, 0}}, 20.0F), "");
+    EXPECT_EQ(DrawPackingSvg({}, SPacking{SStrip{fInfinity}, {}, 20.0F}), "");
     EXPECT_EQ(DrawCopies(MakeSquare(fLargest), {{fLargest, 0, 0}}, 20.0F), "");
 }
 
@@ -169,6 +180,10 @@ TEST(LabelPoint, OfAUShapeLiesInOneOfItsArms) {
                                                           {0, 60, 0}}));
     EXPECT_GT(label.m_Room, 3.0);
     EXPECT_TRUE(label.m_X < 10.0 || label.m_X > 50.0 || label.m_Y < 10.0);
+}
+
+TEST(LabelPoint, OfAPolygonWithoutVerticesHasNoRoom) {
+    EXPECT_EQ(FindLabelPoint(CPolygon()).m_Room, 0.0);
 }
 
 TEST(LabelPoint, OfAPolygonWithoutAnInsideIsTheMiddleOfItsExtent) {

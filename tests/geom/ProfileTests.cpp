@@ -83,6 +83,21 @@ TEST(Square, IsFilteredFromFourFrontCandidatesToTwo) {
     EXPECT_EQ(square, support::MakePolygon(support::RectangleOutline(20, 20), {}, {}));
 }
 
+TEST(Comb, LosesTheHiddenOfItsEdgesInTheStepMadeForThem) {
+    support::CSeededRandom random(20);
+    const support::Outline outline = support::CombOutline(random, 40, 300, 300);
+    CPolygon comb = support::MakeRawPolygon(outline, {}, {});
+    comb.BuildConnectivity();
+    comb.ProcessFrontAndBackLines();
+    comb.ProcessFrontAndBackPoints();
+    comb.FilterFrontAndBackPoints();
+    const size_t nFront = comb.m_FrontLines.size();
+    const size_t nBack = comb.m_BackLines.size();
+    comb.FilterFrontAndBackLines();
+    EXPECT_LT(comb.m_FrontLines.size() + comb.m_BackLines.size(), nFront + nBack);
+    EXPECT_EQ(comb, support::MakePolygon(outline, {}, {}));
+}
+
 TEST(Square, HidesItsUpperVerticesFromBelowAndItsLowerOnesFromAbove) {
     const CPolygon square = support::MakeSquare(20);
     EXPECT_FALSE(square.DoesPointHitAnyLineDownward(0));

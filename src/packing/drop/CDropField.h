@@ -5,10 +5,10 @@
 #include <span>
 #include <vector>
 
-#include "packing/drop/SDrop.h"
 #include "packing/drop/CColumnIndex.h"
 #include "packing/drop/CCornerIndex.h"
 #include "packing/drop/CProfileSet.h"
+#include "packing/drop/SDrop.h"
 #include "packing/drop/Sweep.h"
 
 namespace nestrix {
