@@ -71,7 +71,7 @@ TEST_F(Form, HasEveryControlInItsKind) {
     for (const char* pSpin : {"ID_SPIN_INITIAL_POPULATION", "ID_SPIN_GENERATIONS"}) {
         EXPECT_NO_THROW((void)Control<wxSpinCtrl>(pSpin));
     }
-    EXPECT_NO_THROW((void)Control<wxGauge>("ID_GAUGE"));
+    EXPECT_EQ(Control<wxGauge>("ID_GAUGE").GetRange(), 100);
     EXPECT_NO_THROW((void)Control<wxListBox>("ID_LST_POLYGON"));
 }
 
@@ -150,6 +150,11 @@ TEST_F(Form, FitsALaptopsScreenWithoutScrolling) {
     EXPECT_LE(form.x, 1276);
     // The title bar of a desktop, and a panel of its own.
     EXPECT_LE(form.y, 800 - 24 - 26);
+}
+
+TEST_F(Form, LeavesAPixelAroundItselfAndAroundWhatScrollsIt) {
+    EXPECT_EQ(m_pFrame->m_pScrolledWindow->GetPosition(), wxPoint(1, 1));
+    EXPECT_EQ(Panel().GetPosition(), wxPoint(1, 1));
 }
 
 TEST_F(Form, ScrollsBothWaysWhereItDoesNotFit) {
