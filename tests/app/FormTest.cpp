@@ -176,13 +176,19 @@ TEST_F(Form, ScrollsBothWaysWhereItDoesNotFit) {
 }
 
 TEST_F(Form, BecomesAsSmallAsItWasWhenFilesHaveBeenListedMeanwhile) {
+    const auto fillsTheWindow = [this] {
+        return support::PumpUntil(
+            [this] { return Panel().GetSize() == m_pFrame->GetClientSize() - wxSize(4, 4); });
+    };
+    EXPECT_TRUE(fillsTheWindow());
     const wxSize atFirst = Panel().GetSize();
     Resize(m_pFrame->GetClientSize() + wxSize(200, 100));
-    EXPECT_EQ(Panel().GetSize(), atFirst + wxSize(200, 100));
+    EXPECT_TRUE(fillsTheWindow());
     for (int i = 0; i < 40; ++i) {
         List().Append("/" + std::string(500, 'x') + "/square.pol");
     }
     Resize(m_pFrame->GetClientSize() - wxSize(200, 100));
+    EXPECT_TRUE(fillsTheWindow());
     EXPECT_EQ(Panel().GetSize(), atFirst);
     const wxWindow& plotter = *m_pFrame->m_pAvgPlotter;
     EXPECT_LT(plotter.GetScreenRect().GetRight(), Panel().GetScreenRect().GetRight());
