@@ -6,6 +6,7 @@
 #include <memory>
 #include <new>
 
+#include "CDialogAnswers.h"
 #include "CPolyDisplay.h"
 #include "CScarceMemory.h"
 #include "CStdoutCapture.h"
@@ -109,9 +110,12 @@ TEST_F(PolyThread, IsReportedAndForgottenByTheNextRunWhenItCouldNotBeCreated) {
     {
         // Less than the stack of a thread.
         const CScarceMemory scarce(6U << 20U);
+        const support::CDialogAnswers answers(wxID_OK);
         const std::string printed = Press("ID_BTN_RUN_GA");
         EXPECT_THAT(printed, HasSubstr("Thread Run returned: "));
         EXPECT_THAT(printed, testing::Not(HasSubstr("Thread Run returned: 0\n")));
+        wxLog::FlushActive();
+        EXPECT_TRUE(answers.Messages().empty()) << answers.Messages()[0];
     }
     EXPECT_THAT(Press("ID_BTN_RUN_GA"), HasSubstr("Thread Run returned: 0\n"));
     AwaitEndOfRun();
