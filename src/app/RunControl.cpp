@@ -1,5 +1,4 @@
 #include <wx/listbox.h>
-#include <wx/log.h>
 #include <wx/spinctrl.h>
 
 #include <cstdio>
@@ -92,7 +91,6 @@ void CNestrixFrame::StartThread() {
     m_pThread = new CPolyThread(this);
     m_pThread->SetPopulation(SpinValue(FindControl<wxSpinCtrl>(*this, "ID_SPIN_INITIAL_POPULATION")));
     m_pThread->SetGenerations(SpinValue(FindControl<wxSpinCtrl>(*this, "ID_SPIN_GENERATIONS")));
-    const wxLogNull quiet;  // A machine out of threads is reported by the line below, not by a dialog.
     m_pThread->Create();
     const wxThreadError result = m_pThread->Run();
     std::printf("Thread Run returned: %d\n", static_cast<int>(result));

@@ -14,8 +14,8 @@ int main(int argc, char** argv) {
     OpenMissingStandardStreams();
     // Whoever reads the output through a pipe sees each line when it is written.
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
-    // The toolkit's canvases draw through GLX, which a Wayland desktop offers to X11 programs only. The
-    // user's own choice of a backend is respected.
+    // The toolkit's canvases draw through GLX, which a Wayland desktop offers to X11 programs only. Debian's
+    // toolkit sees to that itself; others may not. The user's own choice of a backend stays.
     setenv("GDK_BACKEND", "x11", 0);
     return wxEntry(argc, argv);
 }

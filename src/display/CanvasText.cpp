@@ -10,16 +10,10 @@
 
 namespace nestrix {
 
-namespace {
-
-/// Sizes count in points of 1/72 inch; at this resolution a point is a pixel.
-constexpr unsigned int DOTS_PER_INCH = 72;
-
-}  // namespace
-
 void SetFaceSize(FTFont& font, float fPixels) {
     if (font.Error() == 0) {
-        font.FaceSize(static_cast<unsigned int>(std::lround(fPixels)), DOTS_PER_INCH);
+        // In points, of which the library takes 72 to an inch unless told otherwise, and so for pixels.
+        font.FaceSize(static_cast<unsigned int>(std::lround(fPixels)));
     }
 }
 

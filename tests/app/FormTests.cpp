@@ -73,7 +73,7 @@ TEST_F(Form, HasEveryControlInItsKind) {
     for (const char* pSpin : {"ID_SPIN_INITIAL_POPULATION", "ID_SPIN_GENERATIONS"}) {
         EXPECT_NO_THROW((void)Control<wxSpinCtrl>(pSpin));
     }
-    EXPECT_NO_THROW((void)Control<wxGauge>("ID_GAUGE"));
+    EXPECT_EQ(Control<wxGauge>("ID_GAUGE").GetRange(), 100);
     EXPECT_NO_THROW((void)Control<wxListBox>("ID_LST_POLYGON"));
 }
 
@@ -154,6 +154,11 @@ TEST_F(Form, FitsALaptopsScreenWithoutScrolling) {
     EXPECT_LE(form.y, 800 - 24 - 26);
 }
 
+TEST_F(Form, LeavesAPixelAroundItselfAndAroundWhatScrollsIt) {
+    EXPECT_EQ(m_pFrame->m_pScrolledWindow->GetPosition(), wxPoint(1, 1));
+    EXPECT_EQ(Panel().GetPosition(), wxPoint(1, 1));
+}
+
 TEST_F(Form, ScrollsBothWaysWhereItDoesNotFit) {
     Resize(wxSize(600, 400));
     CNestrixScrolledWindow& window = *m_pFrame->m_pScrolledWindow;
@@ -173,13 +178,19 @@ TEST_F(Form, ScrollsBothWaysWhereItDoesNotFit) {
 }
 
 TEST_F(Form, BecomesAsSmallAsItWasWhenFilesHaveBeenListedMeanwhile) {
+    const auto fillsTheWindow = [this] {
+        return support::PumpUntil(
+            [this] { return Panel().GetSize() == m_pFrame->GetClientSize() - wxSize(4, 4); });
+    };
+    EXPECT_TRUE(fillsTheWindow());
     const wxSize atFirst = Panel().GetSize();
     Resize(m_pFrame->GetClientSize() + wxSize(200, 100));
-    EXPECT_EQ(Panel().GetSize(), atFirst + wxSize(200, 100));
+    EXPECT_TRUE(fillsTheWindow());
     for (int i = 0; i < 40; ++i) {
         List().Append("/" + std::string(500, 'x') + "/square.pol");
     }
     Resize(m_pFrame->GetClientSize() - wxSize(200, 100));
+    EXPECT_TRUE(fillsTheWindow());
     EXPECT_EQ(Panel().GetSize(), atFirst);
     const wxWindow& plotter = *m_pFrame->m_pAvgPlotter;
     EXPECT_LT(plotter.GetScreenRect().GetRight(), Panel().GetScreenRect().GetRight());

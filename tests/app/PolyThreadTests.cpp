@@ -7,6 +7,7 @@
 #include <new>
 
 #include "display/CPolyDisplay.h"
+#include "tests/app/CDialogAnswers.h"
 #include "tests/app/CScarceMemory.h"
 #include "tests/app/FrameFixture.h"
 #include "tests/display/EventPump.h"
@@ -111,9 +112,12 @@ TEST_F(PolyThread, IsReportedAndForgottenByTheNextRunWhenItCouldNotBeCreated) {
     {
         // Less than the stack of a thread.
         const CScarceMemory scarce(6U << 20U);
+        const support::CDialogAnswers answers(wxID_OK);
         const std::string printed = Press("ID_BTN_RUN_GA");
         EXPECT_THAT(printed, HasSubstr("Thread Run returned: "));
         EXPECT_THAT(printed, testing::Not(HasSubstr("Thread Run returned: 0\n")));
+        wxLog::FlushActive();
+        EXPECT_TRUE(answers.Messages().empty()) << answers.Messages()[0];
     }
     EXPECT_THAT(Press("ID_BTN_RUN_GA"), HasSubstr("Thread Run returned: 0\n"));
     AwaitEndOfRun();

@@ -64,6 +64,14 @@ TEST_F(PolygonList, IsUnchangedWhenTheFileDialogIsCancelled) {
     EXPECT_EQ(Items(), "/one.pol /two.pol /three.pol ");
 }
 
+TEST_F(PolygonList, GrowsByAnyNumberOfPolygonFilesOfAFolderThatIsTheCurrentOneAtFirst) {
+    CDialogAnswers answers(wxID_CANCEL);
+    Press("ID_BTN_ADD");
+    EXPECT_EQ(answers.FileDialog().m_Folder, "./");
+    EXPECT_EQ(answers.FileDialog().m_Wildcard, "Polygon File (*.pol)|*.pol");
+    EXPECT_TRUE(answers.FileDialog().m_bMultiple);
+}
+
 TEST_F(PolygonList, LosesOnlyTheSelectedFile) {
     Fill();
     List().SetSelection(1);

@@ -77,6 +77,7 @@ void SendEveryCommand(CNestrixFrame& frame) {
         wxScrollEvent event(wxEVT_SCROLL_CHANGED, wxXmlResource::GetXRCID(pSlider));
         EXPECT_TRUE(frame.ProcessWindowEvent(event)) << pSlider;
     }
+    frame.m_nGenerations = 1;  // Otherwise there is no progress to show.
     wxCommandEvent notice(wxEVT_MENU, ID_GENERATION_DONE);
     EXPECT_TRUE(frame.ProcessWindowEvent(notice));
     support::PumpPending();

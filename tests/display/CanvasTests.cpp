@@ -254,6 +254,10 @@ TEST(CanvasOffTheScreen, IsSetUpAtItsFirstPaint) {
     EXPECT_EQ(picture.At(366, 300), BLACK);
     EXPECT_FALSE(picture.IsBlank(0, 16 + 3, 28, 16 + 11));
     EXPECT_TRUE(picture.IsBlank(40, 60, 360, 600));
+    // Only at the first: like any other canvas it does not follow a change of its size.
+    pDisplay->SetSize(400, 300);
+    (void)CCanvasHost::Paint(*pDisplay);
+    EXPECT_EQ(pDisplay->m_fViewHeight, 720.0F);
 }
 
 /// A canvas whose font was looked for in another folder.

@@ -39,6 +39,12 @@ TEST(CurveThinner, KeepsTheEndsAndTheExtremesOfAColumnInTheirOrder) {
     EXPECT_THAT(thinner.Line(), ElementsAre(At(2.0F, 5.0F), At(2.2F, 9.0F), At(2.4F, 1.0F), At(2.6F, 4.0F)));
 }
 
+TEST(CurveThinner, KeepsTheFirstOfEqualExtremes) {
+    const CCurveThinner thinner = Thinned(
+        {At(2.0F, 5.0F), At(2.1F, 9.0F), At(2.2F, 9.0F), At(2.3F, 1.0F), At(2.4F, 1.0F), At(2.5F, 5.0F)});
+    EXPECT_THAT(thinner.Line(), ElementsAre(At(2.0F, 5.0F), At(2.1F, 9.0F), At(2.3F, 1.0F), At(2.5F, 5.0F)));
+}
+
 TEST(CurveThinner, KeepsAPointThatIsEndAndExtremeOnce) {
     const CCurveThinner thinner = Thinned({At(2.0F, 1.0F), At(2.1F, 5.0F), At(2.2F, 9.0F)});
     EXPECT_THAT(thinner.Line(), ElementsAre(At(2.0F, 1.0F), At(2.2F, 9.0F)));
