@@ -9,6 +9,7 @@
 #include "BenchmarkSets.h"
 #include "CContainer.h"
 #include "CPlacement.h"
+#include "Quantiles.h"
 #include "ReferencePlacement.h"
 
 namespace {
@@ -49,12 +50,6 @@ private:
     CContainer m_Container;
     std::vector<CChromosome> m_Chromosomes;
 };
-
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
 
 /// Seconds per call of `place`, over the first nCount chromosomes.
 template <class TPlace>
