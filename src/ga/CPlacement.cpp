@@ -11,7 +11,7 @@ CPlacement::CPlacement(std::span<const CPolygon> polygons, float fTotalHeight, f
     : m_Polygons(polygons),
       m_fTotalHeight(fTotalHeight),
       m_fStartY(2.0F * fTotalHeight),
-      m_Field(polygons, fStripWidth, pAbandoned),
+      m_Field(polygons, fStripWidth, m_fStartY, pAbandoned),
       m_pAbandoned(pAbandoned) {}
 
 float CPlacement::Place(std::span<const SGene> genes, CContactSink* pContacts) {
