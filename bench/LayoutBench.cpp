@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/Quantiles.h"
 #include "ga/CContainer.h"
 #include "ga/CDecoder.h"
 #include "tests/reference/ReferencePlacement.h"
@@ -51,12 +52,6 @@ private:
     CContainer m_Container;
     std::vector<CChromosome> m_Chromosomes;
 };
-
-double Median(std::vector<double> values) {
-    const auto middle = values.begin() + static_cast<ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
 
 /// Seconds per call of `place`, over the first nCount chromosomes.
 template <class TPlace>

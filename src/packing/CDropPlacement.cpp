@@ -11,7 +11,7 @@ CDropPlacement::CDropPlacement(std::span<const CPolygon> polygons, const SStrip&
                                const CRelaxed<bool>* pAbandoned)
     : m_Polygons(polygons),
       m_fStartY(2.0F * fColumnHeight),
-      m_Field(polygons, strip.m_fWidth, pAbandoned),
+      m_Field(polygons, strip.m_fWidth, m_fStartY, pAbandoned),
       m_Packing{strip, {}, 0.0F},
       m_pAbandoned(pAbandoned) {}
 

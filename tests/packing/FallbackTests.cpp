@@ -60,6 +60,16 @@ TEST(ShortCut, IsTakenByAHangingDrop) {
     EXPECT_EQ(counts.m_nShort, 2U);
 }
 
+TEST(ShortCut, IsTakenByManyHangingDrops) {
+    const std::vector<CPolygon> squares(40, MakeSquare(10));
+    CChromosome chromosome;
+    chromosome.SetGeneCount(40);
+    for (int i = 0; i < 40; ++i) {
+        chromosome.m_pGenes[i] = {i, i, 7.0F + static_cast<float>(i % 3)};
+    }
+    EXPECT_EQ(CountWays(squares, chromosome).m_nShort, 40U);
+}
+
 TEST(ShortCut, IsTakenWhereAYoungerPieceCoversTheCornerThatWouldHangTheDrop) {
     const std::vector<CPolygon> polygons = {MakeSquare(10), MakeRectangle(30, 5), MakeSquare(10)};
     const CDropPlacement::SCounts counts =

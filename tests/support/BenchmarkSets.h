@@ -26,6 +26,21 @@ struct SBenchmarkSet {
 /// combs 100 × 16, whose many vertical sides are the hardest case for a quick drop.
 [[nodiscard]] std::span<const SBenchmarkSet> BenchmarkSets();
 
+/// 1,000 concave pieces of 16 vertices, one in forty of them a comb: some of its layouts have a piece that
+/// hangs where it started, and then hundreds that it holds up; others have none.
+[[nodiscard]] const SBenchmarkSet& HangingSet();
+
+/// A whole search over a benchmark set.
+struct SBenchmarkSearch {
+    SBenchmarkSet m_Set;
+    int m_nPopulation;
+    int m_nGenerations;
+};
+
+/// Searches whose cost lies in their first generations: of the benchmark sets but the combs, and of the
+/// hanging set.
+[[nodiscard]] std::span<const SBenchmarkSearch> BenchmarkSearches();
+
 /// The same pieces for the same kind and number, on every machine.
 [[nodiscard]] std::vector<CPolygon> MakeBenchmarkPieces(const SBenchmarkKind& kind, int nPieces);
 

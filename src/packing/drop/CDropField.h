@@ -8,7 +8,8 @@
 #include "packing/drop/CColumnIndex.h"
 #include "packing/drop/CCornerIndex.h"
 #include "packing/drop/CProfileSet.h"
-#include "packing/drop/SDrop.h"
+#include "packing/drop/CStartGrid.h"
+#include "packing/drop/SObstacles.h"
 #include "packing/drop/Sweep.h"
 
 namespace nestrix {
@@ -25,7 +26,8 @@ public:
     /// @param polygons the set. It must stay as it is while the field lives.
     /// @param pAbandoned once this is true, the field is of no use any more: everything that takes time
     ///        returns soon, with whatever it has got. May be null.
-    CDropField(std::span<const CPolygon> polygons, float fStripWidth, const CRelaxed<bool>* pAbandoned);
+    CDropField(std::span<const CPolygon> polygons, float fStripWidth, float fStartY,
+               const CRelaxed<bool>* pAbandoned);
 
     /// Whether the field can take all the set's polygons; without it, nothing below may be called.
     [[nodiscard]] bool IsUsable() const { return m_bUsable; }
@@ -45,12 +47,6 @@ public:
     void Add(const SDrop& drop, int nDrop);
 
 private:
-    /// What a fall ends on. The floor counts as the latest of all obstacles, since it is asked first.
-    struct SStop {
-        float m_fFall;
-        int m_nObstacle;
-    };
-
     /// The upper profile of a placed polygon.
     struct SPlacedHalf {
         SMovedHalf m_Back;
@@ -65,6 +61,8 @@ private:
         float m_fBoxBottom;  ///< local
         std::span<const SDrop> m_Placed;
     };
+
+    void PrepareStartGrid(float fStartY);
 
     [[nodiscard]] SFalling PrepareFall(const SDrop& drop, std::span<const SDrop> placed) const;
 
@@ -99,6 +97,8 @@ private:
     std::vector<SPlacedHalf> m_Placed;
     CColumnIndex m_Columns;
     CCornerIndex m_Corners;
+    CStartGrid m_StartGrid;
+    size_t m_nAtStart = 0;  ///< how many have come to rest where polygons start
     uint64_t m_nQuery = 0;
 };
 

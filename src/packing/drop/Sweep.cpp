@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <cstring>
 
-#include "packing/drop/Lanes.h"
+#include "packing/drop/Gaps.h"
 
 namespace nestrix {
 
@@ -64,26 +63,14 @@ public:
 
     /// The smallest gap below a point, or fCut: by cells, four edges side by side.
     [[nodiscard]] float FindGapInCell(float fX, float fY, size_t nCell, float fCut) const {
-        constexpr float NONE = std::numeric_limits<float>::infinity();
-        const double x = static_cast<double>(fX);
-        const double y = static_cast<double>(fY) + 0.0;  // never −0, which would seem to lie below 0
         FloatLanes gaps = FloatLanes{} + fCut;
         size_t nEdge = m_Edges.m_FirstInCell[nCell];
         do {
             const FloatLanes low = LoadLanes(&m_Edges.m_LowX[nEdge]) + m_fX;
             const FloatLanes high = LoadLanes(&m_Edges.m_HighX[nEdge]) + m_fX;
-            const FloatLanes startX = START == EStart::Low ? low : high;
-            const FloatLanes startY = LoadLanes(&m_Edges.m_StartY[nEdge]) + m_fY;
-            DoubleLanes slopes;
-            std::memcpy(&slopes, &m_Edges.m_Slopes[nEdge], sizeof slopes);
-            // The formula of the hit test, with the slope divided out beforehand.
-            const DoubleLanes along = x - __builtin_convertvector(startX, DoubleLanes);
-            const DoubleLanes heights = __builtin_convertvector(startY, DoubleLanes) + slopes * along;
-            // A point lies below an edge where y - height has its sign bit set.
-            const FloatLanes above = __builtin_convertvector(y - heights, FloatLanes);
-            const FlagLanes meets = (low <= fX) & (high >= fX) & (__builtin_bit_cast(FlagLanes, above) >= 0);
-            const FloatLanes gap = fY - __builtin_convertvector(heights, FloatLanes);
-            const FloatLanes met = meets ? gap : FloatLanes{} + NONE;
+            const SEdgeLanes edges{low, high, START == EStart::Low ? low : high,
+                                   LoadLanes(&m_Edges.m_StartY[nEdge]) + m_fY, &m_Edges.m_Slopes[nEdge]};
+            const FloatLanes met = GapsBelow(FloatLanes{} + fX, FloatLanes{} + fY, edges);
             gaps = met < gaps ? met : gaps;
             nEdge += GA_LANES;
         } while (m_Edges.m_LowX[nEdge] + m_fX <= fX);
