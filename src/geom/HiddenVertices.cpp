@@ -21,7 +21,7 @@ public:
         : m_Outline(polygon, side), m_Hidden(polygon.m_Points.size()) {}
 
     std::vector<bool> Find() {
-        std::vector<int> vertices = AskedVertices();
+        std::vector<int> vertices = CandidateVertices();
         if (static_cast<size_t>(m_Outline.CountEdges()) <= FEW) {
             LookAtAll(vertices);
             return m_Hidden;
@@ -34,7 +34,7 @@ public:
 private:
     static size_t At(int i) { return static_cast<size_t>(i); }
 
-    [[nodiscard]] std::vector<int> AskedVertices() const {
+    [[nodiscard]] std::vector<int> CandidateVertices() const {
         std::vector<int> vertices;
         for (int i = 0; i < m_Outline.CountVertices(); ++i) {
             const CPoint& vertex = m_Outline.Vertex(i);

@@ -2,22 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
+
+#include "geom/RoundingMargins.h"
 
 namespace nestrix {
-
-namespace {
-
-/// Each of the four operations in a height is off by 2^-53 of its result at most. The rise gathers three such
-/// errors on the way to the sum, and the sum adds one: 2^-53 times (start + 4 rises), here taken as eight of
-/// both, which leaves room for the rounding of whatever is done with two heights.
-float NoiseOf(double startHeight, double largestRise) {
-    const double noise = 0x1p-50 * (std::abs(startHeight) + std::abs(largestRise));
-    // Up, since otherwise that of the smallest coordinates would be 0.
-    return std::nextafter(static_cast<float>(noise), std::numeric_limits<float>::infinity());
-}
-
-}  // namespace
 
 std::optional<SPassingEdge> SPassingEdge::Make(const COutlineSide& outline, int nEdge) {
     const mgVector3& start = outline.StartOf(nEdge);
@@ -38,7 +26,7 @@ std::optional<SPassingEdge> SPassingEdge::Make(const COutlineSide& outline, int 
                         outline.HeightOf(start.y),
                         fLowX,
                         fHighX,
-                        bExact ? 0.0F : NoiseOf(static_cast<double>(start.y), rise),
+                        bExact ? 0.0F : LineHeightMargin(static_cast<double>(start.y), rise),
                         nEdge};
 }
 

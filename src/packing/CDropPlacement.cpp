@@ -50,7 +50,7 @@ void CDropPlacement::Drop(const SMove& move, CContactSink* pContacts) {
 
 bool CDropPlacement::CanTakeShortCuts(std::span<const SMove> moves) const {
     return m_Field.IsUsable() && std::all_of(moves.begin(), moves.end(), [this](const SMove& move) {
-               return m_Field.IsInReach(move.m_fX);
+               return m_Field.CanTakeOffset(move.m_fX);
            });
 }
 
@@ -76,7 +76,7 @@ CDropPlacement::SRest CDropPlacement::Walk(const SDrop& falling) const {
     SRest rest{at.y + boxMin.y, {at.x + boxMin.x, 0.0F, 0.0F}};
     for (auto obstacle = m_Drops.rbegin(); obstacle != m_Drops.rend(); ++obstacle) {
         if (!CanTouch(falling.m_Box, obstacle->m_Box) ||
-            !IsAsked(falling, boxMin.y, rest.m_fFall, *obstacle)) {
+            !PassesLevelTest(falling, boxMin.y, rest.m_fFall, *obstacle)) {
             continue;
         }
         const CPolygon& other = m_Polygons[static_cast<size_t>(obstacle->m_nPolygon)];

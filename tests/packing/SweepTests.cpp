@@ -104,7 +104,7 @@ TEST_P(Sweeps, FindTheSmallestGapWhereverTheyAreCutOffAboveIt) {
     }
 }
 
-std::vector<SFamily> TameFamilies() {
+std::vector<SFamily> RegularFamilies() {
     std::vector<SFamily> families;
     for (const SFamily& family : support::AllFamilies()) {
         const bool bWild = family.m_Name.find("infinities") != std::string_view::npos ||
@@ -119,7 +119,7 @@ std::vector<SFamily> TameFamilies() {
     return families;
 }
 
-INSTANTIATE_TEST_SUITE_P(Tame, Sweeps, testing::ValuesIn(TameFamilies()), support::FamilyTestName);
+INSTANTIATE_TEST_SUITE_P(Regular, Sweeps, testing::ValuesIn(RegularFamilies()), support::FamilyTestName);
 
 }  // namespace
 

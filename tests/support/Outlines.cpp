@@ -86,9 +86,9 @@ Outline StarOutline(CSeededRandom& random, int nVertices, float fWidth, float fH
     Outline outline;
     for (const double fTurn : AscendingTurns(random, nVertices)) {
         const mgVector3 point = CirclePoint(fTurn);
-        const float fReach = random.Between(0.35F, 1.0F);
+        const float fLargestX = random.Between(0.35F, 1.0F);
         outline.push_back(
-            {fWidth * 0.5F * (1.0F + fReach * point.x), fHeight * 0.5F * (1.0F + fReach * point.y), 0.0F});
+            {fWidth * 0.5F * (1.0F + fLargestX * point.x), fHeight * 0.5F * (1.0F + fLargestX * point.y), 0.0F});
     }
     return outline;
 }
@@ -101,9 +101,9 @@ Outline LobedOutline(CSeededRandom& random, int nVertices, float fWidth, float f
     for (const double fTurn : AscendingTurns(random, nVertices)) {
         const mgVector3 point = CirclePoint(fTurn);
         const double fWave = nLobes * fTurn + fPhase;
-        const float fReach = 1.0F - fDepth + fDepth * CirclePoint(fWave - std::floor(fWave)).y;
+        const float fLargestX = 1.0F - fDepth + fDepth * CirclePoint(fWave - std::floor(fWave)).y;
         outline.push_back(
-            {fWidth * 0.5F * (1.0F + fReach * point.x), fHeight * 0.5F * (1.0F + fReach * point.y), 0.0F});
+            {fWidth * 0.5F * (1.0F + fLargestX * point.x), fHeight * 0.5F * (1.0F + fLargestX * point.y), 0.0F});
     }
     return outline;
 }

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "geom/RoundingMargins.h"
+
 namespace nestrix {
 
 namespace {
@@ -75,9 +77,9 @@ float LargestX(std::span<const CPolygon> polygons) {
 /// A fall a few roundings longer than fFall, but none that would pass the floor.
 float FallBefore(const SDrop& falling, float fBoxBottom, float fFall) {
     const float fToFloor = falling.m_ReferencePoint.y + fBoxBottom;
-    const float fSlack =
-        (std::abs(falling.m_ReferencePoint.y) + std::abs(fBoxBottom) + std::abs(fFall)) * 0x1p-21F;
-    return std::min(fFall + fSlack, fToFloor);
+    const float fMargin =
+        HeightMargin(std::abs(falling.m_ReferencePoint.y) + std::abs(fBoxBottom) + std::abs(fFall));
+    return std::min(fFall + fMargin, fToFloor);
 }
 
 }  // namespace
@@ -165,20 +167,20 @@ SStop CDropField::FindStop(const SFalling& falling, SStop stop, int nAfter) {
     return stop;
 }
 
-bool CDropField::IsAskedAt(const SFalling& falling, float fFall, int nObstacle) const {
-    return IsAsked(falling.m_Drop, falling.m_fBoxBottom, fFall,
-                   falling.m_Placed[static_cast<size_t>(nObstacle)]);
+bool CDropField::PassesLevelTestAt(const SFalling& falling, float fFall, int nObstacle) const {
+    return PassesLevelTest(falling.m_Drop, falling.m_fBoxBottom, fFall,
+                           falling.m_Placed[static_cast<size_t>(nObstacle)]);
 }
 
 bool CDropField::IsCertain(const SFalling& falling, const SStop& stop) {
-    if (stop.m_nObstacle == SStop::FLOOR || IsAskedAt(falling, stop.m_fFall, stop.m_nObstacle)) {
+    if (stop.m_nObstacle == SStop::FLOOR || PassesLevelTestAt(falling, stop.m_fFall, stop.m_nObstacle)) {
         return true;
     }
     // The obstacle lies below the rest that it gives itself. Where flat lies on flat, rounding does that
     // every other time: then it is asked all the same unless a younger obstacle gives very nearly the same
     // rest.
     const float fBefore = FallBefore(falling.m_Drop, falling.m_fBoxBottom, stop.m_fFall);
-    return IsAskedAt(falling, fBefore, stop.m_nObstacle) &&
+    return PassesLevelTestAt(falling, fBefore, stop.m_nObstacle) &&
            FindStop(falling, {fBefore, SStop::FLOOR}, stop.m_nObstacle).m_nObstacle == SStop::FLOOR;
 }
 
@@ -194,11 +196,11 @@ std::optional<float> CDropField::FindHang(const SFalling& falling, const SStop& 
                 !CanTouch(drop.m_Box, falling.m_Placed[static_cast<size_t>(corner.m_nDrop)].m_Box)) {
                 return false;
             }
-            if (IsAskedAt(falling, fGap, corner.m_nDrop)) {
+            if (PassesLevelTestAt(falling, fGap, corner.m_nDrop)) {
                 hang = {fGap, corner.m_nDrop};
                 return false;
             }
-            const std::optional<bool> reached = IsReached(falling, stop, corner.m_nDrop);
+            const std::optional<bool> reached = PassesAtItsTurn(falling, stop, corner.m_nDrop);
             if (reached.value_or(false)) {
                 hang = {fGap, corner.m_nDrop};
             }
@@ -211,14 +213,14 @@ std::optional<float> CDropField::FindHang(const SFalling& falling, const SStop& 
     return hang.m_fFall;
 }
 
-std::optional<bool> CDropField::IsReached(const SFalling& falling, const SStop& stop, int nObstacle) {
+std::optional<bool> CDropField::PassesAtItsTurn(const SFalling& falling, const SStop& stop, int nObstacle) {
     if (nObstacle < stop.m_nObstacle) {
-        return IsAskedAt(falling, stop.m_fFall, nObstacle);
+        return PassesLevelTestAt(falling, stop.m_fFall, nObstacle);
     }
     const SDrop& obstacle = falling.m_Placed[static_cast<size_t>(nObstacle)];
     const float fTouching = falling.m_Drop.m_ReferencePoint.y + falling.m_fBoxBottom - obstacle.m_Box.m_fTop;
     const float fBefore = FallBefore(falling.m_Drop, falling.m_fBoxBottom, fTouching);
-    if (!IsAskedAt(falling, fBefore, nObstacle)) {
+    if (!PassesLevelTestAt(falling, fBefore, nObstacle)) {
         return std::nullopt;
     }
     const SStop younger = FindStop(falling, {fBefore, SStop::FLOOR}, nObstacle);
@@ -228,7 +230,7 @@ std::optional<bool> CDropField::IsReached(const SFalling& falling, const SStop& 
     if (!IsCertain(falling, younger)) {
         return std::nullopt;
     }
-    return IsAskedAt(falling, younger.m_fFall, nObstacle);
+    return PassesLevelTestAt(falling, younger.m_fFall, nObstacle);
 }
 
 void CDropField::Add(const SDrop& drop, int nDrop) {

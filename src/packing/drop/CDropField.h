@@ -33,7 +33,9 @@ public:
     [[nodiscard]] bool IsUsable() const { return m_bUsable; }
 
     /// Whether the field can take a polygon at this offset.
-    [[nodiscard]] bool IsInReach(float fX) const { return fX >= -m_fLargestOffset && fX <= m_fLargestOffset; }
+    [[nodiscard]] bool CanTakeOffset(float fX) const {
+        return fX >= -m_fLargestOffset && fX <= m_fLargestOffset;
+    }
 
     /// Empties the strip for a layout of nDrops polygons.
     void Clear(size_t nDrops);
@@ -70,19 +72,21 @@ private:
     /// nAfter; `stop` if there is none.
     [[nodiscard]] SStop FindStop(const SFalling& falling, SStop stop, int nAfter);
 
-    /// Whether the obstacle would be asked at a running fall of fFall.
-    [[nodiscard]] bool IsAskedAt(const SFalling& falling, float fFall, int nObstacle) const;
+    /// Whether the obstacle passes the level test at a running fall of fFall.
+    [[nodiscard]] bool PassesLevelTestAt(const SFalling& falling, float fFall, int nObstacle) const;
 
-    /// Whether the stop with the smallest gap is asked whatever came before it.
+    /// Whether the stop with the smallest gap passes the level test whatever came before it.
     [[nodiscard]] bool IsCertain(const SFalling& falling, const SStop& stop);
 
     /// The gap below `stop` that vertical sides in line with corners give: the stop's own fall if none,
     /// nothing if only the walk can tell.
     [[nodiscard]] std::optional<float> FindHang(const SFalling& falling, const SStop& stop);
 
-    /// Whether the obstacle, which would stop the polygon where it starts, is asked: the younger ones do not
-    /// already hold the polygon above it. Nothing if only the walk can tell.
-    [[nodiscard]] std::optional<bool> IsReached(const SFalling& falling, const SStop& stop, int nObstacle);
+    /// Whether the obstacle, which would stop the polygon where it starts, passes the level test when its
+    /// turn comes: the younger ones do not already hold the polygon above it. Nothing if only the walk can
+    /// tell.
+    [[nodiscard]] std::optional<bool> PassesAtItsTurn(const SFalling& falling, const SStop& stop,
+                                                      int nObstacle);
 
     std::span<const CPolygon> m_Polygons;
     float m_fStripWidth;

@@ -48,7 +48,7 @@ SProfilePoints LayOut(std::vector<mgVector3> positions) {
 }
 
 /// @param edges sorted by low x.
-std::vector<float> ReachesOf(const std::vector<SEdge>& edges) {
+std::vector<float> RightsSoFar(const std::vector<SEdge>& edges) {
     std::vector<float> reaches(RoundUpToLanes(edges.size()), GA_LANE_FILLER);
     float fLargest = -std::numeric_limits<float>::infinity();
     for (size_t i = 0; i < edges.size(); ++i) {
@@ -58,7 +58,7 @@ std::vector<float> ReachesOf(const std::vector<SEdge>& edges) {
     return reaches;
 }
 
-SProfileEdges LayOut(std::vector<SEdge> draft, float fReach) {
+SProfileEdges LayOut(std::vector<SEdge> draft, float fLargestX) {
     std::stable_sort(draft.begin(), draft.end(),
                      [](const SEdge& a, const SEdge& b) { return a.LowX() < b.LowX(); });
     SProfileEdges edges;
@@ -78,14 +78,14 @@ SProfileEdges LayOut(std::vector<SEdge> draft, float fReach) {
     // With more edges than this, cells pay. Measured: 8 to 16 are as good.
     constexpr size_t FEW = 12;
     if (draft.size() <= FEW) {
-        edges.m_Reaches = ReachesOf(draft);
+        edges.m_RightsSoFar = RightsSoFar(draft);
     } else {
-        CutIntoCells(draft, fReach, edges);
+        CutIntoCells(draft, fLargestX, edges);
     }
     return edges;
 }
 
-SRange FindBounds(const std::vector<mgVector3>& points, const std::vector<SEdge>& edges, float fReach) {
+SRange FindBounds(const std::vector<mgVector3>& points, const std::vector<SEdge>& edges, float fLargestX) {
     double low = std::numeric_limits<double>::infinity();
     double high = -low;
     const auto include = [&](double height) {
@@ -98,7 +98,7 @@ SRange FindBounds(const std::vector<mgVector3>& points, const std::vector<SEdge>
     for (const SEdge& edge : edges) {
         const double start = static_cast<double>(edge.m_Start.y);
         include(start);
-        include(start + edge.LargestRise(fReach));
+        include(start + edge.LargestRise(fLargestX));
     }
     if (low > high) {
         return {0.0F, 0.0F};
@@ -106,22 +106,22 @@ SRange FindBounds(const std::vector<mgVector3>& points, const std::vector<SEdge>
     return {static_cast<float>(low), static_cast<float>(high)};
 }
 
-SHalfProfile PrepareFront(const CPolygon& polygon, std::vector<SEdge> edges, float fReach) {
+SHalfProfile PrepareFront(const CPolygon& polygon, std::vector<SEdge> edges, float fLargestX) {
     std::vector<mgVector3> points = PositionsOf(polygon.m_FrontPoints);
-    const SRange y = FindBounds(points, edges, fReach);
+    const SRange y = FindBounds(points, edges, fLargestX);
     TurnUpsideDown(edges);
-    return {LayOut(std::move(points)), LayOut(std::move(edges), fReach), y};
+    return {LayOut(std::move(points)), LayOut(std::move(edges), fLargestX), y};
 }
 
-SHalfProfile PrepareBack(const CPolygon& polygon, float fReach) {
+SHalfProfile PrepareBack(const CPolygon& polygon, float fLargestX) {
     std::vector<mgVector3> points = PositionsOf(polygon.m_BackPoints);
     std::vector<SEdge> edges = EdgesOf(polygon, polygon.m_BackLines);
-    const SRange y = FindBounds(points, edges, fReach);
+    const SRange y = FindBounds(points, edges, fLargestX);
     TurnUpsideDown(points);
-    return {LayOut(std::move(points)), LayOut(std::move(edges), fReach), y};
+    return {LayOut(std::move(points)), LayOut(std::move(edges), fLargestX), y};
 }
 
-SProfile Prepare(const CPolygon& polygon, float fReach) {
+SProfile Prepare(const CPolygon& polygon, float fLargestX) {
     SProfile profile;
     std::vector<SEdge> front = EdgesOf(polygon, polygon.m_FrontLines);
     std::erase_if(front, [&](const SEdge& edge) {
@@ -131,16 +131,17 @@ SProfile Prepare(const CPolygon& polygon, float fReach) {
         }
         return edge.IsVertical();
     });
-    profile.m_Front = PrepareFront(polygon, std::move(front), fReach);
-    profile.m_Back = PrepareBack(polygon, fReach);
+    profile.m_Front = PrepareFront(polygon, std::move(front), fLargestX);
+    profile.m_Back = PrepareBack(polygon, fLargestX);
     return profile;
 }
 
 }  // namespace
 
-CProfileSet::CProfileSet(std::span<const CPolygon> polygons, float fReach, const CRelaxed<bool>* pAbandoned)
-    : m_bComplete(IsTame(fReach) && std::all_of(polygons.begin(), polygons.end(),
-                                                [](const CPolygon& p) { return IsTame(p); })) {
+CProfileSet::CProfileSet(std::span<const CPolygon> polygons, float fLargestX,
+                         const CRelaxed<bool>* pAbandoned)
+    : m_bComplete(IsMovable(fLargestX) && std::all_of(polygons.begin(), polygons.end(),
+                                                      [](const CPolygon& p) { return IsRegular(p); })) {
     if (!m_bComplete) {
         return;
     }
@@ -150,7 +151,7 @@ CProfileSet::CProfileSet(std::span<const CPolygon> polygons, float fReach, const
             m_bComplete = false;
             return;
         }
-        m_Profiles.push_back(Prepare(polygon, fReach));
+        m_Profiles.push_back(Prepare(polygon, fLargestX));
     }
 }
 

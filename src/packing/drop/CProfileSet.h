@@ -36,8 +36,8 @@ struct SProfileCell {
 ///
 /// Filled up so that whole lanes can be read from any edge on, and from one behind the last.
 ///
-/// Which edges there are at some x is found through the reaches where edges are few, and through cells where
-/// they are many.
+/// Which edges there are at some x is found by counting those to the left where edges are few, and through
+/// cells where they are many.
 struct SProfileEdges {
     std::vector<float> m_LowX;
     std::vector<float> m_HighX;
@@ -47,8 +47,8 @@ struct SProfileEdges {
     size_t m_nCount = 0;
 
     /// Of each edge the largest high end up to and including it: as many edges lie before the first one that
-    /// gets to some x as reaches are smaller.
-    std::vector<float> m_Reaches;
+    /// gets to some x as of these are smaller.
+    std::vector<float> m_RightsSoFar;
 
     std::vector<SProfileCell> m_Cells;  ///< from the first low end to the largest high end
     std::vector<uint32_t> m_FirstInCell;
@@ -84,9 +84,10 @@ struct SProfile {
 /// The profiles of a polygon set, prepared once for all the drops of a search.
 class CProfileSet {
 public:
-    /// @param fReach no x in the strip is larger in absolute value.
+    /// @param fLargestX no x in the strip is larger in absolute value.
     /// @param pAbandoned once this is true, no more profiles are prepared. May be null.
-    CProfileSet(std::span<const CPolygon> polygons, float fReach, const CRelaxed<bool>* pAbandoned = nullptr);
+    CProfileSet(std::span<const CPolygon> polygons, float fLargestX,
+                const CRelaxed<bool>* pAbandoned = nullptr);
 
     /// False if one of the polygons cannot be prepared: coordinates that are not finite or huge, or edges
     /// that the profile analysis would not have made. Then the profiles are of no use.

@@ -59,7 +59,7 @@ SStop Narrow(SStop stop, FloatLanes gaps, const int* pDrops, const SObstacles& o
 
 /// Nothing that lies lower is met by a fall shorter than fFall from y.
 float LowestMet(float fY, float fFall) {
-    return fY - fFall - (std::abs(fY) + std::abs(fFall)) * 0x1p-21F;
+    return fY - fFall - HeightMargin(std::abs(fY) + std::abs(fFall));
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "geom/RoundingMargins.h"
+
 namespace nestrix {
 
 namespace {
@@ -52,7 +54,7 @@ size_t ChooseCells(size_t nEdges) {
 
 }  // namespace
 
-void CutIntoCells(const std::vector<SEdge>& draft, float fReach, SProfileEdges& edges) {
+void CutIntoCells(const std::vector<SEdge>& draft, float fLargestX, SProfileEdges& edges) {
     const SRange x{edges.m_LowX.front(), edges.m_fRight};
     size_t nCells = ChooseCells(draft.size());
     edges.m_fCellsPerUnit = static_cast<float>(nCells) / (x.m_fHigh - x.m_fLow);
@@ -63,7 +65,7 @@ void CutIntoCells(const std::vector<SEdge>& draft, float fReach, SProfileEdges& 
     edges.m_Cells.resize(nCells);
     edges.m_FirstInCell.resize(nCells);
     edges.m_fLastCell = static_cast<float>(nCells - 1);
-    const CCellGrid grid(x, nCells, edges.m_fCellsPerUnit, static_cast<double>(fReach) * 0x1p-20);
+    const CCellGrid grid(x, nCells, edges.m_fCellsPerUnit, CellMargin(fLargestX));
     for (size_t nEdge = draft.size(); nEdge-- > 0;) {
         const SEdge& edge = draft[nEdge];
         const auto heightAt = [&edge](double at) {

@@ -14,12 +14,12 @@ struct SDrop {
     SBox m_Box;                  ///< its bounding box there
 };
 
-/// Whether an obstacle reaches up to where the falling polygon would rest after a fall of fFall. A lower one
-/// is not asked how it would stop the polygon. This is more than a shortcut: a corner in line with a vertical
-/// side would report a gap of zero from any depth.
+/// The level test: whether an obstacle rises to where the falling polygon would rest after a fall of fFall. A
+/// lower one is not asked how it would stop the polygon. This is more than a shortcut: a corner in line with
+/// a vertical side would report a gap of zero from any depth.
 /// @param fBoxBottom of the falling polygon's bounding box, local.
-[[nodiscard]] inline bool IsAsked(const SDrop& falling, float fBoxBottom, float fFall,
-                                  const SDrop& obstacle) {
+[[nodiscard]] inline bool PassesLevelTest(const SDrop& falling, float fBoxBottom, float fFall,
+                                          const SDrop& obstacle) {
     return obstacle.m_Box.m_fTop >= falling.m_ReferencePoint.y - fFall + fBoxBottom;
 }
 

@@ -2,16 +2,18 @@
 
 #include <cmath>
 
+#include "geom/RoundingMargins.h"
+
 namespace nestrix {
 
 namespace {
 
-bool IsTame(const mgVector3& position) {
-    return nestrix::IsTame(position.x) && nestrix::IsTame(position.y);
+bool IsMovable(const mgVector3& position) {
+    return nestrix::IsMovable(position.x) && nestrix::IsMovable(position.y);
 }
 
-bool AreTame(const std::vector<CPoint>& points) {
-    return std::all_of(points.begin(), points.end(), [](const CPoint& p) { return IsTame(p.m_Position); });
+bool AreMovable(const std::vector<CPoint>& points) {
+    return std::all_of(points.begin(), points.end(), [](const CPoint& p) { return IsMovable(p.m_Position); });
 }
 
 bool HasItsOwnDirection(const SEdge& edge) {
@@ -28,9 +30,8 @@ bool IsBack(const SEdge& edge) {
 
 }  // namespace
 
-double SEdge::LargestRise(float fReach) const {
-    const double length =
-        std::abs(static_cast<double>(m_Direction.x)) + static_cast<double>(fReach) * 0x1p-22;
+double SEdge::LargestRise(float fLargestX) const {
+    const double length = std::abs(static_cast<double>(m_Direction.x)) + EdgeLengthMargin(fLargestX);
     return m_Direction.x < 0.0F ? -Slope() * length : Slope() * length;
 }
 
@@ -44,17 +45,18 @@ std::vector<SEdge> EdgesOf(const CPolygon& polygon, const std::vector<CLine>& li
     return edges;
 }
 
-bool IsTame(float fCoordinate) {
+bool IsMovable(float fCoordinate) {
     constexpr float LARGEST = 1e18F;
     return std::abs(fCoordinate) <= LARGEST;
 }
 
-bool IsTame(const CPolygon& polygon) {
+bool IsRegular(const CPolygon& polygon) {
     const std::vector<SEdge> front = EdgesOf(polygon, polygon.m_FrontLines);
     const std::vector<SEdge> back = EdgesOf(polygon, polygon.m_BackLines);
-    return IsTame(polygon.m_BoundingBoxMin) && IsTame(polygon.m_BoundingBoxMax) &&
-           AreTame(polygon.m_Points) && AreTame(polygon.m_FrontPoints) && AreTame(polygon.m_BackPoints) &&
-           std::all_of(front.begin(), front.end(), IsFront) && std::all_of(back.begin(), back.end(), IsBack);
+    return IsMovable(polygon.m_BoundingBoxMin) && IsMovable(polygon.m_BoundingBoxMax) &&
+           AreMovable(polygon.m_Points) && AreMovable(polygon.m_FrontPoints) &&
+           AreMovable(polygon.m_BackPoints) && std::all_of(front.begin(), front.end(), IsFront) &&
+           std::all_of(back.begin(), back.end(), IsBack);
 }
 
 }  // namespace nestrix

@@ -26,17 +26,17 @@ struct SEdge {
     ///
     /// In the strip the ends are rounded to float while the slope keeps the local direction, so the line may
     /// run past the height of its other end: by the slope times three roundings of x, here taken as four.
-    /// @param fReach no x in the strip is larger in absolute value.
-    [[nodiscard]] double LargestRise(float fReach) const;
+    /// @param fLargestX no x in the strip is larger in absolute value.
+    [[nodiscard]] double LargestRise(float fLargestX) const;
 };
 
 [[nodiscard]] std::vector<SEdge> EdgesOf(const CPolygon& polygon, const std::vector<CLine>& lines);
 
 /// Whether sums and differences with this coordinate stay finite.
-[[nodiscard]] bool IsTame(float fCoordinate);
+[[nodiscard]] bool IsMovable(float fCoordinate);
 
-/// Whether all coordinates are tame, and all edges as the profile analysis makes them: each with its own
+/// Whether all coordinates are movable, and all edges as the profile analysis makes them: each with its own
 /// direction, front edges running right or vertical, back edges left.
-[[nodiscard]] bool IsTame(const CPolygon& polygon);
+[[nodiscard]] bool IsRegular(const CPolygon& polygon);
 
 }  // namespace nestrix

@@ -34,11 +34,11 @@ enum class EStart { Low, High };
 template <EStart START>
 class CMovedEdges {
 public:
-    CMovedEdges(const SProfileEdges& edges, float fX, float fY, float fSlack, const SRange& y)
+    CMovedEdges(const SProfileEdges& edges, float fX, float fY, float fMargin, const SRange& y)
         : m_Edges(edges),
           m_fX(fX),
           m_fY(fY),
-          m_Lift{fY - fSlack, fY + fSlack},
+          m_CellOffset{fY - fMargin, fY + fMargin},
           m_SpanX{edges.m_LowX.front() + fX, edges.m_fRight + fX},
           m_SpanY(y) {}
 
@@ -46,7 +46,7 @@ public:
 
     /// Where a point with a gap below fCut must lie.
     [[nodiscard]] const SRange& SpanX() const { return m_SpanX; }
-    [[nodiscard]] SRange HopefulY(float fCut) const { return {m_SpanY.m_fLow, m_SpanY.m_fHigh + fCut}; }
+    [[nodiscard]] SRange CandidateY(float fCut) const { return {m_SpanY.m_fLow, m_SpanY.m_fHigh + fCut}; }
 
     /// The cell at x, which lies in SpanX.
     [[nodiscard]] size_t CellAt(float fX) const {
@@ -55,10 +55,10 @@ public:
     }
 
     /// Whether a point in the cell may have a gap below fCut.
-    [[nodiscard]] bool IsHopeful(size_t nCell, float fY, float fCut) const {
+    [[nodiscard]] bool MayBeatCut(size_t nCell, float fY, float fCut) const {
         const SProfileCell& cell = m_Edges.m_Cells[nCell];
         // Without a branch: nobody could foresee it.
-        return (fY >= cell.m_fLow + m_Lift.m_fLow) & (fY <= cell.m_fHigh + m_Lift.m_fHigh + fCut);
+        return (fY >= cell.m_fLow + m_CellOffset.m_fLow) & (fY <= cell.m_fHigh + m_CellOffset.m_fHigh + fCut);
     }
 
     /// The smallest gap below a point, or fCut: by cells, four edges side by side.
@@ -77,8 +77,8 @@ public:
         return Smallest(gaps);
     }
 
-    /// The smallest gap below a point, or fCut: by reaches, one edge after the other.
-    [[nodiscard]] float FindGapByReach(float fX, float fY, float fCut) const {
+    /// The smallest gap below a point, or fCut: one edge after the other.
+    [[nodiscard]] float FindGapOneByOne(float fX, float fY, float fCut) const {
         for (size_t nEdge = CountLeftOf(fX); m_Edges.m_LowX[nEdge] + m_fX <= fX; ++nEdge) {
             const float fLow = m_Edges.m_LowX[nEdge] + m_fX;
             const float fHigh = m_Edges.m_HighX[nEdge] + m_fX;
@@ -100,8 +100,8 @@ private:
     [[nodiscard]] size_t CountLeftOf(float fX) const {
         size_t nCount = 0;
         for (size_t i = 0; i < m_Edges.m_nCount; i += GA_LANES) {
-            // Reaches ascend, so the bits of those to the left come first.
-            const unsigned int nLeft = BitsOf(LoadLanes(&m_Edges.m_Reaches[i]) + m_fX < fX);
+            // They ascend, so the bits of those to the left come first.
+            const unsigned int nLeft = BitsOf(LoadLanes(&m_Edges.m_RightsSoFar[i]) + m_fX < fX);
             nCount += static_cast<size_t>(std::countr_one(nLeft));
         }
         return nCount;
@@ -110,19 +110,19 @@ private:
     const SProfileEdges& m_Edges;
     float m_fX;
     float m_fY;
-    SRange m_Lift;  ///< turns a cell's bounds into bounds in the strip
+    SRange m_CellOffset;  ///< turns a cell's bounds into bounds in the strip
     SRange m_SpanX;
     SRange m_SpanY;
 };
 
 /// The smallest gap below fCut between points and few edges.
 template <class TEdges>
-float SweepByReach(const SMovedPoints& points, const TEdges& edges, float fCut) {
+float SweepFewEdges(const SMovedPoints& points, const TEdges& edges, float fCut) {
     for (size_t nFirst = 0; nFirst < points.m_Points.m_nCount; nFirst += GA_LANES) {
-        unsigned int nHopeful = points.FindInside(nFirst, edges.SpanX(), edges.HopefulY(fCut));
-        for (; nHopeful != 0; nHopeful &= nHopeful - 1) {
-            const size_t nPoint = nFirst + static_cast<size_t>(std::countr_zero(nHopeful));
-            fCut = edges.FindGapByReach(points.X(nPoint), points.Y(nPoint), fCut);
+        unsigned int nRemaining = points.FindInside(nFirst, edges.SpanX(), edges.CandidateY(fCut));
+        for (; nRemaining != 0; nRemaining &= nRemaining - 1) {
+            const size_t nPoint = nFirst + static_cast<size_t>(std::countr_zero(nRemaining));
+            fCut = edges.FindGapOneByOne(points.X(nPoint), points.Y(nPoint), fCut);
         }
     }
     return fCut;
@@ -133,14 +133,14 @@ constexpr size_t CHUNK = 64;
 /// The same for up to CHUNK points from nFirst on, and many edges. The lowest point in range narrows the gap;
 /// the others are sifted with the bounds of their cells, without a branch, before any edge is looked at.
 template <class TEdges>
-float SweepChunkByCell(const SMovedPoints& points, size_t nFirst, const TEdges& edges, float fCut) {
+float SweepChunk(const SMovedPoints& points, size_t nFirst, const TEdges& edges, float fCut) {
     const size_t nEnd = std::min(points.m_Points.m_nCount, nFirst + CHUNK);
-    const SRange hopefulY = edges.HopefulY(fCut);
-    uint64_t nHopeful = 0;
+    const SRange candidateY = edges.CandidateY(fCut);
+    uint64_t nRemaining = 0;
     for (size_t nPoint = nFirst; nPoint < nEnd; nPoint += GA_LANES) {
-        nHopeful |= uint64_t{points.FindInside(nPoint, edges.SpanX(), hopefulY)} << (nPoint - nFirst);
+        nRemaining |= uint64_t{points.FindInside(nPoint, edges.SpanX(), candidateY)} << (nPoint - nFirst);
     }
-    if (nHopeful == 0) {
+    if (nRemaining == 0) {
         return fCut;
     }
     struct SCandidate {
@@ -148,18 +148,18 @@ float SweepChunkByCell(const SMovedPoints& points, size_t nFirst, const TEdges& 
         float m_fY;
         size_t m_nCell;
     };
-    const auto firstHopeful = [&] {
-        const size_t nPoint = nFirst + static_cast<size_t>(std::countr_zero(nHopeful));
+    const auto nextCandidate = [&] {
+        const size_t nPoint = nFirst + static_cast<size_t>(std::countr_zero(nRemaining));
         return SCandidate{points.X(nPoint), points.Y(nPoint), edges.CellAt(points.X(nPoint))};
     };
-    const SCandidate lowest = firstHopeful();
+    const SCandidate lowest = nextCandidate();
     fCut = edges.FindGapInCell(lowest.m_fX, lowest.m_fY, lowest.m_nCell, fCut);
     std::array<SCandidate, CHUNK> candidates;
     size_t nCandidates = 0;
-    for (nHopeful &= nHopeful - 1; nHopeful != 0; nHopeful &= nHopeful - 1) {
-        const SCandidate next = firstHopeful();
+    for (nRemaining &= nRemaining - 1; nRemaining != 0; nRemaining &= nRemaining - 1) {
+        const SCandidate next = nextCandidate();
         candidates[nCandidates] = next;
-        nCandidates += edges.IsHopeful(next.m_nCell, next.m_fY, fCut) ? 1 : 0;
+        nCandidates += edges.MayBeatCut(next.m_nCell, next.m_fY, fCut) ? 1 : 0;
     }
     for (size_t i = 0; i < nCandidates; ++i) {
         fCut = edges.FindGapInCell(candidates[i].m_fX, candidates[i].m_fY, candidates[i].m_nCell, fCut);
@@ -171,11 +171,11 @@ float SweepChunkByCell(const SMovedPoints& points, size_t nFirst, const TEdges& 
 template <class TEdges>
 float Sweep(const SMovedPoints& points, const TEdges& edges, float fCut, const CRelaxed<bool>* pAbandoned) {
     if (!edges.HasCells()) {
-        return SweepByReach(points, edges, fCut);
+        return SweepFewEdges(points, edges, fCut);
     }
     size_t nFirst = 0;
     do {
-        fCut = SweepChunkByCell(points, nFirst, edges, fCut);
+        fCut = SweepChunk(points, nFirst, edges, fCut);
         nFirst += CHUNK;
     } while (nFirst < points.m_Points.m_nCount && !IsMade(pAbandoned));
     return fCut;
@@ -187,12 +187,12 @@ float Sweep(const SMovedPoints& points, const TEdges& edges, float fCut, const C
 [[gnu::flatten]] float FindGap(const SMovedHalf& front, const SMovedHalf& back, float fCut,
                                const CRelaxed<bool>* pAbandoned) {
     if (back.m_Half.m_Edges.m_nCount != 0) {
-        const CMovedEdges<EStart::High> edges(back.m_Half.m_Edges, back.m_fX, back.m_fY, back.m_fSlack,
+        const CMovedEdges<EStart::High> edges(back.m_Half.m_Edges, back.m_fX, back.m_fY, back.m_fMargin,
                                               back.m_Y);
         fCut = Sweep({front.m_Half.m_Points, front.m_fX, front.m_fY}, edges, fCut, pAbandoned);
     }
     if (front.m_Half.m_Edges.m_nCount != 0) {
-        const CMovedEdges<EStart::Low> edges(front.m_Half.m_Edges, front.m_fX, -front.m_fY, front.m_fSlack,
+        const CMovedEdges<EStart::Low> edges(front.m_Half.m_Edges, front.m_fX, -front.m_fY, front.m_fMargin,
                                              {-front.m_Y.m_fHigh, -front.m_Y.m_fLow});
         fCut = Sweep({back.m_Half.m_Points, back.m_fX, -back.m_fY}, edges, fCut, pAbandoned);
     }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "geom/RoundingMargins.h"
 #include "packing/drop/CProfileSet.h"
 
 namespace nestrix {
@@ -13,14 +14,14 @@ struct SMovedHalf {
         : m_Half(half),
           m_fX(fX),
           m_fY(fY),
-          m_fSlack((std::abs(half.m_Y.m_fLow) + std::abs(half.m_Y.m_fHigh) + std::abs(fY)) * 0x1p-21F),
-          m_Y{half.m_Y.m_fLow + fY - m_fSlack, half.m_Y.m_fHigh + fY + m_fSlack} {}
+          m_fMargin(HeightMargin(std::abs(half.m_Y.m_fLow) + std::abs(half.m_Y.m_fHigh) + std::abs(fY))),
+          m_Y{half.m_Y.m_fLow + fY - m_fMargin, half.m_Y.m_fHigh + fY + m_fMargin} {}
 
     const SHalfProfile& m_Half;
     float m_fX;
     float m_fY;
-    float m_fSlack;  ///< several roundings to float of anything that goes into a height or its bounds
-    SRange m_Y;      ///< nothing of it lies outside
+    float m_fMargin;  ///< of heights and their bounds
+    SRange m_Y;       ///< nothing of it lies outside
 };
 
 /// The smallest gap between the lower side of what falls and the upper side of what it falls on, vertical
