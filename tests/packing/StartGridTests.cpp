@@ -30,7 +30,7 @@ public:
             return;
         }
         m_Grid.Reset({0.0F, STRIP_WIDTH}, {START - 60.0F, START + 60.0F},
-                     static_cast<size_t>(random.Range(1, 60)), static_cast<size_t>(random.Range(1, 30)));
+                     static_cast<size_t>(random.Range(1, 60)), static_cast<size_t>(random.Range(1, 30)), 100);
         const float fMiddle = random.Between(0.0F, STRIP_WIDTH);
         for (size_t i = 0; i < m_Polygons.size(); ++i) {
             const float fX = fMiddle + random.Between(-40.0F, 40.0F);

@@ -15,7 +15,12 @@ class CBlockLists {
 public:
     static constexpr uint32_t NO_BLOCK = UINT32_MAX;
 
-    void Reset(size_t nLists) { m_Heads.assign(nLists, NO_BLOCK); }
+    /// @param nBlocks how many blocks are likely to be needed; there may be more.
+    void Reset(size_t nLists, size_t nBlocks) {
+        m_Heads.assign(nLists, NO_BLOCK);
+        m_Blocks.clear();
+        m_Blocks.reserve(nBlocks);
+    }
 
     void Clear() {
         if (!m_Blocks.empty()) {

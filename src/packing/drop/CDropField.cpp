@@ -106,7 +106,7 @@ void CDropField::PrepareStartGrid(float fStartY) {
     // Of the places where the lower profiles start: what hangs there, or a little lower, is in their way.
     const SRange y{fStartY + sizes.m_Y.m_fLow, fStartY + sizes.m_Y.m_fHigh};
     m_StartGrid.Reset({0.0F, m_fStripWidth}, y, ChooseGridCells(m_fStripWidth, sizes.m_Width),
-                      ChooseGridCells(y.m_fHigh - y.m_fLow, sizes.m_Height));
+                      ChooseGridCells(y.m_fHigh - y.m_fLow, sizes.m_Height), m_Profiles.CountBackPoints());
 }
 
 void CDropField::Clear(size_t nDrops) {

@@ -24,6 +24,7 @@ namespace nestrix {
 class CDropField {
 public:
     /// @param polygons the set. It must stay as it is while the field lives.
+    /// @param fStartY the y of the reference point of a polygon that starts to fall.
     /// @param pAbandoned once this is true, the field is of no use any more: everything that takes time
     ///        returns soon, with whatever it has got. May be null.
     CDropField(std::span<const CPolygon> polygons, float fStripWidth, float fStartY,

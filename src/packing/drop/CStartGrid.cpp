@@ -76,12 +76,14 @@ CStartGrid::SPointBlock::SPointBlock() {
     std::fill_n(m_Y, GA_LANES, GA_LANE_FILLER);
 }
 
-void CStartGrid::Reset(SRange x, SRange y, size_t nColumns, size_t nRows) {
+void CStartGrid::Reset(SRange x, SRange y, size_t nColumns, size_t nRows, size_t nPoints) {
     m_Columns = {x, nColumns};
     m_Rows = {y, nRows};
     m_fBottom = y.m_fLow;
-    m_Edges.Reset(m_Columns.CountCells() * m_Rows.CountCells());
-    m_Points.Reset(m_Columns.CountCells() * m_Rows.CountCells());
+    const size_t nCells = m_Columns.CountCells() * m_Rows.CountCells();
+    constexpr size_t MOST_BLOCKS = 1 << 16;
+    m_Edges.Reset(nCells, std::min(8 * nPoints, MOST_BLOCKS));
+    m_Points.Reset(nCells, std::min(nPoints, MOST_BLOCKS));
     m_nProfiles = 0;
 }
 

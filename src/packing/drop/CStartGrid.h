@@ -19,7 +19,9 @@ namespace nestrix {
 class CStartGrid {
 public:
     /// @param x, y what the cells cover; the outer ones reach to infinity.
-    void Reset(SRange x, SRange y, size_t nColumns, size_t nRows);
+    /// @param nPoints of all upper profiles: as there are about as many edges, it tells how much room to take
+    ///        beforehand.
+    void Reset(SRange x, SRange y, size_t nColumns, size_t nRows, size_t nPoints);
 
     void Clear();
 
