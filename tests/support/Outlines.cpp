@@ -87,8 +87,8 @@ Outline StarOutline(CSeededRandom& random, int nVertices, float fWidth, float fH
     for (const double fTurn : AscendingTurns(random, nVertices)) {
         const mgVector3 point = CirclePoint(fTurn);
         const float fLargestX = random.Between(0.35F, 1.0F);
-        outline.push_back(
-            {fWidth * 0.5F * (1.0F + fLargestX * point.x), fHeight * 0.5F * (1.0F + fLargestX * point.y), 0.0F});
+        outline.push_back({fWidth * 0.5F * (1.0F + fLargestX * point.x),
+                           fHeight * 0.5F * (1.0F + fLargestX * point.y), 0.0F});
     }
     return outline;
 }
@@ -102,8 +102,8 @@ Outline LobedOutline(CSeededRandom& random, int nVertices, float fWidth, float f
         const mgVector3 point = CirclePoint(fTurn);
         const double fWave = nLobes * fTurn + fPhase;
         const float fLargestX = 1.0F - fDepth + fDepth * CirclePoint(fWave - std::floor(fWave)).y;
-        outline.push_back(
-            {fWidth * 0.5F * (1.0F + fLargestX * point.x), fHeight * 0.5F * (1.0F + fLargestX * point.y), 0.0F});
+        outline.push_back({fWidth * 0.5F * (1.0F + fLargestX * point.x),
+                           fHeight * 0.5F * (1.0F + fLargestX * point.y), 0.0F});
     }
     return outline;
 }
