@@ -52,7 +52,7 @@ void CheckLayout(CDecoder& decoder, const SPackingInput& input, const CChromosom
     const reference::SPlainPacking plain =
         reference::Place(genes, input.m_Container.m_Polygons, input.m_Container.m_fTotalHeight);
     Require(SameBits(decoder.Evaluate(genes), plain.m_fFitness), "the fitness is that of the reference");
-    const std::span<const SPlacedPiece> drops = decoder.Packing().m_Placed;
+    const std::vector<SPlacedPiece> drops = decoder.Packing().m_Placed;
     Require(drops.size() == plain.m_Placed.size(), "as many polygons are placed as by the reference");
     for (size_t i = 0; i < drops.size(); ++i) {
         Require(SameBits(drops[i].m_At.x, plain.m_Placed[i].m_ReferencePoint.x) &&

@@ -81,7 +81,9 @@ std::optional<SPacking> Search(const SBatchOptions& options, std::span<const CPo
         }
         SayWhenItWasStopped(progress.LastGeneration(), options.m_nGenerations);
     }
-    return CDecoder(polygons, strip, ColumnHeight(polygons)).Decode(state.m_BestChromosome.Genes());
+    CDecoder decoder(polygons, strip, ColumnHeight(polygons));
+    (void)decoder.Evaluate(state.m_BestChromosome.Genes());
+    return decoder.Packing();
 }
 
 void PrintResult(unsigned int nSeed, const SPacking& packing) {

@@ -10,7 +10,7 @@ CDecoder::CDecoder(std::span<const CPolygon> polygons, const SStrip& strip, floa
       m_fColumnHeight(fColumnHeight),
       m_Placement(polygons, strip, fColumnHeight, pAbandoned) {}
 
-const SPacking& CDecoder::Decode(std::span<const SGene> genes, CContactSink* pContacts) {
+float CDecoder::Evaluate(std::span<const SGene> genes, CContactSink* pContacts) {
     m_Sorted.clear();
     for (const SGene& gene : genes) {
         m_Sorted.push_back({gene});
@@ -24,11 +24,7 @@ const SPacking& CDecoder::Decode(std::span<const SGene> genes, CContactSink* pCo
             m_Moves.push_back({gene.m_nPolygon, gene.m_fX});
         }
     }
-    return m_Placement.Place(m_Moves, pContacts);
-}
-
-float CDecoder::Evaluate(std::span<const SGene> genes, CContactSink* pContacts) {
-    return m_fColumnHeight - Decode(genes, pContacts).m_fHeight;
+    return m_fColumnHeight - m_Placement.Place(m_Moves, pContacts);
 }
 
 }  // namespace nestrix

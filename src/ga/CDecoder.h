@@ -17,16 +17,14 @@ public:
              const CRelaxed<bool>* pAbandoned = nullptr);
 
     /// Genes of unknown polygons are skipped. Equal keys end in whatever order the C library's qsort gives,
-    /// deliberately. The packing stays until the next call.
+    /// deliberately.
     /// @param pContacts hears of every contact; may be null.
-    const SPacking& Decode(std::span<const SGene> genes, CContactSink* pContacts = nullptr);
-
-    /// Decodes; the fitness is the height of all polygons in one column less the packing's height. Bigger is
-    /// better.
+    /// @return the fitness: the height of all polygons in one column less the packing's height. Bigger is
+    ///         better.
     float Evaluate(std::span<const SGene> genes, CContactSink* pContacts = nullptr);
 
     /// The last packing.
-    [[nodiscard]] const SPacking& Packing() const { return m_Placement.Packing(); }
+    [[nodiscard]] SPacking Packing() const { return m_Placement.Packing(); }
 
     [[nodiscard]] const CDropPlacement::SCounts& Counts() const { return m_Placement.Counts(); }
 

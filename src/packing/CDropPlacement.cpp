@@ -10,15 +10,14 @@ namespace nestrix {
 CDropPlacement::CDropPlacement(std::span<const CPolygon> polygons, const SStrip& strip, float fColumnHeight,
                                const CRelaxed<bool>* pAbandoned)
     : m_Polygons(polygons),
+      m_Strip(strip),
       m_fStartY(2.0F * fColumnHeight),
       m_Field(polygons, strip.m_fWidth, m_fStartY, pAbandoned),
-      m_Packing{strip, {}, 0.0F},
       m_pAbandoned(pAbandoned) {}
 
-const SPacking& CDropPlacement::Place(std::span<const SMove> moves, CContactSink* pContacts) {
+float CDropPlacement::Place(std::span<const SMove> moves, CContactSink* pContacts) {
     m_Drops.clear();
-    m_Packing.m_Placed.clear();
-    m_Packing.m_fHeight = 0.0F;
+    m_fHeight = 0.0F;
     m_bShortCuts = pContacts == nullptr && CanTakeShortCuts(moves);
     if (m_bShortCuts) {
         m_Field.Clear(moves.size());
@@ -29,23 +28,32 @@ const SPacking& CDropPlacement::Place(std::span<const SMove> moves, CContactSink
         if (IsMade(m_pAbandoned)) {
             break;
         }
-        Drop(move, pContacts);
+        const SDrop drop = Drop(move, pContacts);
+        if (m_bShortCuts) {
+            m_Field.Add(drop, static_cast<int>(m_Drops.size()));
+        }
+        m_Drops.push_back(drop);
+        m_fHeight = std::max(m_fHeight, drop.m_Box.m_fTop);
     }
-    return m_Packing;
+    return m_fHeight;
 }
 
-void CDropPlacement::Drop(const SMove& move, CContactSink* pContacts) {
+SPacking CDropPlacement::Packing() const {
+    SPacking packing{m_Strip, {}, m_fHeight};
+    packing.m_Placed.reserve(m_Drops.size());
+    for (const SDrop& drop : m_Drops) {
+        packing.m_Placed.push_back({drop.m_nPolygon, drop.m_ReferencePoint});
+    }
+    return packing;
+}
+
+SDrop CDropPlacement::Drop(const SMove& move, CContactSink* pContacts) {
     const CPolygon& polygon = m_Polygons[static_cast<size_t>(move.m_nPiece)];
     SDrop drop{move.m_nPiece, {move.m_fX, m_fStartY, polygon.m_ReferencePoint.z}, {}};
     drop.m_Box = WorldBox(polygon, drop.m_ReferencePoint);
     drop.m_ReferencePoint.y = m_fStartY - FindFall(drop, pContacts);
     drop.m_Box = WorldBox(polygon, drop.m_ReferencePoint);
-    if (m_bShortCuts) {
-        m_Field.Add(drop, static_cast<int>(m_Drops.size()));
-    }
-    m_Drops.push_back(drop);
-    m_Packing.m_Placed.push_back({move.m_nPiece, drop.m_ReferencePoint});
-    m_Packing.m_fHeight = std::max(m_Packing.m_fHeight, drop.m_Box.m_fTop);
+    return drop;
 }
 
 bool CDropPlacement::CanTakeShortCuts(std::span<const SMove> moves) const {

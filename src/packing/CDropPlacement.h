@@ -39,14 +39,15 @@ public:
     CDropPlacement(std::span<const CPolygon> polygons, const SStrip& strip, float fColumnHeight,
                    const CRelaxed<bool>* pAbandoned = nullptr);
 
-    /// Drops the polygons one after the other. The packing stays until the next call.
+    /// Drops the polygons one after the other.
     /// @param moves of polygons of the set.
+    /// @return the packing's height.
     /// @param pContacts hears of every contact; may be null. With it, every drop walks: the short cut does
     ///        not know which of several equal contacts comes first.
-    const SPacking& Place(std::span<const SMove> moves, CContactSink* pContacts = nullptr);
+    float Place(std::span<const SMove> moves, CContactSink* pContacts = nullptr);
 
     /// The last packing.
-    [[nodiscard]] const SPacking& Packing() const { return m_Packing; }
+    [[nodiscard]] SPacking Packing() const;
 
     [[nodiscard]] const SCounts& Counts() const { return m_Counts; }
 
@@ -56,16 +57,17 @@ private:
         mgVector3 m_Contact;
     };
 
-    void Drop(const SMove& move, CContactSink* pContacts);
+    [[nodiscard]] SDrop Drop(const SMove& move, CContactSink* pContacts);
     [[nodiscard]] bool CanTakeShortCuts(std::span<const SMove> moves) const;
     [[nodiscard]] float FindFall(const SDrop& falling, CContactSink* pContacts);
     [[nodiscard]] SRest Walk(const SDrop& falling) const;
 
     std::span<const CPolygon> m_Polygons;
+    SStrip m_Strip;
     float m_fStartY;
     CDropField m_Field;
     std::vector<SDrop> m_Drops;
-    SPacking m_Packing;
+    float m_fHeight = 0.0F;  ///< of the last packing
     bool m_bShortCuts = false;
     const CRelaxed<bool>* m_pAbandoned;
     SCounts m_Counts;
