@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "formats/PolygonFile.h"
 #include "fuzz/CMemoryFile.h"
 #include "fuzz/Require.h"
 #include "geom/Geom.h"

@@ -3,6 +3,7 @@
 
 #include "app/CNestrixFrame.h"
 #include "app/FormControls.h"
+#include "formats/PolygonPaths.h"
 
 using namespace nestrix;
 
@@ -11,7 +12,8 @@ void CNestrixFrame::OnMenuNext(wxCommandEvent&) {}
 
 /// A file chosen twice stands twice in the list and is packed twice, deliberately.
 void CNestrixFrame::OnAdd(wxCommandEvent&) {
-    wxFileDialog dialog(this, "Choose a polygon file", "./", "", "Polygon File (*.pol)|*.pol",
+    const wxString pattern = wxString("*") + POLYGON_FILE_EXTENSION;
+    wxFileDialog dialog(this, "Choose a polygon file", "./", "", "Polygon File (" + pattern + ")|" + pattern,
                         wxFD_OPEN | wxFD_MULTIPLE, wxDefaultPosition);
     auto* pList = FindControl<wxListBox>(*this, "ID_LST_POLYGON");
     if (dialog.ShowModal() != wxID_OK || pList == nullptr) {

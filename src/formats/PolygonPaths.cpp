@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 namespace {
 
 bool IsPolygonName(const fs::path& name) {
-    return name.extension() == ".pol" && name.native().front() != '.';
+    return name.extension() == POLYGON_FILE_EXTENSION && name.native().front() != '.';
 }
 
 /// The folder's polygon files by name, and why it could not be listed; empty for a folder that could.
@@ -26,7 +26,7 @@ std::string ListFolder(const std::string& folder, std::vector<std::string>& file
         return error.message();
     }
     std::sort(files.begin(), files.end());
-    return files.empty() ? "the folder holds no .pol files" : "";
+    return files.empty() ? std::string("the folder holds no ") + POLYGON_FILE_EXTENSION + " files" : "";
 }
 
 }  // namespace

@@ -6,6 +6,9 @@
 
 namespace nestrix {
 
+/// What the names of polygon files end in.
+inline constexpr char POLYGON_FILE_EXTENSION[] = ".pol";
+
 /// The polygon files that some paths stand for, and what is wrong with the paths.
 struct SPolygonPaths {
     std::vector<std::string> m_Files;   ///< in the order of the paths, within a folder by name

@@ -34,7 +34,8 @@ public:
     void Read(CPolygon& polygon);
 
     /// Why the file could not be opened, or the first thing that makes its text unsound; empty for a sound
-    /// one. See SPolygonFile for what is sound.
+    /// one. Sound means: a count of at least three, as many vertices, a bounding box whose first corner is
+    /// the upper-right one, and finite numbers throughout.
     [[nodiscard]] const std::string& Fault() const { return m_Fault; }
     [[nodiscard]] const SPlaces& Places() const { return m_Places; }
 

@@ -5,6 +5,7 @@
 #include <new>
 #include <ostream>
 
+#include "formats/PolygonFile.h"
 #include "ga/CContainer.h"
 #include "ga/CDecoder.h"
 #include "tests/faults/CAllocationFault.h"

@@ -11,6 +11,7 @@
 #include <ostream>
 #include <string_view>
 
+#include "formats/PolygonFile.h"
 #include "geom/Geom.h"
 #include "tests/faults/ProcessState.h"
 #include "tests/support/CTemporaryFolder.h"

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <new>
 
+#include "formats/PolygonFile.h"
 #include "geom/Geom.h"
 #include "tests/faults/CAllocationFault.h"
 #include "tests/faults/ProcessState.h"

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <ostream>
 
+#include "formats/PolygonFile.h"
 #include "tests/support/CCommaLocale.h"
 #include "tests/support/COrdinaryUser.h"
 #include "tests/support/CStdoutCapture.h"

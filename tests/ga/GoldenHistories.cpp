@@ -22,12 +22,7 @@ reference::SSearchCase MakeSearch(std::vector<CPolygon> polygons, unsigned int n
 
 std::vector<CPolygon> MakeFamilySet(std::string_view name, int nPieces) {
     support::CSeededRandom random(51);
-    for (const support::SFamily& family : support::AllFamilies()) {
-        if (family.m_Name == name) {
-            return support::MakeSet(random, family, nPieces);
-        }
-    }
-    return {};
+    return support::MakeSet(random, support::FamilyNamed(name), nPieces);
 }
 
 }  // namespace

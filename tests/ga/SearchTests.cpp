@@ -42,11 +42,7 @@ protected:
 
     void UseMixture(int nPieces) {
         support::CSeededRandom random(31);
-        for (const support::SFamily& family : support::AllFamilies()) {
-            if (family.m_Name == "sound mixture") {
-                m_Container.m_Polygons = support::MakeSet(random, family, nPieces);
-            }
-        }
+        m_Container.m_Polygons = support::MakeSet(random, support::FamilyNamed("sound mixture"), nPieces);
     }
 
     /// Runs the search and returns what it prints.

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "geom/Geom.h"
+#include "geom/HitTest.h"
 
 namespace nestrix {
 
@@ -28,52 +28,24 @@ constexpr mgVector3 SLOPE_END = {10, 10, 0};
 constexpr mgVector3 POST_START = {4, 2, 0};
 constexpr mgVector3 POST_END = {4, 8, 0};
 
-TEST(Vector, IsZeroByDefault) {
-    EXPECT_EQ(mgVector3(), (mgVector3{0, 0, 0}));
-}
-
-TEST(Vector, HasThreeUnitConstants) {
-    EXPECT_EQ(MG_VECTOR3_X, (mgVector3{1, 0, 0}));
-    EXPECT_EQ(MG_VECTOR3_Y, (mgVector3{0, 1, 0}));
-    EXPECT_EQ(MG_VECTOR3_Z, (mgVector3{0, 0, 1}));
-}
-
-TEST(Vector, IsThreeFloatsInARow) {
-    EXPECT_EQ(sizeof(mgVector3), 3 * sizeof(float));
-}
-
-TEST(Vector, CarriesZThroughSumsAndDifferences) {
-    EXPECT_EQ((mgVector3{1, 2, 3}) + (mgVector3{10, 20, 30}), (mgVector3{11, 22, 33}));
-    EXPECT_EQ((mgVector3{1, 2, 3}) - (mgVector3{10, 20, 30}), (mgVector3{-9, -18, -27}));
-}
-
-TEST(Vector, HasTheDotProductOfAllThreeComponents) {
-    EXPECT_EQ(DotProduct({1, 2, 3}, {10, 100, 1000}), 3210.0F);
-}
-
-TEST(Vector, HasItsXAsSideValueAgainstUp) {
-    EXPECT_EQ(SideValue({7, 9, 0}, MG_VECTOR3_Y), 7.0F);
-    EXPECT_EQ(SideValue({7, 9, 0}, MG_VECTOR3_X), -9.0F);
-}
-
-TEST(PointAboveTheEndOfASegment, MeetsThatEnd) {
+TEST(HitTest, PointAboveTheEndOfASegmentMeetsThatEnd) {
     EXPECT_EQ(Downward({10, 20, 0}, SLOPE_START, SLOPE_END), 10.0F);
 }
 
-TEST(PointAboveTheStartOfASegment, MeetsThatStart) {
+TEST(HitTest, PointAboveTheStartOfASegmentMeetsThatStart) {
     EXPECT_EQ(Downward({0, 20, 0}, SLOPE_START, SLOPE_END), 0.0F);
 }
 
-TEST(PointBelowTheEndOfASegment, MeetsThatEndUpward) {
+TEST(HitTest, PointBelowTheEndOfASegmentMeetsThatEndUpward) {
     EXPECT_EQ(Upward({10, -3, 0}, SLOPE_START, SLOPE_END), 10.0F);
 }
 
-TEST(PointOnASegment, HitsItBothWays) {
+TEST(HitTest, PointOnASegmentHitsItBothWays) {
     EXPECT_EQ(Downward({5, 5, 0}, SLOPE_START, SLOPE_END), 5.0F);
     EXPECT_EQ(Upward({5, 5, 0}, SLOPE_START, SLOPE_END), 5.0F);
 }
 
-TEST(PointBesideASegment, HitsNothingAndLeavesTheHeightUntouched) {
+TEST(HitTest, PointBesideASegmentHitsNothingAndLeavesTheHeightUntouched) {
     for (const float x : {11.0F, -1.0F}) {
         float fHeight = 77.0F;
         EXPECT_FALSE(DoesPointHitDownward({x, 20, 0}, SLOPE_START, SLOPE_END, {10, 10, 0}, &fHeight));
@@ -82,46 +54,46 @@ TEST(PointBesideASegment, HitsNothingAndLeavesTheHeightUntouched) {
     }
 }
 
-TEST(PointAboveASegment, LeavesTheHeightUntouchedUpward) {
+TEST(HitTest, PointAboveASegmentLeavesTheHeightUntouchedUpward) {
     float fHeight = 77.0F;
     EXPECT_FALSE(DoesPointHitUpward({5, 6, 0}, SLOPE_START, SLOPE_END, {10, 10, 0}, &fHeight));
     EXPECT_EQ(fHeight, 77.0F);
 }
 
-TEST(PointBelowASegment, HitsNothingDownward) {
+TEST(HitTest, PointBelowASegmentHitsNothingDownward) {
     EXPECT_EQ(Downward({5, 4, 0}, SLOPE_START, SLOPE_END), std::nullopt);
 }
 
-TEST(PointAboveAVerticalSegment, MeetsItsUpperEndDownwardAndNothingUpward) {
+TEST(HitTest, PointAboveAVerticalSegmentMeetsItsUpperEndDownwardAndNothingUpward) {
     EXPECT_EQ(Downward({4, 12, 0}, POST_START, POST_END), 8.0F);
     EXPECT_EQ(Upward({4, 12, 0}, POST_START, POST_END), std::nullopt);
 }
 
-TEST(PointLevelWithAVerticalSegment, MeetsItsOwnHeightDownwardAndTheLowerEndUpward) {
+TEST(HitTest, PointLevelWithAVerticalSegmentMeetsItsOwnHeightDownwardAndTheLowerEndUpward) {
     EXPECT_EQ(Downward({4, 5, 0}, POST_START, POST_END), 5.0F);
     EXPECT_EQ(Upward({4, 5, 0}, POST_START, POST_END), 2.0F);
 }
 
-TEST(PointBelowAVerticalSegment, MeetsNothingDownwardAndItsOwnHeightUpward) {
+TEST(HitTest, PointBelowAVerticalSegmentMeetsNothingDownwardAndItsOwnHeightUpward) {
     EXPECT_EQ(Downward({4, 0, 0}, POST_START, POST_END), std::nullopt);
     EXPECT_EQ(Upward({4, 0, 0}, POST_START, POST_END), 0.0F);
 }
 
-TEST(PointAtAnEndOfAVerticalSegment, HitsItBothWays) {
+TEST(HitTest, PointAtAnEndOfAVerticalSegmentHitsItBothWays) {
     EXPECT_EQ(Downward({4, 2, 0}, POST_START, POST_END), 2.0F);
     EXPECT_EQ(Downward({4, 8, 0}, POST_START, POST_END), 8.0F);
     EXPECT_EQ(Upward({4, 2, 0}, POST_START, POST_END), 2.0F);
     EXPECT_EQ(Upward({4, 8, 0}, POST_START, POST_END), 2.0F);
 }
 
-TEST(VerticalSegment, MayRunEitherWay) {
+TEST(HitTest, VerticalSegmentMayRunEitherWay) {
     for (const float y : {0.0F, 2.0F, 5.0F, 8.0F, 12.0F}) {
         EXPECT_EQ(Downward({4, y, 0}, POST_END, POST_START), Downward({4, y, 0}, POST_START, POST_END));
         EXPECT_EQ(Upward({4, y, 0}, POST_END, POST_START), Upward({4, y, 0}, POST_START, POST_END));
     }
 }
 
-TEST(NullHeight, ChangesNoResult) {
+TEST(HitTest, NullHeightChangesNoResult) {
     for (const float x : {4.0F, 5.0F}) {
         for (const float y : {0.0F, 5.0F, 12.0F}) {
             const mgVector3 point = {x, y, 0};
@@ -134,7 +106,7 @@ TEST(NullHeight, ChangesNoResult) {
     }
 }
 
-TEST(StoredDirection, IsTrustedForTheSlopeAndTheVerticalRule) {
+TEST(HitTest, StoredDirectionIsTrustedForTheSlopeAndTheVerticalRule) {
     float fHeight = 0.0F;
     EXPECT_TRUE(DoesPointHitDownward({5, 50, 0}, SLOPE_START, SLOPE_END, {1, 2, 0}, &fHeight));
     EXPECT_EQ(fHeight, 10.0F);
@@ -142,7 +114,7 @@ TEST(StoredDirection, IsTrustedForTheSlopeAndTheVerticalRule) {
     EXPECT_EQ(fHeight, 0.0F);
 }
 
-TEST(HitHeight, IsComputedInDoubleAndRoundedOnce) {
+TEST(HitTest, HitHeightIsComputedInDoubleAndRoundedOnce) {
     // One third in single precision, times three, would round to 1 and miss the point just below.
     const mgVector3 end = {3, 1, 0};
     float fHeight = 0.0F;
@@ -153,7 +125,7 @@ TEST(HitHeight, IsComputedInDoubleAndRoundedOnce) {
     EXPECT_FALSE(DoesPointHitUpward({1, static_cast<float>(1.0 / 3.0), 0}, {0, 0, 0}, end, end, nullptr));
 }
 
-TEST(ShiftedHitTest, MeetsAtTheShiftedHeight) {
+TEST(HitTest, ShiftedHitTestMeetsAtTheShiftedHeight) {
     const mgVector3 shift = {100, -250, 0};
     for (int x = -1; x <= 11; ++x) {
         const mgVector3 point = {static_cast<float>(x), 5, 0};
@@ -166,7 +138,7 @@ TEST(ShiftedHitTest, MeetsAtTheShiftedHeight) {
     }
 }
 
-TEST(PointAtTheXOfASlopingSegment, IsHitInExactlyOneDirectionUnlessItLiesOnIt) {
+TEST(HitTest, PointAtTheXOfASlopingSegmentIsHitInExactlyOneDirectionUnlessItLiesOnIt) {
     for (int y = -2; y <= 12; ++y) {
         const mgVector3 point = {5, static_cast<float>(y), 0};
         const int nHits = (Downward(point, SLOPE_START, SLOPE_END) ? 1 : 0) +

@@ -130,13 +130,8 @@ TEST_P(PlacementLaw, FitnessIsTheColumnsHeightLessTheHighestTop) {
 
 std::vector<support::SFamily> SoundFamilies() {
     std::vector<support::SFamily> sound;
-    for (const support::SFamily& family : support::AllFamilies()) {
-        for (const char* pName :
-             {"aligned rectangles", "combs", "letters", "lattice pieces", "sound mixture"}) {
-            if (family.m_Name == pName) {
-                sound.push_back(family);
-            }
-        }
+    for (const char* pName : {"aligned rectangles", "combs", "letters", "lattice pieces", "sound mixture"}) {
+        sound.push_back(support::FamilyNamed(pName));
     }
     return sound;
 }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <cmath>
 #include <limits>
 
@@ -17,6 +19,7 @@ namespace nestrix {
 namespace {
 
 using support::CSeededRandom;
+using support::EPiece;
 using support::RandomCases;
 using support::SFamily;
 
@@ -107,12 +110,11 @@ TEST_P(Sweeps, FindTheSmallestGapWhereverTheyAreCutOffAboveIt) {
 std::vector<SFamily> RegularFamilies() {
     std::vector<SFamily> families;
     for (const SFamily& family : support::AllFamilies()) {
-        const bool bWild = family.m_Name.find("infinities") != std::string_view::npos ||
-                           family.m_Name.find("endless") != std::string_view::npos ||
-                           family.m_Name.find("huge") != std::string_view::npos ||
-                           family.m_Name.find("distant") != std::string_view::npos ||
-                           family.m_Name == "everything";
-        if (!bWild) {
+        const bool bRegular = std::ranges::none_of(family.m_Pieces, [](EPiece piece) {
+            return piece == EPiece::NotFinite || piece == EPiece::Endless || piece == EPiece::Huge ||
+                   piece == EPiece::Distant;
+        });
+        if (bRegular) {
             families.push_back(family);
         }
     }

@@ -1,7 +1,10 @@
 #include "tests/support/Pieces.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
+#include <stdexcept>
+#include <string>
 
 namespace nestrix::support {
 namespace {
@@ -209,6 +212,14 @@ CPolygon MakeSizedPiece(CSeededRandom& random, EPiece piece, int nVertices) {
 
 std::span<const SFamily> AllFamilies() {
     return FAMILIES;
+}
+
+const SFamily& FamilyNamed(std::string_view name) {
+    const auto* const pFamily = std::ranges::find(FAMILIES, name, &SFamily::m_Name);
+    if (pFamily == std::end(FAMILIES)) {
+        throw std::out_of_range("no family of pieces is named " + std::string(name));
+    }
+    return *pFamily;
 }
 
 std::vector<CPolygon> MakeSet(CSeededRandom& random, const SFamily& family, int nPieces) {

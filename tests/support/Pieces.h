@@ -49,6 +49,9 @@ struct SFamily {
 /// Every mixture worth trying: each kind alone, sound mixtures, everything at once, sets of equal pieces.
 [[nodiscard]] std::span<const SFamily> AllFamilies();
 
+/// One of them. Throws std::out_of_range where there is none of that name, so that no test runs on nothing.
+[[nodiscard]] const SFamily& FamilyNamed(std::string_view name);
+
 [[nodiscard]] std::vector<CPolygon> MakeSet(CSeededRandom& random, const SFamily& family, int nPieces);
 
 }  // namespace nestrix::support
