@@ -17,7 +17,7 @@ bool Report(double height, float* pHitY) {
 
 }  // namespace
 
-double HeightOnLine(float x, const mgVector3& start, const mgVector3& direction) {
+double nestrix::HeightOnLine(float x, const mgVector3& start, const mgVector3& direction) {
     const double slope = static_cast<double>(direction.y) / static_cast<double>(direction.x);
     return static_cast<double>(start.y) + slope * (static_cast<double>(x) - static_cast<double>(start.x));
 }
@@ -33,7 +33,7 @@ bool DoesPointHitDownward(const mgVector3& point, const mgVector3& start, const 
         }
         return Report(std::min(std::max(start.y, end.y), point.y), pHitY);
     }
-    const double height = HeightOnLine(point.x, start, direction);
+    const double height = nestrix::HeightOnLine(point.x, start, direction);
     return point.y >= height && Report(height, pHitY);
 }
 
@@ -49,6 +49,6 @@ bool DoesPointHitUpward(const mgVector3& point, const mgVector3& start, const mg
         // Deliberately min, not the mirrored max: see the header.
         return Report(std::min(std::min(start.y, end.y), point.y), pHitY);
     }
-    const double height = HeightOnLine(point.x, start, direction);
+    const double height = nestrix::HeightOnLine(point.x, start, direction);
     return point.y <= height && Report(height, pHitY);
 }

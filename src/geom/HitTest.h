@@ -2,9 +2,13 @@
 
 #include "geom/Vector.h"
 
+namespace nestrix {
+
 /// The height at x of the line through `start` along `direction`, which is not vertical: computed in double,
 /// and the same bit for bit as in the tests below.
 [[nodiscard]] double HeightOnLine(float x, const mgVector3& start, const mgVector3& direction);
+
+}  // namespace nestrix
 
 /// Does `point`, moved straight down, meet the segment from `start` to `end`?
 ///

@@ -81,7 +81,7 @@ std::string OutputOf(const std::vector<std::string>& command) {
     CProcess::SSettings settings;
     settings.m_Output = folder.PathOf("output");
     CProcess process(command, settings);
-    (void)process.AwaitEnd(std::chrono::seconds(10));
+    (void)process.AwaitEnd(std::chrono::seconds(90));
     return ReadFile(settings.m_Output);
 }
 

@@ -47,7 +47,7 @@ std::string OutputOf(const std::vector<std::string>& command);
 /// Polls until the condition holds. @return whether it came to hold in time.
 template <class TCondition>
 [[nodiscard]] bool Await(TCondition&& condition,
-                         std::chrono::milliseconds patience = std::chrono::seconds(10)) {
+                         std::chrono::milliseconds patience = std::chrono::seconds(90)) {
     const auto end = std::chrono::steady_clock::now() + patience;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end) {

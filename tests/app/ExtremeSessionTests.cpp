@@ -21,7 +21,7 @@ protected:
         SetRun(nPopulation, nGenerations);
         const int nRuns = CountOutput("Thread Exited\n");
         ClickOn("ID_BTN_RUN_GA");
-        Require(AwaitOutput("Thread Exited\n", nRuns + 1, std::chrono::seconds(30)), "the run does not end");
+        Require(AwaitOutput("Thread Exited\n", nRuns + 1, std::chrono::minutes(4)), "the run does not end");
         EXPECT_EQ(CountOutput("The search has ended early"), 0);
     }
 

@@ -75,7 +75,7 @@ void FrameFixture::StartLongRun() {
 
 void FrameFixture::AwaitEndOfRun() {
     ASSERT_NE(m_pFrame->m_pThread, nullptr);
-    ASSERT_TRUE(PumpUntil([this] { return !m_pFrame->m_pThread->IsAlive(); }, std::chrono::seconds(30)));
+    ASSERT_TRUE(PumpUntil([this] { return !m_pFrame->m_pThread->IsAlive(); }, std::chrono::minutes(4)));
     PumpPending();
 }
 

@@ -209,7 +209,7 @@ void SessionFixture::CloseWindow() {
     Require(AwaitFocus(TITLE), "the window does not get the keys");
     PressKeys({"alt+F4"});
     EXPECT_TRUE(Await([] { return !IsWindowOpen(TITLE); }, AT_ONCE)) << "the window stays";
-    EXPECT_EQ(m_pProgram->AwaitEnd(std::chrono::seconds(10)), 0) << ReadFile(m_Records.PathOf("errors"));
+    EXPECT_EQ(m_pProgram->AwaitEnd(std::chrono::seconds(90)), 0) << ReadFile(m_Records.PathOf("errors"));
 }
 
 }  // namespace nestrix::support

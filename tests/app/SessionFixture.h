@@ -46,7 +46,7 @@ protected:
     [[nodiscard]] std::string Output() const;
     [[nodiscard]] int CountOutput(const std::string& text) const;
     [[nodiscard]] bool AwaitOutput(const std::string& text, int nTimes = 1,
-                                   std::chrono::milliseconds patience = std::chrono::seconds(20)) const;
+                                   std::chrono::milliseconds patience = std::chrono::seconds(90)) const;
 
     /// The last number that the program has printed after this text, or −1.
     [[nodiscard]] float LastNumberAfter(const std::string& text) const;

@@ -123,7 +123,7 @@ TEST_F(StressSession, LosesNoNoticeOfAFlood) {
     StartWithSquares(2, 10);
     SetRun(2, nGenerations);
     ClickOn("ID_BTN_RUN_GA");
-    ASSERT_TRUE(AwaitOutput("Thread Exited\n", 1, std::chrono::seconds(90)));
+    ASSERT_TRUE(AwaitOutput("Thread Exited\n", 1, std::chrono::minutes(4)));
     EXPECT_EQ(CountOutput("Newly Created 2\n"), nGenerations);
     EXPECT_TRUE(Await([&] { return IsGaugeFull(); }));
     CloseWindow();

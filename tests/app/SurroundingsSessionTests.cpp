@@ -173,7 +173,7 @@ TEST_F(SurroundingsSession, WithADecimalCommaReadAndPrintPoints) {
 
 TEST_F(SurroundingsSession, WithoutDisplayEndTheProgramWithAMessage) {
     Launch({{"DISPLAY", ""}, {"WAYLAND_DISPLAY", ""}});
-    const std::optional<int> status = m_pProgram->AwaitEnd(std::chrono::seconds(10));
+    const std::optional<int> status = m_pProgram->AwaitEnd(std::chrono::seconds(90));
     ASSERT_TRUE(status.has_value());
     EXPECT_GT(*status, 0);
     EXPECT_NE(support::ReadFile(m_Records.PathOf("errors")), "");

@@ -20,6 +20,7 @@
 namespace nestrix {
 
 using support::CTemporaryFolder;
+using support::ReadFile;
 
 namespace {
 

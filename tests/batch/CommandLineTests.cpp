@@ -8,6 +8,10 @@
 
 namespace nestrix {
 
+using support::EntryCount;
+using support::ReadFile;
+using support::SquareFile;
+
 using testing::HasSubstr;
 
 namespace {

@@ -16,7 +16,10 @@
 namespace nestrix {
 
 using support::COrdinaryUser;
+using support::CountOf;
 using support::CTemporaryFolder;
+using support::EntryCount;
+using support::SquareFile;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;

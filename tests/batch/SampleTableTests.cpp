@@ -10,6 +10,8 @@
 
 namespace nestrix {
 
+using support::ReadFile;
+
 namespace {
 
 /// One line of the table in the samples' README.

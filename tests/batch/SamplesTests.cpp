@@ -20,6 +20,7 @@ namespace nestrix {
 
 using support::CStdoutCapture;
 using support::CTemporaryFolder;
+using support::ReadFile;
 
 namespace fs = std::filesystem;
 

@@ -13,6 +13,9 @@ namespace nestrix {
 
 using support::CCommaLocale;
 using support::CTemporaryFolder;
+using support::EntryCount;
+using support::ReadFile;
+using support::SquareFile;
 using testing::HasSubstr;
 using testing::MatchesRegex;
 using testing::Not;

@@ -16,6 +16,9 @@
 namespace nestrix {
 
 using support::CTemporaryFolder;
+using support::EntryCount;
+using support::ReadFile;
+using support::Repeated;
 using testing::HasSubstr;
 using testing::MatchesRegex;
 

@@ -15,7 +15,12 @@
 namespace nestrix {
 
 using support::COrdinaryUser;
+using support::CountOf;
 using support::CTemporaryFolder;
+using support::EntryCount;
+using support::ReadFile;
+using support::Repeated;
+using support::SquareFile;
 using testing::HasSubstr;
 
 namespace fs = std::filesystem;

@@ -5,7 +5,7 @@
 
 namespace nestrix::support {
 
-inline constexpr std::chrono::seconds PATIENCE{10};
+inline constexpr std::chrono::seconds PATIENCE{90};
 
 /// Lets the toolkit handle events until the condition holds.
 /// @return whether it came to hold before the patience ran out.

@@ -14,6 +14,7 @@
 namespace nestrix {
 
 using support::CCommaLocale;
+using support::CountOf;
 using support::CTemporaryFolder;
 using support::MakePolygon;
 using support::MakeRectangle;

@@ -7,7 +7,7 @@
 
 #include "tests/support/PolygonMaking.h"
 
-namespace nestrix {
+namespace nestrix::support {
 
 namespace fs = std::filesystem;
 
@@ -45,4 +45,4 @@ int EntryCount(const fs::path& folder) {
     return static_cast<int>(std::distance(fs::directory_iterator(folder), {}));
 }
 
-}  // namespace nestrix
+}  // namespace nestrix::support

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-namespace nestrix {
+namespace nestrix::support {
 
 /// The content of a file; fails the running test where it cannot be read.
 [[nodiscard]] std::string ReadFile(const std::filesystem::path& path);
@@ -20,4 +20,4 @@ namespace nestrix {
 /// How many entries the folder holds.
 [[nodiscard]] int EntryCount(const std::filesystem::path& folder);
 
-}  // namespace nestrix
+}  // namespace nestrix::support
