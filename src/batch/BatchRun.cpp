@@ -9,7 +9,7 @@
 #include "batch/CPictureFile.h"
 #include "batch/CStopSignals.h"
 #include "batch/PolygonInput.h"
-#include "ga/CGeneticSearch.h"
+#include "ga/GeneticSearch.h"
 
 namespace nestrix {
 
@@ -72,18 +72,14 @@ std::optional<SPacking> Search(const SBatchOptions& options, std::span<const CPo
                                const SStrip& strip, unsigned int nSeed, CBatchProgress& progress) {
     CSearchState state;
     g_MutationProbability = options.m_fMutation;
-    RunGeneticSearch(polygons, strip, {options.m_nPopulation, options.m_nGenerations}, nSeed, state,
-                     progress);
-    if (IsMade(progress.AbandonRequest())) {
-        if (state.m_BestChromosome.m_nGenes == 0) {
-            Complain("stopped before there was a packing");
-            return std::nullopt;
-        }
+    std::optional<SPacking> packing = RunGeneticSearch(
+        polygons, strip, {options.m_nPopulation, options.m_nGenerations}, nSeed, state, progress);
+    if (!packing) {
+        Complain("stopped before there was a packing");
+    } else if (IsMade(progress.AbandonRequest())) {
         SayWhenItWasStopped(progress.LastGeneration(), options.m_nGenerations);
     }
-    CDecoder decoder(polygons, strip, ColumnHeight(polygons));
-    (void)decoder.Evaluate(state.m_BestChromosome.Genes());
-    return decoder.Packing();
+    return packing;
 }
 
 void PrintResult(unsigned int nSeed, const SPacking& packing) {

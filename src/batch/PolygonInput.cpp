@@ -9,8 +9,8 @@ namespace nestrix {
 
 namespace {
 
-/// Twice the area, negative for an outline that runs clockwise.
-double SignedArea(const CPolygon& polygon) {
+/// Negative for an outline that runs clockwise.
+double TwiceSignedArea(const CPolygon& polygon) {
     double area = 0.0;
     for (const CLine& line : polygon.m_Lines) {
         const mgVector3& start = polygon.PositionOf(line.m_nStart);
@@ -38,7 +38,7 @@ std::string Remark(const std::string& path, int nLine, const std::string& remark
 void NoteOddities(const std::string& path, const SPolygonFile& file, float fStripWidth,
                   std::vector<std::string>& warnings) {
     const CPolygon& polygon = file.m_Polygon;
-    if (SignedArea(polygon) < 0.0) {
+    if (TwiceSignedArea(polygon) < 0.0) {
         warnings.push_back(Remark(path, file.m_nOutlineLine,
                                   "the outline runs clockwise: other pieces may come to lie on top of it"));
     }

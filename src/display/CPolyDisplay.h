@@ -11,8 +11,12 @@
 #include "display/RenderOptions.h"
 #include "geom/Geom.h"
 
+namespace nestrix {
+
 /// Where the strip's origin lies on the canvas, in world units: beside and above the room for the labels.
 inline constexpr mgVector3 CANVAS_ORIGIN{40.0F, 20.0F, 0.0F};
+
+}  // namespace nestrix
 
 /// One polygon on the canvas.
 struct SPolyItem {

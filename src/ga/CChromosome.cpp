@@ -11,6 +11,10 @@ using namespace nestrix;
 
 CRelaxed<float> g_MutationProbability = 0.01F;
 
+int GeneSortCallBack(void const* a, void const* b) {
+    return static_cast<SGene const*>(a)->m_nOrder - static_cast<SGene const*>(b)->m_nOrder;
+}
+
 CChromosome::CChromosome(const CChromosome& other) {
     *this = other;
 }

@@ -44,7 +44,8 @@ public:
     /// Changes at most one gene: its offset by up to half of [fXLow, fXHigh] either way, unclamped, or its
     /// order key to one of nOrderLow .. nOrderHigh; if there are none, it stays. Draws from the C library's
     /// rand().
-    /// @return 1 if it mutated a gene, 0 if not (a chromosome without genes never does, and draws nothing).
+    /// @return 1 if it chose a gene to mutate, 0 if not (a chromosome without genes never does, and draws
+    /// nothing).
     int Mutate(int nOrderLow, int nOrderHigh, float fXLow, float fXHigh);
 
     /// Single-point crossover of this and `other` into pChildren[0] and, for nChildren = 2, pChildren[1];

@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <span>
 
-#include "ga/CGeneticSearch.h"
 #include "ga/Genes.h"
+#include "ga/GeneticSearch.h"
 #include "ga/Roulette.h"
 #include "geom/SBox.h"
 #include "packing/SPacking.h"
@@ -69,5 +69,10 @@ void CContainer::RandomlyGenerateFirstGeneration() {
 
 void CContainer::RunSearch(int nPopulation, int nGenerations, unsigned int nSeed, CSearchSink& sink) {
     m_fTotalHeight = ColumnHeight(m_Polygons);
-    RunGeneticSearch(m_Polygons, Strip(), {nPopulation, nGenerations}, nSeed, *this, sink);
+    (void)RunGeneticSearch(m_Polygons, Strip(), {nPopulation, nGenerations}, nSeed, *this, sink);
+}
+
+SGenerationStatistics CContainer::TakeStatistics(int nGeneration) {
+    const SGenerationStatistics now{nGeneration, m_fAverageFitness, m_fBestFitness};
+    return m_Reported.Take(nGeneration).value_or(now);
 }

@@ -87,7 +87,7 @@ public:
 
     /// The statistics as they were when this generation ended, once for each of RunGA's notices, in their
     /// order; for any other generation, or for a receiver that is far behind, as they are now. For whoever
-    /// handles the notices. With the window's library only.
+    /// handles the notices.
     [[nodiscard]] nestrix::SGenerationStatistics TakeStatistics(int nGeneration);
 
     [[nodiscard]] nestrix::SStrip Strip() const { return {m_fContainerWidth, m_fContainerHeight}; }

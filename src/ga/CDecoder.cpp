@@ -27,8 +27,10 @@ float CDecoder::Evaluate(std::span<const SGene> genes, CContactSink* pContacts) 
     return m_fColumnHeight - m_Placement.Place(m_Moves, pContacts);
 }
 
-}  // namespace nestrix
-
-int GeneSortCallBack(void const* a, void const* b) {
-    return static_cast<SGene const*>(a)->m_nOrder - static_cast<SGene const*>(b)->m_nOrder;
+SPacking CDecoder::Packing() const {
+    SPacking packing;
+    CopyPacking(packing);
+    return packing;
 }
+
+}  // namespace nestrix

@@ -24,7 +24,10 @@ public:
     float Evaluate(std::span<const SGene> genes, CContactSink* pContacts = nullptr);
 
     /// The last packing.
-    [[nodiscard]] SPacking Packing() const { return m_Placement.Packing(); }
+    [[nodiscard]] SPacking Packing() const;
+
+    /// Copies the last packing into `packing`, whose storage is kept.
+    void CopyPacking(SPacking& packing) const { m_Placement.CopyPacking(packing); }
 
     [[nodiscard]] const CDropPlacement::SCounts& Counts() const { return m_Placement.Counts(); }
 

@@ -23,25 +23,25 @@ void CSearchState::ExchangePopulation(std::vector<CChromosome>& next) {
     std::swap(m_Population, next);
 }
 
-void CSearchState::RecordFounder(const CChromosome& chromosome, bool bVeryFirst) {
+bool CSearchState::RecordFounder(const CChromosome& chromosome, bool bVeryFirst) {
     const float fFitness = chromosome.m_fFitness;
     if (bVeryFirst) {
         m_fWorstFitness = fFitness;
         m_fBestFitness = fFitness;
         ReplaceBest(chromosome);
-        return;
+        return true;
     }
     if (m_fWorstFitness > fFitness) {
         m_fWorstFitness = fFitness;
     }
-    RecordBest(chromosome);
+    return RecordBest(chromosome);
 }
 
-void CSearchState::RecordChild(const CChromosome& chromosome) {
+bool CSearchState::RecordChild(const CChromosome& chromosome) {
     if (!(chromosome.m_fFitness >= m_fWorstFitness)) {
         m_fWorstFitness = chromosome.m_fFitness;
     }
-    RecordBest(chromosome);
+    return RecordBest(chromosome);
 }
 
 CChromosome CSearchState::CopyBestChromosome() const {
@@ -50,11 +50,13 @@ CChromosome CSearchState::CopyBestChromosome() const {
 }
 
 /// A tie keeps the earlier one.
-void CSearchState::RecordBest(const CChromosome& chromosome) {
-    if (!(m_fBestFitness >= chromosome.m_fFitness)) {
-        m_fBestFitness = chromosome.m_fFitness;
-        ReplaceBest(chromosome);
+bool CSearchState::RecordBest(const CChromosome& chromosome) {
+    if (m_fBestFitness >= chromosome.m_fFitness) {
+        return false;
     }
+    m_fBestFitness = chromosome.m_fFitness;
+    ReplaceBest(chromosome);
+    return true;
 }
 
 void CSearchState::ReplaceBest(const CChromosome& chromosome) {

@@ -27,11 +27,13 @@ public:
 
     /// Enters an evaluated chromosome of the first generation in the best and the worst, the very first one
     /// as both.
-    void RecordFounder(const CChromosome& chromosome, bool bVeryFirst);
+    /// @return whether it is the best so far.
+    bool RecordFounder(const CChromosome& chromosome, bool bVeryFirst);
 
     /// Enters an evaluated child. Unlike a founder, it also becomes the worst when it, or the worst so far,
     /// is not a number.
-    void RecordChild(const CChromosome& chromosome);
+    /// @return whether it is the best so far.
+    bool RecordChild(const CChromosome& chromosome);
 
     /// The size of the population. Any thread, at any time.
     [[nodiscard]] int PopulationSize() const { return m_nPopulationSize; }
@@ -46,7 +48,7 @@ public:
     CChromosome m_BestChromosome;  ///< the fittest of this run; while it runs, read a CopyBestChromosome
 
 private:
-    void RecordBest(const CChromosome& chromosome);
+    bool RecordBest(const CChromosome& chromosome);
     void ReplaceBest(const CChromosome& chromosome);
 
     CRelaxed<int> m_nPopulationSize = 0;

@@ -13,7 +13,7 @@ struct SPassingEdge {
     float m_fStartHeight;
     float m_fLowX;   ///< the edge passes the places above this
     float m_fHighX;  ///< and below this
-    float m_fNoise;  ///< how far HeightAt may be from the height of the real line between the ends
+    float m_fNoise;  ///< how far HeightAt may be from the real line through the start: see LineHeightMargin
     int m_nEdge;     ///< index in the outline
 
     /// Nothing for a vertical edge, or one that hides nothing between its ends since a coordinate is not

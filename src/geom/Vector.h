@@ -22,6 +22,8 @@ inline constexpr mgVector3 MG_VECTOR3_Z{0.0F, 0.0F, 1.0F};
     return {a.x - b.x, a.y - b.y, a.z - b.z};
 }
 
+namespace nestrix {
+
 [[nodiscard]] constexpr float DotProduct(const mgVector3& a, const mgVector3& b) {
     return a.x * b.x + a.y * b.y + a.z * b.z;
 }
@@ -31,3 +33,5 @@ inline constexpr mgVector3 MG_VECTOR3_Z{0.0F, 0.0F, 1.0F};
 [[nodiscard]] constexpr float SideValue(const mgVector3& direction, const mgVector3& up) {
     return up.y * direction.x - up.x * direction.y;
 }
+
+}  // namespace nestrix

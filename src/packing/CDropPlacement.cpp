@@ -38,13 +38,14 @@ float CDropPlacement::Place(std::span<const SMove> moves, CContactSink* pContact
     return m_fHeight;
 }
 
-SPacking CDropPlacement::Packing() const {
-    SPacking packing{m_Strip, {}, m_fHeight};
+void CDropPlacement::CopyPacking(SPacking& packing) const {
+    packing.m_Strip = m_Strip;
+    packing.m_fHeight = m_fHeight;
+    packing.m_Placed.clear();
     packing.m_Placed.reserve(m_Drops.size());
     for (const SDrop& drop : m_Drops) {
         packing.m_Placed.push_back({drop.m_nPolygon, drop.m_ReferencePoint});
     }
-    return packing;
 }
 
 SDrop CDropPlacement::Drop(const SMove& move, CContactSink* pContacts) {

@@ -46,8 +46,8 @@ public:
     ///        not know which of several equal contacts comes first.
     float Place(std::span<const SMove> moves, CContactSink* pContacts = nullptr);
 
-    /// The last packing.
-    [[nodiscard]] SPacking Packing() const;
+    /// Copies the last packing into `packing`, whose storage is kept.
+    void CopyPacking(SPacking& packing) const;
 
     [[nodiscard]] const SCounts& Counts() const { return m_Counts; }
 

@@ -9,6 +9,7 @@
 
 #include "ga/CDecoder.h"
 #include "tests/reference/ReferencePlacement.h"
+#include "tests/support/CContactLog.h"
 #include "tests/support/Chromosomes.h"
 #include "tests/support/PolygonMaking.h"
 
@@ -37,12 +38,6 @@ CDropPlacement::SCounts CountWays(const std::vector<CPolygon>& polygons, const C
     }
     return decoder.Counts();
 }
-
-class CContacts final : public CContactSink {
-public:
-    void ContactFound(const mgVector3& contact) override { m_Contacts.push_back(contact); }
-    std::vector<mgVector3> m_Contacts;
-};
 
 }  // namespace
 
@@ -122,7 +117,7 @@ TEST(ShortCut, FindsWhatTouchesAtTheHeightOfZero) {
 }
 
 TEST(ShortCut, IsNotTakenWhereContactsAreAskedFor) {
-    CContacts contacts;
+    support::CContactLog contacts;
     const CDropPlacement::SCounts counts =
         CountWays({MakeSquare(10), MakeSquare(10)}, MakeChromosome({{0, 0, 0.0F}, {1, 1, 5.0F}}), &contacts);
     EXPECT_EQ(counts.m_nWalked, 2U);

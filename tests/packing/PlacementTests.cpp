@@ -6,6 +6,7 @@
 
 #include "ga/CContainer.h"
 #include "tests/reference/Agreement.h"
+#include "tests/support/CContactLog.h"
 #include "tests/support/Chromosomes.h"
 #include "tests/support/PolygonMaking.h"
 
@@ -20,13 +21,6 @@ using support::MakeSquare;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-class CContactLog final : public CContactSink {
-public:
-    void ContactFound(const mgVector3& contact) override { m_Contacts.push_back(contact); }
-
-    std::vector<mgVector3> m_Contacts;
-};
 
 class Placement : public testing::Test {
 protected:
@@ -55,7 +49,7 @@ protected:
 
     CContainer m_Container;
     std::vector<CPolygon> m_Placed;
-    CContactLog m_Log;
+    support::CContactLog m_Log;
 };
 
 TEST_F(Placement, OfOnePolygonEndsOnTheFloorWithFitnessZero) {

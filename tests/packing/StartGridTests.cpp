@@ -18,14 +18,14 @@ using support::RandomCases;
 using support::SFamily;
 
 constexpr float STRIP_WIDTH = 400.0F;
-constexpr float REACH = 2000.0F;
+constexpr float LARGEST_X = 2000.0F;
 constexpr float START = 30000.0F;
 
 /// Polygons that lie across each other around the starting height, and one that starts to fall among them.
 class CCrowd {
 public:
     CCrowd(CSeededRandom& random, const SFamily& family)
-        : m_Polygons(MakeSet(random, family, random.Range(2, 40))), m_Profiles(m_Polygons, REACH) {
+        : m_Polygons(MakeSet(random, family, random.Range(2, 40))), m_Profiles(m_Polygons, LARGEST_X) {
         if (!m_Profiles.IsComplete()) {
             return;
         }

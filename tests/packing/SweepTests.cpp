@@ -25,7 +25,7 @@ using support::SFamily;
 
 constexpr float NONE = std::numeric_limits<float>::infinity();
 constexpr float STRIP_WIDTH = 400.0F;
-constexpr float REACH = 2000.0F;
+constexpr float LARGEST_X = 2000.0F;
 
 struct SPair {
     CPolygon m_Falling;
@@ -93,7 +93,7 @@ TEST_P(Sweeps, FindTheSmallestGapWhereverTheyAreCutOffAboveIt) {
         CSeededRandom random(static_cast<uint64_t>(nSeed));
         const SPair pair = MakePair(random, GetParam());
         const std::vector<CPolygon> set = {pair.m_Falling, pair.m_Obstacle};
-        const CProfileSet profiles(set, REACH);
+        const CProfileSet profiles(set, LARGEST_X);
         ASSERT_TRUE(profiles.IsComplete());
         const SMovedHalf front = Moved(profiles.Of(0).m_Front, pair.m_Falling);
         const SMovedHalf back = Moved(profiles.Of(1).m_Back, pair.m_Obstacle);

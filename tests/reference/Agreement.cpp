@@ -7,6 +7,7 @@
 #include "tests/reference/CReferenceSearch.h"
 #include "tests/reference/ReferenceGeometry.h"
 #include "tests/reference/ReferencePlacement.h"
+#include "tests/support/CContactLog.h"
 #include "tests/support/CSilentSink.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/Chromosomes.h"
@@ -75,13 +76,6 @@ std::string FindPolygonDifference(const CPolygon& a, const CPolygon& b) {
     }
     return {};
 }
-
-class CContactLog final : public CContactSink {
-public:
-    void ContactFound(const mgVector3& contact) override { m_Contacts.push_back(contact); }
-
-    std::vector<mgVector3> m_Contacts;
-};
 
 /// `placed` is read after the call that fills it, so it comes by reference.
 std::string FindPackingDifference(const std::vector<CPolygon>& placed, float fFitness,
@@ -264,7 +258,7 @@ std::string FindApproachDifference(const CPolygon& moving, CPolygon& obstacle) {
 std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome,
                                     CDecoder& decoder) {
     const SPlainPacking plain = Place(chromosome.Genes(), container.m_Polygons, container.m_fTotalHeight);
-    CContactLog log;
+    support::CContactLog log;
     std::vector<CPolygon> placed;
     // Whoever listens for contacts may be served in another way than who does not: both must agree, and so
     // must a placement that has been used before.

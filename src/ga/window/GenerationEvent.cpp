@@ -50,7 +50,7 @@ private:
 /// Posts one notice per generation, and keeps the receiver's queue short.
 class CPostingSink final : public CSearchSink {
 public:
-    /// @param reported gets the statistics of each generation, which does not travel in its notice.
+    /// @param reported gets the statistics of each generation, which do not travel in its notice.
     CPostingSink(const CContainer& container, CStatisticsQueue& reported)
         : m_Container(container), m_Reported(reported), m_pReceiver(container.m_pEventHandler) {}
 
@@ -111,9 +111,4 @@ void CContainer::RunGA(int nPopulation, int nGenerations) {
     m_bStop = false;
     CPostingSink sink(*this, m_Reported);
     RunSearch(nPopulation, nGenerations, static_cast<unsigned int>(std::time(nullptr)), sink);
-}
-
-SGenerationStatistics CContainer::TakeStatistics(int nGeneration) {
-    const SGenerationStatistics now{nGeneration, m_fAverageFitness, m_fBestFitness};
-    return m_Reported.Take(nGeneration).value_or(now);
 }

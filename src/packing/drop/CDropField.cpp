@@ -200,11 +200,11 @@ std::optional<float> CDropField::FindHang(const SFalling& falling, const SStop& 
                 hang = {fGap, corner.m_nDrop};
                 return false;
             }
-            const std::optional<bool> reached = PassesAtItsTurn(falling, stop, corner.m_nDrop);
-            if (reached.value_or(false)) {
+            const std::optional<bool> passes = PassesAtItsTurn(falling, stop, corner.m_nDrop);
+            if (passes.value_or(false)) {
                 hang = {fGap, corner.m_nDrop};
             }
-            return fGap < 0.0F || !reached;
+            return fGap < 0.0F || !passes;
         };
         if (m_Corners.AnyAt(side.m_fX + drop.m_ReferencePoint.x, isUnclear)) {
             return std::nullopt;

@@ -41,13 +41,13 @@ public:
 private:
     /// Edges of upper profiles whose boxes touch a cell. Each starts at its high end.
     struct SEdgeBlock {
-        alignas(16) float m_LowX[GA_LANES];
-        float m_HighX[GA_LANES];
-        float m_Bottom[GA_LANES];  ///< no height on the edge lies lower
-        float m_Top[GA_LANES];     ///< nor higher
-        float m_StartY[GA_LANES];
-        double m_Slopes[GA_LANES];
-        int m_Drops[GA_LANES];
+        alignas(16) float m_LowX[DROP_LANES];
+        float m_HighX[DROP_LANES];
+        float m_Bottom[DROP_LANES];  ///< no height on the edge lies lower
+        float m_Top[DROP_LANES];     ///< nor higher
+        float m_StartY[DROP_LANES];
+        double m_Slopes[DROP_LANES];
+        int m_Drops[DROP_LANES];
         uint32_t m_nUsed = 0;
         uint32_t m_nNext = 0;
 
@@ -56,9 +56,9 @@ private:
 
     /// Points of upper profiles in one cell, upside down.
     struct SPointBlock {
-        alignas(16) float m_X[GA_LANES];
-        float m_Y[GA_LANES];
-        int m_Drops[GA_LANES];
+        alignas(16) float m_X[DROP_LANES];
+        float m_Y[DROP_LANES];
+        int m_Drops[DROP_LANES];
         uint32_t m_nUsed = 0;
         uint32_t m_nNext = 0;
 

@@ -1,10 +1,12 @@
-#include "ga/CGeneticSearch.h"
+#include "ga/GeneticSearch.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <vector>
 
 #include "base/CNumericLocale.h"
+#include "ga/CDecoder.h"
 #include "ga/Genes.h"
 #include "ga/Roulette.h"
 
@@ -17,18 +19,61 @@ float AverageOf(float fTotal, size_t nCount) {
     return fTotal / static_cast<float>(nCount);
 }
 
-}  // namespace
+/// One run of the search: breeds generation after generation in a state that its caller owns, and keeps the
+/// run's working storage, so that a generation allocates nothing.
+class CGeneticSearch {
+public:
+    /// Prepares what a run needs, and evaluates nothing yet.
+    /// @param state holds the first generation, not yet evaluated.
+    CGeneticSearch(std::span<const CPolygon> polygons, const SStrip& strip, CSearchState& state,
+                   CSearchSink& sink);
 
-void RunGeneticSearch(std::span<const CPolygon> polygons, const SStrip& strip, const SSearchSize& size,
-                      unsigned int nSeed, CSearchState& state, CSearchSink& sink) {
-    const CNumericLocale numericLocale;
-    const CRelaxed<bool>* const pAbandoned = sink.AbandonRequest();
-    std::srand(nSeed);
-    state.AppendFresh(static_cast<unsigned int>(size.m_nPopulation), static_cast<int>(polygons.size()),
-                      pAbandoned);
-    RandomiseGenes(state.m_Population, polygons.size(), strip.m_fWidth, pAbandoned);
-    CGeneticSearch(polygons, strip, state, sink).Run(size.m_nGenerations);
-}
+    /// Evaluates the first generation and breeds nGenerations more, until the sink asks for the end.
+    void Run(int nGenerations);
+
+    /// The best packing so far, if there is one.
+    [[nodiscard]] std::optional<SPacking> BestPacking() const {
+        return m_bBestPacking ? std::optional(m_BestPacking) : std::nullopt;
+    }
+
+private:
+    /// @return false when it was abandoned meanwhile.
+    [[nodiscard]] bool EvaluateFirstGeneration();
+
+    /// Breeds, evaluates and reports one generation.
+    /// @return false when it noticed a request to stop; the population is then the last complete one, and
+    ///         the generation has not been reported.
+    [[nodiscard]] bool BreedGeneration();
+    [[nodiscard]] bool BreedChildren();
+    void BreedChild(CChromosome& child);
+    [[nodiscard]] CChromosome& SelectParent(int nIndex);
+
+    /// The child's fitness, which is that of a parent if their genes are the same.
+    [[nodiscard]] float Evaluate(const CChromosome& child, const CChromosome& first,
+                                 const CChromosome& second);
+
+    /// Keeps the packing of the chromosome that was evaluated last, which is the best so far.
+    void KeepPacking(const CChromosome& best);
+
+    /// Divides the population's fitness values, in m_Shares, by their sum.
+    void NormaliseShares(float fTotalFitness);
+    void PrintGeneration() const;
+    [[nodiscard]] bool IsAbandoned() const { return IsMade(m_pAbandoned); }
+    [[nodiscard]] bool IsToLeave() const { return m_Sink.IsToStop() || IsAbandoned(); }
+
+    std::span<const CPolygon> m_Polygons;
+    float m_fStripWidth;
+    CSearchState& m_State;
+    CSearchSink& m_Sink;
+    const CRelaxed<bool>* m_pAbandoned;
+    CDecoder m_Decoder;
+    bool m_bPlaced = false;  ///< the decoder's last packing is that of the last chromosome evaluated
+    bool m_bBestPacking = false;
+    SPacking m_BestPacking;
+    std::vector<float> m_Shares;      ///< one per chromosome: fitness, then fitness / total fitness
+    std::vector<CChromosome> m_Next;  ///< the generation being bred
+    int m_nGeneration = 0;
+};
 
 CGeneticSearch::CGeneticSearch(std::span<const CPolygon> polygons, const SStrip& strip, CSearchState& state,
                                CSearchSink& sink)
@@ -68,7 +113,10 @@ bool CGeneticSearch::EvaluateFirstGeneration() {
         }
         chromosome.m_fFitness = fFitness;
         m_Shares[i] = fFitness;
-        m_State.RecordFounder(chromosome, i == 0);
+        if (m_State.RecordFounder(chromosome, i == 0)) {
+            m_bPlaced = true;
+            KeepPacking(chromosome);
+        }
         fTotalFitness += fFitness;
     }
     NormaliseShares(fTotalFitness);
@@ -116,7 +164,9 @@ bool CGeneticSearch::BreedChildren() {
         if (IsToLeave()) {
             return false;
         }
-        m_State.RecordChild(child);
+        if (m_State.RecordChild(child)) {
+            KeepPacking(child);
+        }
     }
     return !IsToLeave();
 }
@@ -144,10 +194,22 @@ float CGeneticSearch::Evaluate(const CChromosome& child, const CChromosome& firs
                                const CChromosome& second) {
     for (const CChromosome* pParent : {&first, &second}) {
         if (std::ranges::equal(child.Genes(), pParent->Genes())) {
+            m_bPlaced = false;
             return pParent->m_fFitness;
         }
     }
+    m_bPlaced = true;
     return m_Decoder.Evaluate(child.Genes());
+}
+
+void CGeneticSearch::KeepPacking(const CChromosome& best) {
+    if (!m_bPlaced) {  // only where fitness is not a number can the copy of a parent be the best
+        (void)m_Decoder.Evaluate(best.Genes());
+    }
+    if (!IsAbandoned()) {
+        m_Decoder.CopyPacking(m_BestPacking);
+        m_bBestPacking = true;
+    }
 }
 
 CChromosome& CGeneticSearch::SelectParent(int nIndex) {
@@ -167,6 +229,22 @@ void CGeneticSearch::PrintGeneration() const {
                 static_cast<int>(m_State.m_Population.size()));
     std::printf("Average fitness= %f\n", static_cast<double>(m_State.m_fAverageFitness));
     std::printf("Best Chromosome so far is %f\n", static_cast<double>(m_State.m_fBestFitness));
+}
+
+}  // namespace
+
+std::optional<SPacking> RunGeneticSearch(std::span<const CPolygon> polygons, const SStrip& strip,
+                                         const SSearchSize& size, unsigned int nSeed, CSearchState& state,
+                                         CSearchSink& sink) {
+    const CNumericLocale numericLocale;
+    const CRelaxed<bool>* const pAbandoned = sink.AbandonRequest();
+    std::srand(nSeed);
+    state.AppendFresh(static_cast<unsigned int>(size.m_nPopulation), static_cast<int>(polygons.size()),
+                      pAbandoned);
+    RandomiseGenes(state.m_Population, polygons.size(), strip.m_fWidth, pAbandoned);
+    CGeneticSearch search(polygons, strip, state, sink);
+    search.Run(size.m_nGenerations);
+    return search.BestPacking();
 }
 
 }  // namespace nestrix
