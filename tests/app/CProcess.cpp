@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,6 +21,10 @@ void Redirect(const std::filesystem::path& path, int nDescriptor) {
     const int nFile = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     dup2(nFile, nDescriptor);
     close(nFile);
+}
+
+std::chrono::milliseconds InMilliseconds(const timeval& time) {
+    return std::chrono::milliseconds(time.tv_sec * 1000 + time.tv_usec / 1000);
 }
 
 [[noreturn]] void Execute(const std::vector<std::string>& command, const CProcess::SSettings& settings) {
@@ -65,10 +70,29 @@ CProcess::~CProcess() {
 
 std::optional<int> CProcess::Poll() {
     int nStatus = 0;
-    if (!m_Status && waitpid(m_nProcess, &nStatus, WNOHANG) == m_nProcess) {
+    rusage usage{};
+    if (!m_Status && wait4(m_nProcess, &nStatus, WNOHANG, &usage) == m_nProcess) {
         m_Status = WIFEXITED(nStatus) ? WEXITSTATUS(nStatus) : -WTERMSIG(nStatus);
+        m_TimeAtEnd = InMilliseconds(usage.ru_utime) + InMilliseconds(usage.ru_stime);
     }
     return m_Status;
+}
+
+std::chrono::milliseconds CProcess::ProcessorTime() const {
+    if (m_Status) {
+        return m_TimeAtEnd;
+    }
+    // Behind the name, which is in brackets, the 12th and 13th word: ticks in the program and in the system.
+    std::string line = ReadFile("/proc/" + std::to_string(m_nProcess) + "/stat");
+    std::istringstream words(line.substr(line.rfind(')') + 1));
+    std::string skipped;
+    for (int i = 0; i < 11; ++i) {
+        words >> skipped;
+    }
+    long nInProgram = 0;
+    long nInSystem = 0;
+    words >> nInProgram >> nInSystem;
+    return std::chrono::milliseconds((nInProgram + nInSystem) * 1000 / sysconf(_SC_CLK_TCK));
 }
 
 std::optional<int> CProcess::AwaitEnd(std::chrono::milliseconds patience) {

@@ -34,11 +34,16 @@ public:
     /// As Poll, but waits.
     [[nodiscard]] std::optional<int> AwaitEnd(std::chrono::milliseconds patience);
 
+    /// The processor time that it has taken so far, or had taken when it ended. Unlike the clock's, it does
+    /// not depend on what else the machine has to do.
+    [[nodiscard]] std::chrono::milliseconds ProcessorTime() const;
+
     [[nodiscard]] pid_t Id() const { return m_nProcess; }
 
 private:
     pid_t m_nProcess;
     std::optional<int> m_Status;
+    std::chrono::milliseconds m_TimeAtEnd{0};
 };
 
 /// Runs a program to its end and returns what it prints.

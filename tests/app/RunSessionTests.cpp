@@ -49,7 +49,7 @@ TEST_F(RunSession, RefusesASecondRunMeanwhile) {
 TEST_F(RunSession, StopsAtTheClickOfAButton) {
     StartLongRun();
     ClickOn("ID_BTN_STOP");
-    ASSERT_TRUE(AwaitOutput("Thread Exited\n", 1, std::chrono::milliseconds(1500)));
+    ASSERT_TRUE(AwaitOutput("Thread Exited\n", 1, std::chrono::seconds(10)));
     CloseWindow();
 }
 

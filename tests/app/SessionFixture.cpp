@@ -148,9 +148,25 @@ void SessionFixture::ListWholeFolder() {
     ClickOn("ID_BTN_ADD");
     Require(AwaitWindow(DIALOG), "no file dialog");
     // It reads the folder after it has come up.
-    std::this_thread::sleep_for(std::chrono::milliseconds(200));
+    AwaitStillness();
     PressKeys({"ctrl+a", "alt+o"});
     Require(Await([] { return !IsWindowOpen(DIALOG); }), "the file dialog stayed open");
+}
+
+void SessionFixture::AwaitStillness() {
+    constexpr int STILL = 6;  // pictures, a tenth of a second apart
+    const wxRect screen(0, 0, 1280, 800);
+    CScreenshot last;
+    int nSame = 0;
+    (void)Await(
+        [&] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+            CScreenshot now;
+            nSame = now.Differs(last, screen) ? 0 : nSame + 1;
+            last = std::move(now);
+            return nSame == STILL;
+        },
+        std::chrono::seconds(10));
 }
 
 void SessionFixture::ClickOn(const std::string& control, int nButton) {
@@ -207,9 +223,11 @@ bool SessionFixture::IsGaugeFull() const {
 
 void SessionFixture::CloseWindow() {
     Require(AwaitFocus(TITLE), "the window does not get the keys");
+    const std::chrono::milliseconds before = m_pProgram->ProcessorTime();
     PressKeys({"alt+F4"});
-    EXPECT_TRUE(Await([] { return !IsWindowOpen(TITLE); }, AT_ONCE)) << "the window stays";
+    EXPECT_TRUE(Await([] { return !IsWindowOpen(TITLE); }, std::chrono::seconds(10))) << "the window stays";
     EXPECT_EQ(m_pProgram->AwaitEnd(std::chrono::seconds(90)), 0) << ReadFile(m_Records.PathOf("errors"));
+    EXPECT_LT((m_pProgram->ProcessorTime() - before).count(), AT_ONCE.count()) << "it worked on";
 }
 
 }  // namespace nestrix::support

@@ -36,6 +36,9 @@ protected:
     /// Puts a polygon file that anyone can see into the list, through the file dialog.
     void ListFile(const std::string& path);
 
+    /// Waits until nothing moves on the screen any more, but not for ever: something may blink.
+    static void AwaitStillness();
+
     /// Lists all polygon files in the program's folder through the file dialog.
     void ListWholeFolder();
 
