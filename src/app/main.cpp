@@ -1,8 +1,10 @@
+#include <fcntl.h>
+
 #include <cstdio>
 #include <cstdlib>
 
 #include "app/NestrixMain.h"
-#include "app/StandardStreams.h"
+#include "base/StandardStreams.h"
 
 using namespace nestrix;
 
@@ -11,7 +13,7 @@ using namespace nestrix;
 wxIMPLEMENT_APP_NO_MAIN(CNestrixApp);
 
 int main(int argc, char** argv) {
-    OpenMissingStandardStreams();
+    OpenMissingStandardStreams(O_RDWR);
     // Whoever reads the output through a pipe sees each line when it is written.
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     // The toolkit's canvases draw through GLX, which a Wayland desktop offers to X11 programs only. Debian's

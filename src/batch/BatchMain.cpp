@@ -1,27 +1,15 @@
 #include <fcntl.h>
 #include <signal.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <exception>
 
+#include "base/StandardStreams.h"
 #include "batch/BatchRun.h"
 
 using namespace nestrix;
 
 namespace {
-
-/// Opens what is closed of standard input, output and error, so that no other file gets their numbers. For
-/// reading only: whatever is written there is lost, and must not seem to have arrived.
-void OpenStandardStreams() {
-    int nDescriptor = 0;
-    do {
-        nDescriptor = open("/dev/null", O_RDONLY);
-    } while (nDescriptor >= 0 && nDescriptor <= STDERR_FILENO);
-    if (nDescriptor >= 0) {
-        close(nDescriptor);
-    }
-}
 
 /// Has writing fail where by default it would end the program.
 void OutliveFailedWrites() {
@@ -48,7 +36,7 @@ bool IsOutputComplete() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    OpenStandardStreams();
+    OpenMissingStandardStreams(O_RDONLY);
     OutliveFailedWrites();
     // Each line is seen when it is written, also behind a pipe.
     std::setvbuf(stdout, nullptr, _IOLBF, 0);

@@ -1,15 +1,15 @@
-#include "app/StandardStreams.h"
+#include "base/StandardStreams.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace nestrix {
 
-void OpenMissingStandardStreams() {
+void OpenMissingStandardStreams(int nAccess) {
     for (int nDescriptor = STDIN_FILENO; nDescriptor <= STDERR_FILENO; ++nDescriptor) {
         // A file takes the lowest free descriptor, which is this one: those below it have just been filled.
         if (fcntl(nDescriptor, F_GETFD) == -1) {
-            (void)open("/dev/null", O_RDWR);
+            (void)open("/dev/null", nAccess);
         }
     }
 }
