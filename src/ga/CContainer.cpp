@@ -36,7 +36,7 @@ void CContainer::Clear() {
 }
 
 void CContainer::PrepareEverything(unsigned int nPopulation) {
-    m_fTotalHeight = ColumnHeight(m_Polygons);
+    m_fTotalHeight = StackedHeight(m_Polygons);
     AppendFresh(nPopulation, static_cast<int>(m_Polygons.size()), nullptr);
 }
 
@@ -68,7 +68,7 @@ void CContainer::RandomlyGenerateFirstGeneration() {
 }
 
 void CContainer::RunSearch(int nPopulation, int nGenerations, unsigned int nSeed, CSearchSink& sink) {
-    m_fTotalHeight = ColumnHeight(m_Polygons);
+    m_fTotalHeight = StackedHeight(m_Polygons);
     (void)RunGeneticSearch(m_Polygons, Strip(), {nPopulation, nGenerations}, nSeed, *this, sink);
 }
 

@@ -4,11 +4,11 @@
 
 namespace nestrix {
 
-CDecoder::CDecoder(std::span<const CPolygon> polygons, const SStrip& strip, float fColumnHeight,
+CDecoder::CDecoder(std::span<const CPolygon> polygons, const SStrip& strip, float fStackedHeight,
                    const CRelaxed<bool>* pAbandoned)
     : m_nPolygons(polygons.size()),
-      m_fColumnHeight(fColumnHeight),
-      m_Placement(polygons, strip, fColumnHeight, pAbandoned) {}
+      m_fStackedHeight(fStackedHeight),
+      m_Placement(polygons, strip, fStackedHeight, pAbandoned) {}
 
 float CDecoder::Evaluate(std::span<const SGene> genes, CContactSink* pContacts) {
     m_Sorted.clear();
@@ -24,7 +24,7 @@ float CDecoder::Evaluate(std::span<const SGene> genes, CContactSink* pContacts) 
             m_Moves.push_back({gene.m_nPolygon, gene.m_fX});
         }
     }
-    return m_fColumnHeight - m_Placement.Place(m_Moves, pContacts);
+    return m_fStackedHeight - m_Placement.Place(m_Moves, pContacts);
 }
 
 SPacking CDecoder::Packing() const {

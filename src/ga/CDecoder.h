@@ -13,7 +13,7 @@ namespace nestrix {
 class CDecoder {
 public:
     /// See CDropPlacement for the parameters.
-    CDecoder(std::span<const CPolygon> polygons, const SStrip& strip, float fColumnHeight,
+    CDecoder(std::span<const CPolygon> polygons, const SStrip& strip, float fStackedHeight,
              const CRelaxed<bool>* pAbandoned = nullptr);
 
     /// Genes of unknown polygons are skipped. Equal keys end in whatever order the C library's qsort gives,
@@ -37,7 +37,7 @@ private:
     struct alignas(16) SSortedGene : SGene {};
 
     size_t m_nPolygons;
-    float m_fColumnHeight;
+    float m_fStackedHeight;
     CDropPlacement m_Placement;
     std::vector<SSortedGene> m_Sorted;
     std::vector<SMove> m_Moves;

@@ -82,7 +82,7 @@ CGeneticSearch::CGeneticSearch(std::span<const CPolygon> polygons, const SStrip&
       m_State(state),
       m_Sink(sink),
       m_pAbandoned(sink.AbandonRequest()),
-      m_Decoder(polygons, strip, ColumnHeight(polygons), m_pAbandoned),
+      m_Decoder(polygons, strip, StackedHeight(polygons), m_pAbandoned),
       m_Shares(state.m_Population.size()) {
     m_Next.reserve(state.m_Population.size());
     for (size_t i = 0; i < state.m_Population.size() && !IsAbandoned(); ++i) {

@@ -7,11 +7,11 @@
 
 namespace nestrix {
 
-CDropPlacement::CDropPlacement(std::span<const CPolygon> polygons, const SStrip& strip, float fColumnHeight,
+CDropPlacement::CDropPlacement(std::span<const CPolygon> polygons, const SStrip& strip, float fStackedHeight,
                                const CRelaxed<bool>* pAbandoned)
     : m_Polygons(polygons),
       m_Strip(strip),
-      m_fStartY(2.0F * fColumnHeight),
+      m_fStartY(2.0F * fStackedHeight),
       m_Field(polygons, strip.m_fWidth, m_fStartY, pAbandoned),
       m_pAbandoned(pAbandoned) {}
 

@@ -32,11 +32,12 @@ public:
     };
 
     /// @param polygons the set; it must outlive the placement and stay as it is.
-    /// @param fColumnHeight the height of all polygons in one column, as a rule ColumnHeight(polygons). They
+    /// @param fStackedHeight the height of all polygons in one column, as a rule StackedHeight(polygons).
+    /// They
     ///        fall from twice that height.
     /// @param pAbandoned once this is true, the placement is of no use any more: Place returns soon, with
     ///        whatever it has got. May be null; otherwise it must outlive the placement.
-    CDropPlacement(std::span<const CPolygon> polygons, const SStrip& strip, float fColumnHeight,
+    CDropPlacement(std::span<const CPolygon> polygons, const SStrip& strip, float fStackedHeight,
                    const CRelaxed<bool>* pAbandoned = nullptr);
 
     /// Drops the polygons one after the other.

@@ -22,7 +22,7 @@ std::vector<CPolygon> PlacedPolygons(std::span<const CPolygon> pieces, const SPa
     return placed;
 }
 
-float ColumnHeight(std::span<const CPolygon> pieces) {
+float StackedHeight(std::span<const CPolygon> pieces) {
     float fHeight = 0.0F;
     for (const CPolygon& polygon : pieces) {
         fHeight += polygon.m_BoundingBoxMax.y - polygon.m_BoundingBoxMin.y;

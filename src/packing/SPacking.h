@@ -32,6 +32,6 @@ struct SPacking {
 
 /// The height of all pieces' bounding boxes stacked in one column, summed in the set's order in single
 /// precision.
-[[nodiscard]] float ColumnHeight(std::span<const CPolygon> pieces);
+[[nodiscard]] float StackedHeight(std::span<const CPolygon> pieces);
 
 }  // namespace nestrix

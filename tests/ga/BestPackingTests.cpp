@@ -20,7 +20,7 @@ constexpr SSearchSize SIZE{6, 8};
 
 void ExpectThatOfTheBestChromosome(const SPacking& packing, const CSearchState& state,
                                    const std::vector<CPolygon>& polygons) {
-    CDecoder decoder(polygons, SStrip(), ColumnHeight(polygons));
+    CDecoder decoder(polygons, SStrip(), StackedHeight(polygons));
     EXPECT_TRUE(
         SameBits(decoder.Evaluate(state.m_BestChromosome.Genes()), state.m_BestChromosome.m_fFitness));
     const SPacking expected = decoder.Packing();

@@ -57,7 +57,7 @@ public:
 
     [[nodiscard]] float FindFallByGrid(float fCut) const {
         const SObstacles obstacles{m_Drops.back().m_Box, m_Drops, m_nAfter};
-        return m_Grid.FindStop(Front(), {fCut, SStop::FLOOR}, obstacles, nullptr).m_fFall;
+        return m_Grid.FindLanding(Front(), {fCut, SLanding::FLOOR}, obstacles, nullptr).m_fFall;
     }
 
     [[nodiscard]] float FindFallBySweeps(float fCut) const {

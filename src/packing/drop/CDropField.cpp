@@ -124,11 +124,12 @@ void CDropField::Clear(size_t nDrops) {
 
 std::optional<float> CDropField::FindFall(const SDrop& drop, std::span<const SDrop> placed) {
     const SFalling falling = PrepareFall(drop, placed);
-    const SStop stop = FindStop(falling, {drop.m_ReferencePoint.y + falling.m_fBoxBottom, SStop::FLOOR}, -1);
-    if (!IsCertain(falling, stop)) {
+    const SLanding landing =
+        FindLanding(falling, {drop.m_ReferencePoint.y + falling.m_fBoxBottom, SLanding::FLOOR}, -1);
+    if (!IsCertain(falling, landing)) {
         return std::nullopt;
     }
-    return FindHang(falling, stop);
+    return FindHang(falling, landing);
 }
 
 CDropField::SFalling CDropField::PrepareFall(const SDrop& drop, std::span<const SDrop> placed) const {
@@ -140,16 +141,16 @@ CDropField::SFalling CDropField::PrepareFall(const SDrop& drop, std::span<const 
             placed};
 }
 
-SStop CDropField::FindStop(const SFalling& falling, SStop stop, int nAfter) {
+SLanding CDropField::FindLanding(const SFalling& falling, SLanding landing, int nAfter) {
     const SBox& box = falling.m_Drop.m_Box;
     const SMovedHalf& front = falling.m_Front;
     const SObstacles obstacles{box, falling.m_Placed, nAfter};
     if (!m_StartGrid.IsEmpty()) {
-        stop = m_StartGrid.FindStop(front, stop, obstacles, m_pAbandoned);
+        landing = m_StartGrid.FindLanding(front, landing, obstacles, m_pAbandoned);
     }
     ++m_nQuery;
     m_Columns.Visit(box.m_fLeft, box.m_fRight, [&](const CColumnIndex::SEntry& entry) {
-        if (front.m_Y.m_fLow - entry.m_fHigh >= stop.m_fFall) {
+        if (front.m_Y.m_fLow - entry.m_fHigh >= landing.m_fFall) {
             return false;
         }
         SPlacedHalf& half = m_Placed[static_cast<size_t>(entry.m_nDrop)];
@@ -158,13 +159,13 @@ SStop CDropField::FindStop(const SFalling& falling, SStop stop, int nAfter) {
             return true;
         }
         half.m_nQuery = m_nQuery;
-        const float fFall = FindGap(front, half.m_Back, stop.m_fFall, m_pAbandoned);
-        if (fFall < stop.m_fFall) {
-            stop = {fFall, entry.m_nDrop};
+        const float fFall = FindGap(front, half.m_Back, landing.m_fFall, m_pAbandoned);
+        if (fFall < landing.m_fFall) {
+            landing = {fFall, entry.m_nDrop};
         }
         return true;
     });
-    return stop;
+    return landing;
 }
 
 bool CDropField::PassesLevelTestAt(const SFalling& falling, float fFall, int nObstacle) const {
@@ -172,21 +173,23 @@ bool CDropField::PassesLevelTestAt(const SFalling& falling, float fFall, int nOb
                            falling.m_Placed[static_cast<size_t>(nObstacle)]);
 }
 
-bool CDropField::IsCertain(const SFalling& falling, const SStop& stop) {
-    if (stop.m_nObstacle == SStop::FLOOR || PassesLevelTestAt(falling, stop.m_fFall, stop.m_nObstacle)) {
+bool CDropField::IsCertain(const SFalling& falling, const SLanding& landing) {
+    if (landing.m_nObstacle == SLanding::FLOOR ||
+        PassesLevelTestAt(falling, landing.m_fFall, landing.m_nObstacle)) {
         return true;
     }
     // The obstacle lies below the rest that it gives itself. Where flat lies on flat, rounding does that
     // every other time: then it is asked all the same unless a younger obstacle gives very nearly the same
     // rest.
-    const float fBefore = FallBefore(falling.m_Drop, falling.m_fBoxBottom, stop.m_fFall);
-    return PassesLevelTestAt(falling, fBefore, stop.m_nObstacle) &&
-           FindStop(falling, {fBefore, SStop::FLOOR}, stop.m_nObstacle).m_nObstacle == SStop::FLOOR;
+    const float fBefore = FallBefore(falling.m_Drop, falling.m_fBoxBottom, landing.m_fFall);
+    return PassesLevelTestAt(falling, fBefore, landing.m_nObstacle) &&
+           FindLanding(falling, {fBefore, SLanding::FLOOR}, landing.m_nObstacle).m_nObstacle ==
+               SLanding::FLOOR;
 }
 
-std::optional<float> CDropField::FindHang(const SFalling& falling, const SStop& stop) {
+std::optional<float> CDropField::FindHang(const SFalling& falling, const SLanding& landing) {
     const SDrop& drop = falling.m_Drop;
-    SStop hang = stop;
+    SLanding hang = landing;
     for (const SVerticalSide& side : falling.m_Profile.m_Verticals) {
         const auto isUnclear = [&](const CCornerIndex::SCorner& corner) {
             const float fLow = side.m_fLow + drop.m_ReferencePoint.y;
@@ -200,7 +203,7 @@ std::optional<float> CDropField::FindHang(const SFalling& falling, const SStop& 
                 hang = {fGap, corner.m_nDrop};
                 return false;
             }
-            const std::optional<bool> passes = PassesAtItsTurn(falling, stop, corner.m_nDrop);
+            const std::optional<bool> passes = PassesAtItsTurn(falling, landing, corner.m_nDrop);
             if (passes.value_or(false)) {
                 hang = {fGap, corner.m_nDrop};
             }
@@ -213,9 +216,10 @@ std::optional<float> CDropField::FindHang(const SFalling& falling, const SStop& 
     return hang.m_fFall;
 }
 
-std::optional<bool> CDropField::PassesAtItsTurn(const SFalling& falling, const SStop& stop, int nObstacle) {
-    if (nObstacle < stop.m_nObstacle) {
-        return PassesLevelTestAt(falling, stop.m_fFall, nObstacle);
+std::optional<bool> CDropField::PassesAtItsTurn(const SFalling& falling, const SLanding& landing,
+                                                int nObstacle) {
+    if (nObstacle < landing.m_nObstacle) {
+        return PassesLevelTestAt(falling, landing.m_fFall, nObstacle);
     }
     const SDrop& obstacle = falling.m_Placed[static_cast<size_t>(nObstacle)];
     const float fTouching = falling.m_Drop.m_ReferencePoint.y + falling.m_fBoxBottom - obstacle.m_Box.m_fTop;
@@ -223,8 +227,8 @@ std::optional<bool> CDropField::PassesAtItsTurn(const SFalling& falling, const S
     if (!PassesLevelTestAt(falling, fBefore, nObstacle)) {
         return std::nullopt;
     }
-    const SStop younger = FindStop(falling, {fBefore, SStop::FLOOR}, nObstacle);
-    if (younger.m_nObstacle == SStop::FLOOR) {
+    const SLanding younger = FindLanding(falling, {fBefore, SLanding::FLOOR}, nObstacle);
+    if (younger.m_nObstacle == SLanding::FLOOR) {
         return true;
     }
     if (!IsCertain(falling, younger)) {

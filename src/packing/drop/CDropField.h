@@ -69,24 +69,24 @@ private:
 
     [[nodiscard]] SFalling PrepareFall(const SDrop& drop, std::span<const SDrop> placed) const;
 
-    /// The stop with the smallest gap below `stop`, vertical sides apart, among the obstacles younger than
-    /// nAfter; `stop` if there is none.
-    [[nodiscard]] SStop FindStop(const SFalling& falling, SStop stop, int nAfter);
+    /// The landing with the smallest gap below `landing`, vertical sides apart, among the obstacles younger
+    /// than nAfter; `landing` if there is none.
+    [[nodiscard]] SLanding FindLanding(const SFalling& falling, SLanding landing, int nAfter);
 
     /// Whether the obstacle passes the level test at a running fall of fFall.
     [[nodiscard]] bool PassesLevelTestAt(const SFalling& falling, float fFall, int nObstacle) const;
 
-    /// Whether the stop with the smallest gap passes the level test whatever came before it.
-    [[nodiscard]] bool IsCertain(const SFalling& falling, const SStop& stop);
+    /// Whether the landing with the smallest gap passes the level test whatever came before it.
+    [[nodiscard]] bool IsCertain(const SFalling& falling, const SLanding& landing);
 
-    /// The gap below `stop` that vertical sides in line with corners give: the stop's own fall if none,
+    /// The gap below `landing` that vertical sides in line with corners give: the landing's own fall if none,
     /// nothing if only the walk can tell.
-    [[nodiscard]] std::optional<float> FindHang(const SFalling& falling, const SStop& stop);
+    [[nodiscard]] std::optional<float> FindHang(const SFalling& falling, const SLanding& landing);
 
     /// Whether the obstacle, which would stop the polygon where it starts, passes the level test when its
     /// turn comes: the younger ones do not already hold the polygon above it. Nothing if only the walk can
     /// tell.
-    [[nodiscard]] std::optional<bool> PassesAtItsTurn(const SFalling& falling, const SStop& stop,
+    [[nodiscard]] std::optional<bool> PassesAtItsTurn(const SFalling& falling, const SLanding& landing,
                                                       int nObstacle);
 
     std::span<const CPolygon> m_Polygons;

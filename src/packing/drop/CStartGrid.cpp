@@ -46,15 +46,15 @@ FloatLanes Fill(float fValue) {
     return FloatLanes{} + fValue;
 }
 
-/// The smallest of four gaps to obstacles, if it is below that of `stop`.
-SStop Narrow(SStop stop, FloatLanes gaps, const int* pDrops, const SObstacles& obstacles) {
-    for (unsigned int nBits = BitsOf(gaps < stop.m_fFall); nBits != 0; nBits &= nBits - 1) {
+/// The smallest of four gaps to obstacles, if it is below that of `landing`.
+SLanding Narrow(SLanding landing, FloatLanes gaps, const int* pDrops, const SObstacles& obstacles) {
+    for (unsigned int nBits = BitsOf(gaps < landing.m_fFall); nBits != 0; nBits &= nBits - 1) {
         const int nLane = std::countr_zero(nBits);
-        if (gaps[nLane] < stop.m_fFall && obstacles.Contain(pDrops[nLane])) {
-            stop = {gaps[nLane], pDrops[nLane]};
+        if (gaps[nLane] < landing.m_fFall && obstacles.Contain(pDrops[nLane])) {
+            landing = {gaps[nLane], pDrops[nLane]};
         }
     }
-    return stop;
+    return landing;
 }
 
 /// Nothing that lies lower is met by a fall shorter than fFall from y.
@@ -149,22 +149,23 @@ void CStartGrid::EnterPoint(const SMovedHalf& back, size_t nPoint, int nDrop) {
     block.m_Drops[nPlace] = nDrop;
 }
 
-SStop CStartGrid::FindStop(const SMovedHalf& front, SStop stop, const SObstacles& obstacles,
-                           const CRelaxed<bool>* pAbandoned) const {
+SLanding CStartGrid::FindLanding(const SMovedHalf& front, SLanding landing, const SObstacles& obstacles,
+                                 const CRelaxed<bool>* pAbandoned) const {
     const SHalfProfile& half = front.m_Half;
     for (size_t i = 0; i < half.m_Points.m_nCount && !IsMade(pAbandoned); ++i) {
-        stop = StopBelowPoint(half.m_Points.m_X[i] + front.m_fX, half.m_Points.m_Y[i] + front.m_fY, stop,
-                              obstacles);
+        landing = LandingBelowPoint(half.m_Points.m_X[i] + front.m_fX, half.m_Points.m_Y[i] + front.m_fY,
+                                    landing, obstacles);
     }
     for (size_t i = 0; i < half.m_Edges.m_nCount && !IsMade(pAbandoned); ++i) {
-        stop = StopBelowEdge(front, i, stop, obstacles);
+        landing = LandingBelowEdge(front, i, landing, obstacles);
     }
-    return stop;
+    return landing;
 }
 
-SStop CStartGrid::StopBelowPoint(float fX, float fY, SStop stop, const SObstacles& obstacles) const {
+SLanding CStartGrid::LandingBelowPoint(float fX, float fY, SLanding landing,
+                                       const SObstacles& obstacles) const {
     const size_t nColumn = m_Columns.CellOf(fX);
-    float fLowest = LowestMet(fY, stop.m_fFall);
+    float fLowest = LowestMet(fY, landing.m_fFall);
     for (size_t nRow = m_Rows.CellOf(fY);; --nRow) {
         m_Edges.Visit(CellAt(nColumn, nRow), [&](const SEdgeBlock& block) {
             const FloatLanes low = LoadLanes(block.m_LowX);
@@ -174,22 +175,22 @@ SStop CStartGrid::StopBelowPoint(float fX, float fY, SStop stop, const SObstacle
                 return;
             }
             const SEdgeLanes edges{low, high, high, LoadLanes(block.m_StartY), block.m_Slopes};
-            stop = Narrow(stop, GapsBelow(Fill(fX), Fill(fY), edges), block.m_Drops, obstacles);
-            fLowest = LowestMet(fY, stop.m_fFall);
+            landing = Narrow(landing, GapsBelow(Fill(fX), Fill(fY), edges), block.m_Drops, obstacles);
+            fLowest = LowestMet(fY, landing.m_fFall);
         });
         if (nRow <= m_Rows.CellOf(fLowest)) {
-            return stop;
+            return landing;
         }
     }
 }
 
-SStop CStartGrid::StopBelowEdge(const SMovedHalf& front, size_t nEdge, SStop stop,
-                                const SObstacles& obstacles) const {
+SLanding CStartGrid::LandingBelowEdge(const SMovedHalf& front, size_t nEdge, SLanding landing,
+                                      const SObstacles& obstacles) const {
     const SPlacedEdge edge = EdgeOf(front, nEdge, false);
     // Upside down: the points rise to the edge.
     const SRange heights = edge.Heights();
     const float fHighest = -heights.m_fLow;
-    float fLowest = LowestMet(-heights.m_fHigh, stop.m_fFall);
+    float fLowest = LowestMet(-heights.m_fHigh, landing.m_fFall);
     const size_t nHighest = m_Rows.CellOf(fHighest);
     size_t nLowest = m_Rows.CellOf(fLowest);
     const CGridAxis::SCells columns = m_Columns.CellsOf(edge.X());
@@ -205,13 +206,13 @@ SStop CStartGrid::StopBelowEdge(const SMovedHalf& front, size_t nEdge, SStop sto
                 const double slopes[DROP_LANES] = {edge.m_Slope, edge.m_Slope, edge.m_Slope, edge.m_Slope};
                 const SEdgeLanes edges{Fill(edge.m_fLowX), Fill(edge.m_fHighX), Fill(edge.m_fStartX),
                                        Fill(edge.m_fStartY), slopes};
-                stop = Narrow(stop, GapsBelow(x, y, edges), block.m_Drops, obstacles);
-                fLowest = LowestMet(-heights.m_fHigh, stop.m_fFall);
+                landing = Narrow(landing, GapsBelow(x, y, edges), block.m_Drops, obstacles);
+                fLowest = LowestMet(-heights.m_fHigh, landing.m_fFall);
                 nLowest = m_Rows.CellOf(fLowest);
             });
         }
     }
-    return stop;
+    return landing;
 }
 
 }  // namespace nestrix

@@ -32,11 +32,11 @@ public:
 
     void Insert(const SMovedHalf& back, int nDrop);
 
-    /// The stop with the smallest gap below `stop`, vertical sides apart, among the obstacles; `stop` if
-    /// there is none.
+    /// The landing with the smallest gap below `landing`, vertical sides apart, among the obstacles;
+    /// `landing` if there is none.
     /// @param pAbandoned once this is true, the answer is of no use any more, and comes soon. May be null.
-    [[nodiscard]] SStop FindStop(const SMovedHalf& front, SStop stop, const SObstacles& obstacles,
-                                 const CRelaxed<bool>* pAbandoned) const;
+    [[nodiscard]] SLanding FindLanding(const SMovedHalf& front, SLanding landing, const SObstacles& obstacles,
+                                       const CRelaxed<bool>* pAbandoned) const;
 
 private:
     /// Edges of upper profiles whose boxes touch a cell. Each starts at its high end.
@@ -72,9 +72,10 @@ private:
     void EnterEdge(const SMovedHalf& back, size_t nEdge, int nDrop);
     void EnterPoint(const SMovedHalf& back, size_t nPoint, int nDrop);
 
-    [[nodiscard]] SStop StopBelowPoint(float fX, float fY, SStop stop, const SObstacles& obstacles) const;
-    [[nodiscard]] SStop StopBelowEdge(const SMovedHalf& front, size_t nEdge, SStop stop,
-                                      const SObstacles& obstacles) const;
+    [[nodiscard]] SLanding LandingBelowPoint(float fX, float fY, SLanding landing,
+                                             const SObstacles& obstacles) const;
+    [[nodiscard]] SLanding LandingBelowEdge(const SMovedHalf& front, size_t nEdge, SLanding landing,
+                                            const SObstacles& obstacles) const;
 
     CGridAxis m_Columns;
     CGridAxis m_Rows;

@@ -8,7 +8,7 @@
 namespace nestrix {
 
 /// What a fall ends on.
-struct SStop {
+struct SLanding {
     /// The number of the floor: it counts as the latest of all obstacles, since it is asked first.
     static constexpr int FLOOR = std::numeric_limits<int>::max();
 
