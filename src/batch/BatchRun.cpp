@@ -28,15 +28,14 @@ bool IsFaulty(const std::string& fault) {
     return !fault.empty();
 }
 
-/// Counts the generations, and ends a search of whose result nobody could hear.
+/// Counts the generations. The search goes on where nobody hears its lines: what was lost is said at the end.
 class CBatchProgress final : public CSearchSink {
 public:
     /// @param abandoned becomes true when the program is asked to end.
-    CBatchProgress(const CRelaxed<bool>& abandoned, bool bPicture)
-        : m_Abandoned(abandoned), m_bPicture(bPicture) {}
+    explicit CBatchProgress(const CRelaxed<bool>& abandoned) : m_Abandoned(abandoned) {}
 
     void GenerationDone(int nGeneration) override { m_nGeneration = nGeneration; }
-    [[nodiscard]] bool IsToStop() const override { return !m_bPicture && std::ferror(stdout) != 0; }
+    [[nodiscard]] bool IsToStop() const override { return false; }
     [[nodiscard]] const CRelaxed<bool>* AbandonRequest() const override { return &m_Abandoned; }
 
     /// The last complete generation; −1 before the first.
@@ -44,7 +43,6 @@ public:
 
 private:
     const CRelaxed<bool>& m_Abandoned;
-    bool m_bPicture;
     int m_nGeneration = -1;
 };
 
@@ -112,7 +110,7 @@ int RunBatch(const SBatchOptions& options) {
     CRelaxed<bool> bAbandoned = false;
     const CStopSignals signals(bAbandoned);
     const unsigned int nSeed = options.m_Seed.value_or(static_cast<unsigned int>(std::time(nullptr)));
-    CBatchProgress progress(bAbandoned, picture.IsWanted());
+    CBatchProgress progress(bAbandoned);
     const std::optional<SPacking> packing = Search(options, input.m_Polygons, strip, nSeed, progress);
     if (!packing) {
         return BATCH_FAILED;

@@ -1,7 +1,5 @@
 #include "ga/CSearchState.h"
 
-#include <utility>
-
 namespace nestrix {
 
 void CSearchState::AppendFresh(unsigned int nChromosomes, int nGenes, const CRelaxed<bool>* pAbandoned) {
@@ -17,10 +15,6 @@ void CSearchState::AppendFresh(unsigned int nChromosomes, int nGenes, const CRel
 void CSearchState::ClearPopulation() {
     m_Population.clear();
     m_nPopulationSize = 0;
-}
-
-void CSearchState::ExchangePopulation(std::vector<CChromosome>& next) {
-    std::swap(m_Population, next);
 }
 
 bool CSearchState::RecordFounder(const CChromosome& chromosome, bool bVeryFirst) {

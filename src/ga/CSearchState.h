@@ -22,9 +22,6 @@ public:
     /// Empties the population. The best chromosome and the statistics stay until the next run resets them.
     void ClearPopulation();
 
-    /// Puts the next generation in the place of the current one, which it receives in exchange.
-    void ExchangePopulation(std::vector<CChromosome>& next);
-
     /// Enters an evaluated chromosome of the first generation in the best and the worst, the very first one
     /// as both.
     /// @return whether it is the best so far.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 #include <vector>
 
 #include "base/CNumericLocale.h"
@@ -32,9 +33,7 @@ public:
     void Run(int nGenerations);
 
     /// The best packing so far, if there is one.
-    [[nodiscard]] std::optional<SPacking> BestPacking() const {
-        return m_bBestPacking ? std::optional(m_BestPacking) : std::nullopt;
-    }
+    [[nodiscard]] const std::optional<SPacking>& BestPacking() const { return m_BestPacking; }
 
 private:
     /// @return false when it was abandoned meanwhile.
@@ -67,9 +66,8 @@ private:
     CSearchSink& m_Sink;
     const CRelaxed<bool>* m_pAbandoned;
     CDecoder m_Decoder;
-    bool m_bPlaced = false;  ///< the decoder's last packing is that of the last chromosome evaluated
-    bool m_bBestPacking = false;
-    SPacking m_BestPacking;
+    bool m_bPlaced = true;  ///< the decoder's last packing is that of the last chromosome evaluated
+    std::optional<SPacking> m_BestPacking;
     std::vector<float> m_Shares;      ///< one per chromosome: fitness, then fitness / total fitness
     std::vector<CChromosome> m_Next;  ///< the generation being bred
     int m_nGeneration = 0;
@@ -114,7 +112,6 @@ bool CGeneticSearch::EvaluateFirstGeneration() {
         chromosome.m_fFitness = fFitness;
         m_Shares[i] = fFitness;
         if (m_State.RecordFounder(chromosome, i == 0)) {
-            m_bPlaced = true;
             KeepPacking(chromosome);
         }
         fTotalFitness += fFitness;
@@ -128,7 +125,7 @@ bool CGeneticSearch::BreedGeneration() {
     if (!BreedChildren()) {
         return false;
     }
-    m_State.ExchangePopulation(m_Next);
+    std::swap(m_State.m_Population, m_Next);
     std::printf("Newly Created %d\n", static_cast<int>(m_State.m_Population.size()));
     if (IsToLeave()) {
         return false;
@@ -205,11 +202,11 @@ float CGeneticSearch::Evaluate(const CChromosome& child, const CChromosome& firs
 void CGeneticSearch::KeepPacking(const CChromosome& best) {
     if (!m_bPlaced) {  // only where fitness is not a number can the copy of a parent be the best
         (void)m_Decoder.Evaluate(best.Genes());
+        if (IsAbandoned()) {
+            return;
+        }
     }
-    if (!IsAbandoned()) {
-        m_Decoder.CopyPacking(m_BestPacking);
-        m_bBestPacking = true;
-    }
+    m_Decoder.CopyPacking(m_BestPacking ? *m_BestPacking : m_BestPacking.emplace());
 }
 
 CChromosome& CGeneticSearch::SelectParent(int nIndex) {

@@ -8,10 +8,10 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <fstream>
 #include <sstream>
 
 #include "tests/support/CTemporaryFolder.h"
+#include "tests/support/TextFiles.h"
 
 namespace nestrix::support {
 
@@ -83,7 +83,7 @@ std::chrono::milliseconds CProcess::ProcessorTime() const {
         return m_TimeAtEnd;
     }
     // Behind the name, which is in brackets, the 12th and 13th word: ticks in the program and in the system.
-    std::string line = ReadFile("/proc/" + std::to_string(m_nProcess) + "/stat");
+    std::string line = ReadIfThere("/proc/" + std::to_string(m_nProcess) + "/stat");
     std::istringstream words(line.substr(line.rfind(')') + 1));
     std::string skipped;
     for (int i = 0; i < 11; ++i) {
@@ -106,13 +106,7 @@ std::string OutputOf(const std::vector<std::string>& command) {
     settings.m_Output = folder.PathOf("output");
     CProcess process(command, settings);
     (void)process.AwaitEnd(std::chrono::seconds(90));
-    return ReadFile(settings.m_Output);
-}
-
-std::string ReadFile(const std::filesystem::path& path) {
-    std::ostringstream content;
-    content << std::ifstream(path, std::ios::binary).rdbuf();
-    return content.str();
+    return ReadIfThere(settings.m_Output);
 }
 
 }  // namespace nestrix::support

@@ -63,6 +63,4 @@ template <class TCondition>
     return true;
 }
 
-[[nodiscard]] std::string ReadFile(const std::filesystem::path& path);
-
 }  // namespace nestrix::support

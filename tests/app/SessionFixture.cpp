@@ -12,6 +12,7 @@
 #include "tests/display/EventPump.h"
 #include "tests/display/SanitizerDefaults.h"
 #include "tests/support/PolygonMaking.h"
+#include "tests/support/TextFiles.h"
 #include "tests/support/UnderSanitizer.h"
 
 namespace nestrix::support {
@@ -67,7 +68,7 @@ SessionFixture::SessionFixture() {
 
 void SessionFixture::Require(bool bHappened, const std::string& otherwise) const {
     if (!bHappened) {
-        throw std::runtime_error(otherwise + "\n" + ReadFile(m_Records.PathOf("errors")));
+        throw std::runtime_error(otherwise + "\n" + ReadIfThere(m_Records.PathOf("errors")));
     }
 }
 
@@ -183,7 +184,7 @@ void SessionFixture::SetRun(int nPopulation, int nGenerations) {
 }
 
 std::string SessionFixture::Output() const {
-    return ReadFile(m_OutputFile);
+    return ReadIfThere(m_OutputFile);
 }
 
 int SessionFixture::CountOutput(const std::string& text) const {
@@ -226,7 +227,7 @@ void SessionFixture::CloseWindow() {
     const std::chrono::milliseconds before = m_pProgram->ProcessorTime();
     PressKeys({"alt+F4"});
     EXPECT_TRUE(Await([] { return !IsWindowOpen(TITLE); }, std::chrono::seconds(10))) << "the window stays";
-    EXPECT_EQ(m_pProgram->AwaitEnd(std::chrono::seconds(90)), 0) << ReadFile(m_Records.PathOf("errors"));
+    EXPECT_EQ(m_pProgram->AwaitEnd(std::chrono::seconds(90)), 0) << ReadIfThere(m_Records.PathOf("errors"));
     EXPECT_LT((m_pProgram->ProcessorTime() - before).count(), AT_ONCE.count()) << "it worked on";
 }
 

@@ -6,6 +6,7 @@
 #include "tests/app/SessionFixture.h"
 #include "tests/display/CVirtualDisplay.h"
 #include "tests/support/CCommaLocale.h"
+#include "tests/support/TextFiles.h"
 
 namespace nestrix {
 
@@ -70,7 +71,7 @@ protected:
             EXPECT_TRUE(Await([&] { return IsBlank(Place(pPlace)); })) << pPlace;
         }
         CloseWindow();
-        EXPECT_EQ(support::ReadFile(m_Records.PathOf("errors")).find("assert"), std::string::npos);
+        EXPECT_EQ(support::ReadIfThere(m_Records.PathOf("errors")).find("assert"), std::string::npos);
     }
 
     /// Everything but the text is painted.
@@ -90,7 +91,7 @@ protected:
     }
 
     void ExpectNoWordAboutAFont() const {
-        const std::string said = Output() + support::ReadFile(m_Records.PathOf("errors"));
+        const std::string said = Output() + support::ReadIfThere(m_Records.PathOf("errors"));
         for (const char* pWord : {"arial", "ont", "FT"}) {
             EXPECT_EQ(said.find(pWord), std::string::npos) << said;
         }
@@ -176,7 +177,7 @@ TEST_F(SurroundingsSession, WithoutDisplayEndTheProgramWithAMessage) {
     const std::optional<int> status = m_pProgram->AwaitEnd(std::chrono::seconds(90));
     ASSERT_TRUE(status.has_value());
     EXPECT_GT(*status, 0);
-    EXPECT_NE(support::ReadFile(m_Records.PathOf("errors")), "");
+    EXPECT_NE(support::ReadIfThere(m_Records.PathOf("errors")), "");
 }
 
 /// A Wayland desktop that never answers.

@@ -179,10 +179,12 @@ TEST(StandardOutput, ThatCannotBeWrittenFailsWithoutAnyGeneration) {
     EXPECT_EQ(RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 0 >/dev/full").m_nStatus, 1);
 }
 
-TEST(StandardOutput, ThatNobodyReadsAnyMoreEndsASearchThatDrawsNoPicture) {
+TEST(StandardOutput, ThatNobodyReadsAnyMoreDoesNotCutTheSearchOff) {
     CRunningBatch batch(NESTRIX_SAMPLES "/squares --generations 2000000000");
     ASSERT_TRUE(batch.ReadUntil("Generation 1 "));
     batch.CloseOutput();
+    batch.WaitUntilItHasWorkedFor(1.0);
+    batch.Signal(SIGINT);
     EXPECT_EQ(batch.WaitForEnd(), 1);
 }
 

@@ -12,12 +12,13 @@ namespace nestrix::support {
 namespace fs = std::filesystem;
 
 std::string ReadFile(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file) {
-        ADD_FAILURE() << "cannot read " << path;
-    }
+    EXPECT_TRUE(std::ifstream(path)) << "cannot read " << path;
+    return ReadIfThere(path);
+}
+
+std::string ReadIfThere(const fs::path& path) {
     std::ostringstream content;
-    content << file.rdbuf();
+    content << std::ifstream(path, std::ios::binary).rdbuf();
     return content.str();
 }
 

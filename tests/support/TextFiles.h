@@ -8,6 +8,9 @@ namespace nestrix::support {
 /// The content of a file; fails the running test where it cannot be read.
 [[nodiscard]] std::string ReadFile(const std::filesystem::path& path);
 
+/// The same, but nothing where it cannot be read: it may not be there yet.
+[[nodiscard]] std::string ReadIfThere(const std::filesystem::path& path);
+
 /// A polygon file with one square.
 [[nodiscard]] std::string SquareFile(float fSide);
 
