@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "packing/SFreePacking.h"
+#include "tests/support/CSeededRandom.h"
+
+namespace nestrix::support {
+
+[[nodiscard]] CRing RectangleRing(double left, double bottom, double width, double height);
+
+/// One copy, which may not be turned.
+[[nodiscard]] SPiece PieceOf(CRing outline, std::vector<CRing> holes = {});
+
+/// A regular polygon about 0, 0, its points on a grid of 1/1000.
+[[nodiscard]] SPiece RegularPiece(int nVertices, double radius);
+
+/// One placement of each piece, in their order, at the given points; on a grid of whole units, with the
+/// height that it has.
+[[nodiscard]] SFreePacking PackingAt(const SFreeStrip& strip, std::span<const SPiece> pieces,
+                                     const std::vector<SGridPoint>& at);
+
+/// A ring of nVertices points on a small square grid, joined at random: most cross themselves.
+[[nodiscard]] CGridRing RandomRing(CSeededRandom& random, int nVertices, int nSide);
+
+/// The shape drawn on a grid of whole units.
+[[nodiscard]] SShape AsDrawn(const SGridShape& shape);
+
+}  // namespace nestrix::support
