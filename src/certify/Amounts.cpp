@@ -32,6 +32,25 @@ struct SSegment {
 };
 using CSegments = std::vector<SSegment>;
 
+/// Of a border with many edges so many are looked at, evenly chosen: an amount need not cost seconds.
+constexpr size_t EDGES_MEASURED_MOST = 256;
+
+/// About the same of the segments that reach into a box.
+CSegments Measured(const CSegments& segments, const SBorder& border, const SGridBox& box) {
+    CSegments within;
+    for (size_t i = 0; i < segments.size(); ++i) {
+        if (Meet(BoxOf(border.m_Edges[i]), box)) {
+            within.push_back(segments[i]);
+        }
+    }
+    const size_t nStep = within.size() / EDGES_MEASURED_MOST + 1;
+    CSegments measured;
+    for (size_t i = 0; i < within.size(); i += nStep) {
+        measured.push_back(within[i]);
+    }
+    return measured;
+}
+
 CSegments SegmentsOf(const SBorder& border, SGridPoint origin) {
     const auto vector = [origin](SGridPoint point) {
         const SGridPoint from = point - origin;
@@ -100,15 +119,16 @@ std::vector<double> MeetingsOf(const SSegment& segment, const CSegments& others)
     return meetings;
 }
 
-double DepthOf(const CSegments& first, const CSegments& second) {
+/// How deep the segments, which are some of one border's, reach into the other.
+double DepthOf(const CSegments& segments, const CSegments& other) {
     double depth = 0.0;
     const auto measure = [&](SVector point) {
-        if (IsInside(point, second)) {
-            depth = std::max(depth, Distance(point, second));
+        if (IsInside(point, other)) {
+            depth = std::max(depth, Distance(point, other));
         }
     };
-    for (const SSegment& segment : first) {
-        const std::vector<double> meetings = MeetingsOf(segment, second);
+    for (const SSegment& segment : segments) {
+        const std::vector<double> meetings = MeetingsOf(segment, other);
         measure(segment.m_From);
         for (size_t i = 0; i + 1 < meetings.size(); ++i) {
             measure(segment.m_From + (segment.m_To - segment.m_From) * ((meetings[i] + meetings[i + 1]) / 2));
@@ -117,11 +137,11 @@ double DepthOf(const CSegments& first, const CSegments& second) {
     return depth;
 }
 
-/// Half of the longest way across both insides, from the middle of any edge of the first and at right angles
-/// to it.
-double HalfAcross(const CSegments& first, const CSegments& second) {
+/// Half of the longest way across both insides, from the middle of any of the segments, which are some of
+/// the first, and at right angles to it.
+double HalfAcross(const CSegments& segments, const CSegments& first, const CSegments& second) {
     double longest = 0.0;
-    for (const SSegment& segment : first) {
+    for (const SSegment& segment : segments) {
         const SVector along = segment.m_To - segment.m_From;
         const SVector middle = (segment.m_From + segment.m_To) * 0.5;
         const SVector inward{-along.m_Y, along.m_X};
@@ -151,19 +171,31 @@ double HalfAcross(const CSegments& first, const CSegments& second) {
 double DepthOf(const SBorder& first, const SBorder& second) {
     const CSegments a = SegmentsOf(first, first.m_Box.m_Low);
     const CSegments b = SegmentsOf(second, first.m_Box.m_Low);
-    const double depth = std::max(DepthOf(a, b), DepthOf(b, a));
-    return depth > 0.0 ? depth : std::max(HalfAcross(a, b), HalfAcross(b, a));
+    const CSegments ofA = Measured(a, first, second.m_Box);
+    const CSegments ofB = Measured(b, second, first.m_Box);
+    const double depth = std::max(DepthOf(ofA, b), DepthOf(ofB, a));
+    return depth > 0.0 ? depth : std::max(HalfAcross(ofA, a, b), HalfAcross(ofB, b, a));
 }
 
-double DistanceBetween(const SBorder& first, const SBorder& second) {
-    const CSegments a = SegmentsOf(first, first.m_Box.m_Low);
-    const CSegments b = SegmentsOf(second, first.m_Box.m_Low);
-    double least = std::numeric_limits<double>::infinity();
-    for (const SSegment& segment : a) {
-        least = std::min(least, Distance(segment.m_From, b));
+double DistanceBetween(const SBorder& first, const SBorder& second, int64_t nReach) {
+    CSegments near[2];
+    const SBorder* const borders[] = {&first, &second};
+    for (size_t i = 0; i < 2; ++i) {
+        const SBorder& border = *borders[i];
+        const SGridBox window = Grown(borders[1 - i]->m_Box, nReach);
+        const CSegments segments = SegmentsOf(border, first.m_Box.m_Low);
+        for (size_t j = 0; j < segments.size(); ++j) {
+            if (Meet(BoxOf(border.m_Edges[j]), window)) {
+                near[i].push_back(segments[j]);
+            }
+        }
     }
-    for (const SSegment& segment : b) {
-        least = std::min(least, Distance(segment.m_From, a));
+    double least = std::numeric_limits<double>::infinity();
+    for (size_t i = 0; i < 2; ++i) {
+        for (const SSegment& segment : near[i]) {
+            least =
+                std::min({least, Distance(segment.m_From, near[1 - i]), Distance(segment.m_To, near[1 - i])});
+        }
     }
     return least;
 }

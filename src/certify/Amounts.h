@@ -13,7 +13,7 @@ namespace nestrix::certify {
 /// over each other, and no such point is inside, half of the way across from the middle of an edge.
 [[nodiscard]] double DepthOf(const SBorder& first, const SBorder& second);
 
-/// The distance of two borders, neither of which is empty, in units of the grid.
-[[nodiscard]] double DistanceBetween(const SBorder& first, const SBorder& second);
+/// The distance of two borders in units of the grid; they are within reach of each other.
+[[nodiscard]] double DistanceBetween(const SBorder& first, const SBorder& second, int64_t nReach);
 
 }  // namespace nestrix::certify

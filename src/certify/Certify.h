@@ -16,10 +16,10 @@ struct SViolation {
         UNKNOWN_PIECE,  ///< a placement names a piece that the set has not
         QUANTITY,       ///< a piece is placed too often or not often enough
         TURN,           ///< a turn or a mirroring that the piece does not allow
-        SHAPE,  ///< a shape whose borders cross, that has no inside, or that is too large to be calculated
-                ///< with
-        STRIP,  ///< a piece reaches out of the strip or into its margin; without a placement: the strip or
-                ///< the grid is none that can be calculated with, and no place was examined
+        SHAPE,    ///< a shape whose borders cross, that has no inside, or that is too large to be calculated
+                  ///< with
+        STRIP,    ///< a piece reaches out of the strip or into its margin; without a placement: the strip or
+                  ///< the grid is none that can be calculated with, and no place was examined
         OVERLAP,  ///< the insides of two pieces share points
         SPACING,  ///< two pieces are nearer than the spacing, less one unit of the grid
         HEIGHT    ///< the height is not that of the highest point

@@ -21,7 +21,7 @@ std::optional<SViolation> Examine(const SBorder& first, const SBorder& second, i
     }
     if (nDistance > 0 && AreNearer(first, second, nDistance)) {
         // What is missing of the spacing itself, which is one unit more.
-        const double missing = static_cast<double>(nDistance + 1) - DistanceBetween(first, second);
+        const double missing = static_cast<double>(nDistance + 1) - DistanceBetween(first, second, nDistance);
         return SViolation{EKind::SPACING, -1, -1, missing * unit};
     }
     return std::nullopt;
