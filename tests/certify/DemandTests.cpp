@@ -1,7 +1,10 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 
+#include "certify/Spacing.h"
 #include "tests/certify/ViolationMatchers.h"
 #include "tests/support/FreePieces.h"
 
@@ -43,7 +46,6 @@ TEST(Spacing, IsMeasuredBetweenCornersWithoutRounding) {
 }
 
 TEST(Spacing, OfLengthsBeyondDoublePrecisionIsExact) {
-    // The slope's direction and a normal to it have primes for coordinates: the foot's square has 186 bits.
     const int64_t nFar = 30000000000;
     const std::vector<SPiece> pieces{PieceOf({{0, 0}, {4.0 * nFar, 3.0 * nFar}, {0, 3.0 * nFar}}),
                                      PieceOf({{0, 0}, {4.0 * nFar, 0}, {4.0 * nFar, 3.0 * nFar}})};
@@ -52,6 +54,20 @@ TEST(Spacing, OfLengthsBeyondDoublePrecisionIsExact) {
     EXPECT_THAT(ViolationsOf(pieces, PackingAt(strip, pieces, {{0, 0}, {5000, 0}})), IsEmpty());
     EXPECT_THAT(ViolationsOf(pieces, PackingAt(strip, pieces, {{0, 0}, {4999, 0}})),
                 ElementsAre(IsViolation(EKind::SPACING, 0, 1)));
+}
+
+TEST(Spacing, IsComparedByWholeNumbersWhereDoublesTie) {
+    // The slope's coordinates have no common divisor, so that there are points for every product with it: for
+    // the last whole number below its length times the distance, and for the first one above.
+    const SGridPoint slope{999999999989, 1234567890133};
+    const int64_t nDistance = 1000003;
+    const certify::SBorder below = certify::BorderOf({{{0, 0}, {slope.m_nX, 0}, slope}, {}});
+    const auto isNearer = [&](SGridPoint tip) {
+        const SGridShape above{{tip, tip + SGridPoint{0, 2}, tip + SGridPoint{-2, 2}}, {}};
+        return certify::AreNearer(below, certify::BorderOf(above), nDistance);
+    };
+    EXPECT_TRUE(isNearer({44117687088, 54467868631}));
+    EXPECT_FALSE(isNearer({293310729940, 362113597784}));
 }
 
 TEST(Spacing, OfATouchIsMissingAltogether) {
