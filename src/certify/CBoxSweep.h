@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <limits>
+#include <utility>
 #include <vector>
 
 #include "certify/SGridBox.h"
@@ -77,7 +79,7 @@ private:
         return false;
     }
 
-    /// How many boxes a line across meets on average, times a factor that is the same for both axes' number.
+    /// How many boxes a line across the axis meets on average.
     static double Crowd(const CItems& first, const CItems& second, SRange SItem::*pAxis) {
         double sum = 0.0;
         SRange whole{std::numeric_limits<int64_t>::max(), std::numeric_limits<int64_t>::min()};

@@ -1,8 +1,10 @@
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <cstddef>
 #include <iterator>
-#include <optional>
+#include <limits>
+#include <utility>
+#include <vector>
 
 #include "certify/Certify.h"
 #include "certify/Inside.h"
