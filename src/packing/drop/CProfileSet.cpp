@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "packing/drop/Lanes.h"
+#include "base/Lanes.h"
 #include "packing/drop/ProfileCells.h"
 #include "packing/drop/SEdge.h"
 
@@ -38,8 +38,8 @@ SProfilePoints LayOut(std::vector<mgVector3> positions) {
     SProfilePoints points;
     points.m_nCount = positions.size();
     const size_t nLanes = RoundUpToLanes(positions.size());
-    points.m_X.resize(nLanes, DROP_LANE_FILLER);
-    points.m_Y.resize(nLanes, DROP_LANE_FILLER);
+    points.m_X.resize(nLanes, LANE_FILLER);
+    points.m_Y.resize(nLanes, LANE_FILLER);
     for (size_t i = 0; i < positions.size(); ++i) {
         points.m_X[i] = positions[i].x;
         points.m_Y[i] = positions[i].y;
@@ -49,7 +49,7 @@ SProfilePoints LayOut(std::vector<mgVector3> positions) {
 
 /// @param edges sorted by low x.
 std::vector<float> RightsSoFar(const std::vector<SEdge>& edges) {
-    std::vector<float> rights(RoundUpToLanes(edges.size()), DROP_LANE_FILLER);
+    std::vector<float> rights(RoundUpToLanes(edges.size()), LANE_FILLER);
     float fLargest = -std::numeric_limits<float>::infinity();
     for (size_t i = 0; i < edges.size(); ++i) {
         fLargest = std::max(fLargest, edges[i].HighX());
@@ -63,10 +63,10 @@ SProfileEdges LayOut(std::vector<SEdge> draft, float fLargestX) {
                      [](const SEdge& a, const SEdge& b) { return a.LowX() < b.LowX(); });
     SProfileEdges edges;
     edges.m_nCount = draft.size();
-    const size_t nLanes = RoundUpToLanes(draft.size() + DROP_LANES);
-    edges.m_LowX.resize(nLanes, DROP_LANE_FILLER);
-    edges.m_HighX.resize(nLanes, DROP_LANE_FILLER);
-    edges.m_StartY.resize(nLanes, DROP_LANE_FILLER);
+    const size_t nLanes = RoundUpToLanes(draft.size() + LANES);
+    edges.m_LowX.resize(nLanes, LANE_FILLER);
+    edges.m_HighX.resize(nLanes, LANE_FILLER);
+    edges.m_StartY.resize(nLanes, LANE_FILLER);
     edges.m_Slopes.resize(nLanes);
     for (size_t i = 0; i < draft.size(); ++i) {
         edges.m_LowX[i] = draft[i].LowX();

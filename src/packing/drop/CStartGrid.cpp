@@ -66,14 +66,14 @@ float LowestMet(float fY, float fFall) {
 
 CStartGrid::SEdgeBlock::SEdgeBlock() {
     for (float* const pLanes : {m_LowX, m_HighX, m_Bottom, m_Top, m_StartY}) {
-        std::fill_n(pLanes, DROP_LANES, DROP_LANE_FILLER);
+        std::fill_n(pLanes, LANES, LANE_FILLER);
     }
-    std::fill_n(m_Slopes, DROP_LANES, 0.0);
+    std::fill_n(m_Slopes, LANES, 0.0);
 }
 
 CStartGrid::SPointBlock::SPointBlock() {
-    std::fill_n(m_X, DROP_LANES, DROP_LANE_FILLER);
-    std::fill_n(m_Y, DROP_LANES, DROP_LANE_FILLER);
+    std::fill_n(m_X, LANES, LANE_FILLER);
+    std::fill_n(m_Y, LANES, LANE_FILLER);
 }
 
 void CStartGrid::Reset(SRange x, SRange y, size_t nColumns, size_t nRows, size_t nPoints) {
@@ -126,7 +126,7 @@ void CStartGrid::EnterEdge(const SMovedHalf& back, size_t nEdge, int nDrop) {
     const CGridAxis::SCells rows = m_Rows.CellsOf(heights);
     for (size_t nColumn = columns.m_nFirst; nColumn <= columns.m_nLast; ++nColumn) {
         for (size_t nRow = rows.m_nFirst; nRow <= rows.m_nLast; ++nRow) {
-            SEdgeBlock& block = m_Edges.BlockWithRoom(CellAt(nColumn, nRow), DROP_LANES);
+            SEdgeBlock& block = m_Edges.BlockWithRoom(CellAt(nColumn, nRow), LANES);
             const size_t nPlace = block.m_nUsed++;
             block.m_Bottom[nPlace] = heights.m_fLow;
             block.m_Top[nPlace] = heights.m_fHigh;
@@ -142,7 +142,7 @@ void CStartGrid::EnterEdge(const SMovedHalf& back, size_t nEdge, int nDrop) {
 void CStartGrid::EnterPoint(const SMovedHalf& back, size_t nPoint, int nDrop) {
     const float fX = back.m_Half.m_Points.m_X[nPoint] + back.m_fX;
     const float fY = back.m_Half.m_Points.m_Y[nPoint] - back.m_fY;
-    SPointBlock& block = m_Points.BlockWithRoom(CellAt(m_Columns.CellOf(fX), m_Rows.CellOf(-fY)), DROP_LANES);
+    SPointBlock& block = m_Points.BlockWithRoom(CellAt(m_Columns.CellOf(fX), m_Rows.CellOf(-fY)), LANES);
     const size_t nPlace = block.m_nUsed++;
     block.m_X[nPlace] = fX;
     block.m_Y[nPlace] = fY;
@@ -203,7 +203,7 @@ SLanding CStartGrid::LandingBelowEdge(const SMovedHalf& front, size_t nEdge, SLa
                     0) {
                     return;
                 }
-                const double slopes[DROP_LANES] = {edge.m_Slope, edge.m_Slope, edge.m_Slope, edge.m_Slope};
+                const double slopes[LANES] = {edge.m_Slope, edge.m_Slope, edge.m_Slope, edge.m_Slope};
                 const SEdgeLanes edges{Fill(edge.m_fLowX), Fill(edge.m_fHighX), Fill(edge.m_fStartX),
                                        Fill(edge.m_fStartY), slopes};
                 landing = Narrow(landing, GapsBelow(x, y, edges), block.m_Drops, obstacles);

@@ -4,7 +4,7 @@
 
 #include "packing/drop/CBlockLists.h"
 #include "packing/drop/CGridAxis.h"
-#include "packing/drop/Lanes.h"
+#include "base/Lanes.h"
 #include "packing/drop/SObstacles.h"
 #include "packing/drop/Sweep.h"
 
@@ -41,13 +41,13 @@ public:
 private:
     /// Edges of upper profiles whose boxes touch a cell. Each starts at its high end.
     struct SEdgeBlock {
-        alignas(16) float m_LowX[DROP_LANES];
-        float m_HighX[DROP_LANES];
-        float m_Bottom[DROP_LANES];  ///< no height on the edge lies lower
-        float m_Top[DROP_LANES];     ///< nor higher
-        float m_StartY[DROP_LANES];
-        double m_Slopes[DROP_LANES];
-        int m_Drops[DROP_LANES];
+        alignas(16) float m_LowX[LANES];
+        float m_HighX[LANES];
+        float m_Bottom[LANES];  ///< no height on the edge lies lower
+        float m_Top[LANES];     ///< nor higher
+        float m_StartY[LANES];
+        double m_Slopes[LANES];
+        int m_Drops[LANES];
         uint32_t m_nUsed = 0;
         uint32_t m_nNext = 0;
 
@@ -56,9 +56,9 @@ private:
 
     /// Points of upper profiles in one cell, upside down.
     struct SPointBlock {
-        alignas(16) float m_X[DROP_LANES];
-        float m_Y[DROP_LANES];
-        int m_Drops[DROP_LANES];
+        alignas(16) float m_X[LANES];
+        float m_Y[LANES];
+        int m_Drops[LANES];
         uint32_t m_nUsed = 0;
         uint32_t m_nNext = 0;
 

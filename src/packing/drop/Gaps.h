@@ -3,7 +3,7 @@
 #include <cstring>
 #include <limits>
 
-#include "packing/drop/Lanes.h"
+#include "base/Lanes.h"
 
 namespace nestrix {
 

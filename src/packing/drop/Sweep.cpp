@@ -72,7 +72,7 @@ public:
                                    LoadLanes(&m_Edges.m_StartY[nEdge]) + m_fY, &m_Edges.m_Slopes[nEdge]};
             const FloatLanes met = GapsBelow(FloatLanes{} + fX, FloatLanes{} + fY, edges);
             gaps = met < gaps ? met : gaps;
-            nEdge += DROP_LANES;
+            nEdge += LANES;
         } while (m_Edges.m_LowX[nEdge] + m_fX <= fX);
         return Smallest(gaps);
     }
@@ -99,7 +99,7 @@ private:
     /// How many edges lie wholly to the left of x, and before the first one that gets to it.
     [[nodiscard]] size_t CountLeftOf(float fX) const {
         size_t nCount = 0;
-        for (size_t i = 0; i < m_Edges.m_nCount; i += DROP_LANES) {
+        for (size_t i = 0; i < m_Edges.m_nCount; i += LANES) {
             // They ascend, so the bits of those to the left come first.
             const unsigned int nLeft = BitsOf(LoadLanes(&m_Edges.m_RightsSoFar[i]) + m_fX < fX);
             nCount += static_cast<size_t>(std::countr_one(nLeft));
@@ -118,7 +118,7 @@ private:
 /// The smallest gap below fCut between points and few edges.
 template <class TEdges>
 float SweepFewEdges(const SMovedPoints& points, const TEdges& edges, float fCut) {
-    for (size_t nFirst = 0; nFirst < points.m_Points.m_nCount; nFirst += DROP_LANES) {
+    for (size_t nFirst = 0; nFirst < points.m_Points.m_nCount; nFirst += LANES) {
         unsigned int nRemaining = points.FindInside(nFirst, edges.SpanX(), edges.CandidateY(fCut));
         for (; nRemaining != 0; nRemaining &= nRemaining - 1) {
             const size_t nPoint = nFirst + static_cast<size_t>(std::countr_zero(nRemaining));
@@ -137,7 +137,7 @@ float SweepChunk(const SMovedPoints& points, size_t nFirst, const TEdges& edges,
     const size_t nEnd = std::min(points.m_Points.m_nCount, nFirst + CHUNK);
     const SRange candidateY = edges.CandidateY(fCut);
     uint64_t nRemaining = 0;
-    for (size_t nPoint = nFirst; nPoint < nEnd; nPoint += DROP_LANES) {
+    for (size_t nPoint = nFirst; nPoint < nEnd; nPoint += LANES) {
         nRemaining |= uint64_t{points.FindInside(nPoint, edges.SpanX(), candidateY)} << (nPoint - nFirst);
     }
     if (nRemaining == 0) {

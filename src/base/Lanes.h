@@ -15,7 +15,7 @@ namespace nestrix {
 /// Four values side by side, in the compilers' own vector types: with vector instructions where the processor
 /// has them, in plain ones elsewhere, with the same results.
 
-inline constexpr size_t DROP_LANES = 4;
+inline constexpr size_t LANES = 4;
 
 using FloatLanes = float __attribute__((vector_size(16)));
 using DoubleLanes = double __attribute__((vector_size(32)));
@@ -23,10 +23,10 @@ using FlagLanes = int32_t __attribute__((vector_size(16)));  ///< all bits of a 
 
 /// Fills a block up to whole lanes. Not a number, since that lies in no range and below nothing, wherever the
 /// block is moved.
-inline constexpr float DROP_LANE_FILLER = std::numeric_limits<float>::quiet_NaN();
+inline constexpr float LANE_FILLER = std::numeric_limits<float>::quiet_NaN();
 
 [[nodiscard]] constexpr size_t RoundUpToLanes(size_t nCount) {
-    return (nCount + DROP_LANES - 1) / DROP_LANES * DROP_LANES;
+    return (nCount + LANES - 1) / LANES * LANES;
 }
 
 [[nodiscard]] inline FloatLanes LoadLanes(const float* pValues) {
@@ -41,7 +41,7 @@ inline constexpr float DROP_LANE_FILLER = std::numeric_limits<float>::quiet_NaN(
     return static_cast<unsigned int>(_mm_movemask_ps(__builtin_bit_cast(__m128, flags)));
 #else
     unsigned int nBits = 0;
-    for (size_t i = 0; i < DROP_LANES; ++i) {
+    for (size_t i = 0; i < LANES; ++i) {
         nBits |= (flags[i] != 0 ? 1U : 0U) << i;
     }
     return nBits;

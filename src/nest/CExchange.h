@@ -1,0 +1,45 @@
+#pragma once
+
+#include <condition_variable>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+#include "nest/CLayout.h"
+
+namespace nestrix {
+
+/// A valid packing as a worker knows it.
+struct SSolution {
+    double m_Height = 0.0;
+    std::vector<SPlace> m_Places;
+};
+
+/// Where the workers of a search show each other their best packings: all of them after the same numbers of
+/// steps, so that what each learns does not depend on which is faster.
+class CExchange {
+public:
+    /// Steps of each worker between two meetings. A multiple of the steps between two looks at the end.
+    static constexpr uint64_t STEPS = 16'384;
+
+    explicit CExchange(size_t nWorkers) : m_Shown(nWorkers) {}
+
+    /// Shows the worker's best to the others, and waits for theirs.
+    /// @return the best of all; of equal ones that of the first worker.
+    std::shared_ptr<const SSolution> Meet(size_t nWorker, std::shared_ptr<const SSolution> best);
+
+    /// A worker that failed comes to no further meeting, and from now on nobody waits at one.
+    void Leave();
+
+private:
+    std::mutex m_Mutex;  ///< guards all that follows
+    std::condition_variable m_Met;
+    std::vector<std::shared_ptr<const SSolution>> m_Shown;
+    size_t m_nArrived = 0;
+    uint64_t m_nMeetings = 0;
+    std::shared_ptr<const SSolution> m_Best;
+    bool m_bLeft = false;
+};
+
+}  // namespace nestrix

@@ -1,0 +1,278 @@
+#include "nest/CPackProblem.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "certify/Inside.h"
+#include "nest/ConvexParts.h"
+#include "nest/Simplify.h"
+#include "nest/TurnsToTry.h"
+
+namespace nestrix {
+
+namespace {
+
+/// The search works with outlines of at most so many points, if they can be had by leaving out what differs
+/// by less than a share of the piece's size (the square root of its area). What that takes or adds, the
+/// compaction puts right.
+constexpr size_t SIMPLE_POINTS = 28;
+constexpr double LEAST_SIMPLIFIED_SHARE = 0.0015;
+constexpr double MOST_SIMPLIFIED_SHARE = 0.012;
+
+/// Two turns of one piece look the same when no point differs by more, in units: what rounding does.
+constexpr int64_t SAME_POINT = 2;
+
+void Move(SGridShape& shape, SGridPoint by) {
+    const auto moveRing = [by](CGridRing& ring) {
+        for (SGridPoint& point : ring) {
+            point = point + by;
+        }
+    };
+    moveRing(shape.m_Outline);
+    std::for_each(shape.m_Holes.begin(), shape.m_Holes.end(), moveRing);
+}
+
+SGridPoint Negative(SGridPoint point) {
+    return {-point.m_nX, -point.m_nY};
+}
+
+SGridPoint MiddleOf(const SGridBox& box) {
+    return {box.m_Low.m_nX + box.Width() / 2, box.m_Low.m_nY + box.Height() / 2};
+}
+
+/// A single point as it is laid.
+SGridPoint Laid(SGridPoint point, double degrees, bool bMirrored) {
+    return Laid(SGridShape{{point}, {}}, degrees, bMirrored).m_Outline.front();
+}
+
+size_t CountPoints(const SGridShape& shape) {
+    size_t nPoints = shape.m_Outline.size();
+    for (const CGridRing& hole : shape.m_Holes) {
+        nPoints += hole.size();
+    }
+    return nPoints;
+}
+
+SGridShape SimplifiedForSearch(const SGridShape& shape, double area) {
+    const double size = std::sqrt(area);
+    SGridShape simple = shape;
+    for (double share = LEAST_SIMPLIFIED_SHARE;
+         CountPoints(simple) > SIMPLE_POINTS && share <= MOST_SIMPLIFIED_SHARE; share *= 2.0) {
+        simple = Simplified(shape, share * size);
+    }
+    return simple;
+}
+
+std::vector<CConvexPart> PartsFor(const SGridShape& shape, double area) {
+    std::vector<CConvexPart> parts;
+    for (const CGridRing& ring : CutIntoConvexParts(SimplifiedForSearch(shape, area))) {
+        CConvexPart part;
+        for (const SGridPoint point : ring) {
+            part.push_back({static_cast<double>(point.m_nX), static_cast<double>(point.m_nY)});
+        }
+        parts.push_back(std::move(part));
+    }
+    return parts;
+}
+
+double GridAreaOf(const SGridShape& shape) {
+    CInt128 area = TwiceArea(shape.m_Outline);
+    for (const CGridRing& hole : shape.m_Holes) {
+        area += TwiceArea(hole);
+    }
+    return static_cast<double>(area) / 2.0;
+}
+
+bool AreNear(SGridPoint a, SGridPoint b) {
+    return std::abs(a.m_nX - b.m_nX) <= SAME_POINT && std::abs(a.m_nY - b.m_nY) <= SAME_POINT;
+}
+
+bool LookTheSame(const CGridRing& a, SGridPoint lowA, const CGridRing& b, SGridPoint lowB) {
+    if (a.size() != b.size()) {
+        return false;
+    }
+    for (size_t nShift = 0; nShift < a.size(); ++nShift) {
+        size_t i = 0;
+        while (i < a.size() && AreNear(a[i] - lowA, b[(i + nShift) % b.size()] - lowB)) {
+            ++i;
+        }
+        if (i == a.size()) {
+            return true;
+        }
+    }
+    return a.empty();
+}
+
+/// Whether one can be moved onto the other.
+bool LookTheSame(const SVersion& a, const SVersion& b) {
+    if (a.m_Shape.m_Holes.size() != b.m_Shape.m_Holes.size() ||
+        !LookTheSame(a.m_Shape.m_Outline, a.m_Box.m_Low, b.m_Shape.m_Outline, b.m_Box.m_Low)) {
+        return false;
+    }
+    return std::all_of(a.m_Shape.m_Holes.begin(), a.m_Shape.m_Holes.end(), [&](const CGridRing& hole) {
+        return std::any_of(b.m_Shape.m_Holes.begin(), b.m_Shape.m_Holes.end(), [&](const CGridRing& other) {
+            return LookTheSame(hole, a.m_Box.m_Low, other, b.m_Box.m_Low);
+        });
+    });
+}
+
+/// Whether an earlier packing, if there is one, laid a piece like this.
+bool IsUsedBy(const SFreePacking* pStart, int nPiece, double degrees, bool bMirrored) {
+    return pStart != nullptr && std::any_of(pStart->m_Placed.begin(), pStart->m_Placed.end(),
+                                            [&](const SFreePlacement& placement) {
+                                                return placement.m_nPiece == nPiece &&
+                                                       placement.m_bMirrored == bMirrored &&
+                                                       NormalisedTurn(placement.m_Degrees) == degrees;
+                                            });
+}
+
+/// Adds the turns in which an earlier packing laid a piece.
+void AddEarlierTurns(const SFreePacking& start, int nPiece, bool bMirrored, STurnsToTry& turns) {
+    for (const SFreePlacement& placement : start.m_Placed) {
+        if (placement.m_nPiece != nPiece || placement.m_bMirrored != bMirrored ||
+            !std::isfinite(placement.m_Degrees)) {
+            continue;
+        }
+        const STurnsToTry absolute{placement.m_Degrees, {}};
+        const double step = absolute.DegreesOf(-turns.m_Base);
+        if (std::find(turns.m_Steps.begin(), turns.m_Steps.end(), step) == turns.m_Steps.end()) {
+            turns.m_Steps.push_back(step);
+        }
+    }
+}
+
+}  // namespace
+
+CPackProblem::CPackProblem(std::span<const SPiece> pieces, const SFreeStrip& strip, bool bUseHoles,
+                           const SFreePacking* pStart)
+    : m_Pieces(pieces),
+      m_Strip(strip),
+      m_Grid(GridFor(strip.m_Width)),
+      m_GridStrip(OnGrid(strip, m_Grid)),
+      m_Slack(static_cast<double>(m_GridStrip.m_nWidth) * 0x1p-22) {
+    for (size_t nPiece = 0; nPiece < pieces.size(); ++nPiece) {
+        AddPiece(nPiece, bUseHoles, pStart);
+    }
+}
+
+void CPackProblem::AddPiece(size_t nPiece, bool bUseHoles, const SFreePacking* pStart) {
+    const SPiece& piece = m_Pieces[nPiece];
+    m_VersionsOf.emplace_back();
+    m_Areas.push_back(0.0);
+    if (piece.m_nQuantity <= 0) {
+        return;
+    }
+    AddVersions(nPiece, false, bUseHoles, pStart);
+    if (piece.m_bMirrored) {
+        AddVersions(nPiece, true, bUseHoles, pStart);
+    }
+    // On the grid, so that it does not depend on where the piece was drawn.
+    m_Areas[nPiece] = GridAreaOf(Cleaned(OnGrid(piece.m_Shape, m_Grid)));
+    m_Items.insert(m_Items.end(), static_cast<size_t>(piece.m_nQuantity), nPiece);
+    m_TotalArea += m_Areas[nPiece] * piece.m_nQuantity;
+}
+
+void CPackProblem::AddVersions(size_t nPiece, bool bMirrored, bool bUseHoles, const SFreePacking* pStart) {
+    const SPiece& piece = m_Pieces[nPiece];
+    SGridShape drawn = OnGrid(piece.m_Shape, m_Grid);
+    if (!bUseHoles) {
+        drawn.m_Holes.clear();
+    }
+    const SGridPoint middle = MiddleOf(BoxOf(drawn.m_Outline));
+    const int64_t nRoom = m_GridStrip.m_nWidth - 2 * m_GridStrip.m_nMargin;
+    STurnsToTry turns = FindTurnsToTry(piece, bMirrored, m_Grid, nRoom);
+    if (pStart != nullptr && piece.m_Turns.m_bAny) {
+        AddEarlierTurns(*pStart, static_cast<int>(nPiece), bMirrored, turns);
+    }
+    SGridShape figure = Cleaned(nestrix::Laid(drawn, turns.m_Base, bMirrored));
+    Move(figure, Negative(Laid(middle, turns.m_Base, bMirrored)));
+    const size_t nFigure = FindFigure(figure);
+    for (const double step : turns.m_Steps) {
+        const double degrees = turns.DegreesOf(step);
+        const SGridShape laid = nestrix::Laid(drawn, degrees, bMirrored);
+        if (!certify::IsSound(laid)) {
+            continue;  // where it touches itself, rounding has put it across itself
+        }
+        SVersion version{
+            nFigure, FindTurn(step), bMirrored, degrees, Cleaned(laid), Laid(middle, degrees, bMirrored), {}};
+        Move(version.m_Shape, Negative(version.m_Reference));
+        version.m_Box = BoxOf(version.m_Shape.m_Outline);
+        if (version.m_Box.Width() <= nRoom) {
+            AddVersion(nPiece, std::move(version),
+                       IsUsedBy(pStart, static_cast<int>(nPiece), degrees, bMirrored));
+        }
+    }
+}
+
+void CPackProblem::AddVersion(size_t nPiece, SVersion version, bool bInAnyCase) {
+    std::vector<size_t>& versions = m_VersionsOf[nPiece];
+    const bool bKnown = !bInAnyCase && std::any_of(versions.begin(), versions.end(), [&](size_t nVersion) {
+        return LookTheSame(m_Versions[nVersion], version);
+    });
+    if (!bKnown) {
+        versions.push_back(m_Versions.size());
+        m_Versions.push_back(std::move(version));
+    }
+}
+
+size_t CPackProblem::FindFigure(const SGridShape& shape) {
+    const auto isSame = [&](const SFigure& figure) {
+        return figure.m_Shape.m_Outline == shape.m_Outline && figure.m_Shape.m_Holes == shape.m_Holes;
+    };
+    const auto found = std::find_if(m_Figures.begin(), m_Figures.end(), isSame);
+    if (found == m_Figures.end()) {
+        const double area = GridAreaOf(shape);
+        m_Figures.push_back({shape, PartsFor(shape, area), area});
+        return m_Figures.size() - 1;
+    }
+    return static_cast<size_t>(found - m_Figures.begin());
+}
+
+size_t CPackProblem::FindTurn(double degrees) {
+    const auto found = std::find(m_Turns.begin(), m_Turns.end(), degrees);
+    if (found == m_Turns.end()) {
+        m_Turns.push_back(degrees);
+        return m_Turns.size() - 1;
+    }
+    return static_cast<size_t>(found - m_Turns.begin());
+}
+
+std::optional<size_t> CPackProblem::FindVersion(size_t nPiece, double degrees, bool bMirrored) const {
+    const double normalised = NormalisedTurn(degrees);
+    for (const size_t nVersion : m_VersionsOf[nPiece]) {
+        if (m_Versions[nVersion].m_Degrees == normalised && m_Versions[nVersion].m_bMirrored == bMirrored) {
+            return nVersion;
+        }
+    }
+    return std::nullopt;
+}
+
+int64_t CPackProblem::LeastHeight() const {
+    const double width = static_cast<double>(m_GridStrip.m_nWidth - 2 * m_GridStrip.m_nMargin);
+    double area = 0.0;
+    int64_t nTallest = 0;
+    for (const size_t nPiece : m_Items) {
+        int64_t nLowest = std::numeric_limits<int64_t>::max();
+        for (const size_t nVersion : m_VersionsOf[nPiece]) {
+            nLowest = std::min(nLowest, m_Versions[nVersion].m_Box.Height());
+        }
+        nTallest = std::max(nTallest, nLowest);
+        area += m_Figures[m_Versions[m_VersionsOf[nPiece].front()].m_nFigure].m_Area;
+    }
+    return m_GridStrip.m_nMargin + std::max(nTallest, static_cast<int64_t>(area / width));
+}
+
+SFreePlacement CPackProblem::PlacementOf(size_t nItem, size_t nVersion, SGridPoint at) const {
+    const SVersion& version = m_Versions[nVersion];
+    return {static_cast<int>(m_Items[nItem]), version.m_bMirrored, version.m_Degrees,
+            at - version.m_Reference};
+}
+
+SFreePacking CPackProblem::PackingOf(std::span<const SFreePlacement> placed) const {
+    SFreePacking packing{m_Strip, m_Grid, {placed.begin(), placed.end()}, 0};
+    packing.m_nHeight = HeightOf(PlacedShapes(m_Pieces, packing));
+    return packing;
+}
+
+}  // namespace nestrix

@@ -1,0 +1,117 @@
+#include "nest/GridGeometry.h"
+
+#include <vector>
+
+namespace nestrix {
+
+namespace {
+
+struct SGridEdge {
+    SGridPoint m_From;
+    SGridPoint m_To;
+
+    [[nodiscard]] int64_t Left() const { return std::min(m_From.m_nX, m_To.m_nX); }
+    [[nodiscard]] int64_t Right() const { return std::max(m_From.m_nX, m_To.m_nX); }
+};
+
+int SignOf(CInt128 value) {
+    return (value > 0 ? 1 : 0) - (value < 0 ? 1 : 0);
+}
+
+void AppendEdges(const CGridRing& ring, std::vector<SGridEdge>& edges) {
+    for (size_t i = 0; i < ring.size(); ++i) {
+        edges.push_back({ring[i], ring[(i + 1) % ring.size()]});
+    }
+}
+
+/// For edges on one line: whether they run in the same direction and share more than a point.
+bool RunOverEachOther(const SGridEdge& a, const SGridEdge& b) {
+    const SGridPoint along = a.m_To - a.m_From;
+    const auto Along = [&](SGridPoint point) {
+        return static_cast<CInt128>(point.m_nX - a.m_From.m_nX) * along.m_nX +
+               static_cast<CInt128>(point.m_nY - a.m_From.m_nY) * along.m_nY;
+    };
+    return Along(b.m_To) > Along(b.m_From) && Along(b.m_To) > 0 && Along(b.m_From) < Along(a.m_To);
+}
+
+bool Cross(const SGridEdge& a, const SGridEdge& b) {
+    const int nFrom = SignOf(Turn(a.m_From, a.m_To, b.m_From));
+    const int nTo = SignOf(Turn(a.m_From, a.m_To, b.m_To));
+    if (nFrom == 0 && nTo == 0) {
+        return RunOverEachOther(a, b);
+    }
+    return nFrom * nTo < 0 &&
+           SignOf(Turn(b.m_From, b.m_To, a.m_From)) * SignOf(Turn(b.m_From, b.m_To, a.m_To)) < 0;
+}
+
+}  // namespace
+
+CInt128 TwiceArea(std::span<const SGridPoint> ring) {
+    CInt128 area = 0;
+    for (size_t i = 1; i + 1 < ring.size(); ++i) {
+        area += Turn(ring[0], ring[i], ring[i + 1]);
+    }
+    return area;
+}
+
+CGridRing Cleaned(std::span<const SGridPoint> ring, bool bCounterClockwise) {
+    CGridRing clean;
+    const auto DropNeedless = [&clean](SGridPoint next) {
+        while (!clean.empty() &&
+               (clean.back() == next ||
+                (clean.size() >= 2 && Turn(clean[clean.size() - 2], clean.back(), next) == 0))) {
+            clean.pop_back();
+        }
+    };
+    for (const SGridPoint point : ring) {
+        DropNeedless(point);
+        clean.push_back(point);
+    }
+    // The same where the ring closes.
+    for (bool bChanged = true; bChanged && clean.size() >= 3;) {
+        const size_t nBefore = clean.size();
+        const SGridPoint first = clean.front();
+        DropNeedless(first);
+        if (clean.size() >= 3 && Turn(clean.back(), clean[0], clean[1]) == 0) {
+            clean.erase(clean.begin());
+        }
+        bChanged = clean.size() != nBefore;
+    }
+    if (clean.size() < 3) {
+        return {};
+    }
+    if ((TwiceArea(clean) > 0) != bCounterClockwise) {
+        std::reverse(clean.begin(), clean.end());
+    }
+    return clean;
+}
+
+SGridShape Cleaned(const SGridShape& shape) {
+    SGridShape clean{Cleaned(shape.m_Outline, true), {}};
+    for (const CGridRing& hole : shape.m_Holes) {
+        if (CGridRing ring = Cleaned(hole, false); !ring.empty()) {
+            clean.m_Holes.push_back(std::move(ring));
+        }
+    }
+    return clean;
+}
+
+bool CrossesItself(const SGridShape& shape) {
+    std::vector<SGridEdge> edges;
+    AppendEdges(shape.m_Outline, edges);
+    for (const CGridRing& hole : shape.m_Holes) {
+        AppendEdges(hole, edges);
+    }
+    std::sort(edges.begin(), edges.end(),
+              [](const SGridEdge& a, const SGridEdge& b) { return a.Left() < b.Left(); });
+    for (size_t i = 0; i < edges.size(); ++i) {
+        for (size_t k = i + 1; k < edges.size() && edges[k].Left() <= edges[i].Right(); ++k) {
+            if (Cross(edges[i], edges[k])) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+}  // namespace nestrix

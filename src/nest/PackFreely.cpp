@@ -1,0 +1,116 @@
+#include "nest/PackFreely.h"
+
+#include <algorithm>
+#include <exception>
+#include <memory>
+#include <thread>
+
+#include "nest/CPackWorker.h"
+#include "nest/FirstPacking.h"
+
+namespace nestrix {
+
+namespace {
+
+/// One search: what its workers share, and the workers.
+class CPackSearch {
+public:
+    CPackSearch(const CPackProblem& problem, const SPackSettings& settings, CIncumbent& incumbent)
+        : m_Problem(problem),
+          m_Incumbent(incumbent),
+          m_nWorkers(static_cast<size_t>(std::max(settings.m_nThreads, 1))),
+          m_Exchange(m_nWorkers),
+          m_Limit(m_nWorkers, StepsOfEach(settings.m_Limits), [&incumbent] { return incumbent.IsToEnd(); }) {
+        if (CFieldTable::FitsAll(problem)) {
+            m_pSharedFields = std::make_unique<CFieldTable>(problem);
+        }
+        m_nSeed = settings.m_nSeed;
+    }
+
+    /// @return the best packing of all workers.
+    SFreePacking Run(const std::vector<SFreePlacement>& first) {
+        m_Results.resize(m_nWorkers);
+        {
+            std::vector<std::jthread> threads;
+            for (size_t i = 1; i < m_nWorkers; ++i) {
+                threads.emplace_back([this, i, &first] { Work(i, first); });
+            }
+            Work(0, first);
+        }
+        if (m_Fault) {
+            std::rethrow_exception(m_Fault);
+        }
+        return *std::min_element(
+            m_Results.begin(), m_Results.end(),
+            [](const SFreePacking& a, const SFreePacking& b) { return a.m_nHeight < b.m_nHeight; });
+    }
+
+    /// How many steps all workers have taken together.
+    [[nodiscard]] uint64_t Steps() const { return m_Limit.Steps() * m_nWorkers; }
+
+private:
+    [[nodiscard]] uint64_t StepsOfEach(const SPackLimits& limits) const {
+        return limits.m_nSteps ? (*limits.m_nSteps + m_nWorkers - 1) / m_nWorkers : CStepLimit::NEVER;
+    }
+
+    void Work(size_t nWorker, const std::vector<SFreePlacement>& first) {
+        try {
+            std::unique_ptr<CFieldTable> pOwnFields;
+            if (!m_pSharedFields) {
+                pOwnFields = std::make_unique<CFieldTable>(m_Problem);
+            }
+            CPackWorker worker(m_Problem, m_pSharedFields ? *m_pSharedFields : *pOwnFields, first,
+                               m_Incumbent, m_Exchange, m_Limit, nWorker, m_nSeed * m_nWorkers + nWorker);
+            worker.Run();
+            m_Results[nWorker] = worker.Best();
+        } catch (...) {  // memory that is not there: the others end, too, and the caller hears of it
+            m_Limit.End();
+            m_Exchange.Leave();
+            const std::lock_guard lock(m_FaultMutex);
+            m_Fault = std::current_exception();
+        }
+    }
+
+    const CPackProblem& m_Problem;
+    CIncumbent& m_Incumbent;
+    size_t m_nWorkers;
+    uint64_t m_nSeed = 0;
+    std::unique_ptr<CFieldTable> m_pSharedFields;
+    CExchange m_Exchange;
+    CStepLimit m_Limit;
+    std::vector<SFreePacking> m_Results;  ///< each written by one worker
+    std::mutex m_FaultMutex;
+    std::exception_ptr m_Fault;
+};
+
+}  // namespace
+
+SPackResult PackFreely(std::span<const SPiece> pieces, const SFreeStrip& strip, const SPackSettings& settings,
+                       CPackSink& sink) {
+    SPackResult result;
+    result.m_Unfit = FindUnfitPieces(pieces, strip);
+    if (!result.m_Unfit.empty()) {
+        result.m_eEnd = EPackEnd::UNFIT;
+        return result;
+    }
+    const CPackProblem problem(pieces, strip, settings.m_bUseHoles, settings.m_pStart);
+    CIncumbent incumbent(problem, settings.m_Limits, sink);
+    // By its box, in its lowest turn, a single piece lies as low as it can, wherever it lay earlier.
+    const bool bSearch = problem.Items().size() >= 2;
+    const std::vector<SFreePlacement> first =
+        FindFirstPacking(problem, bSearch ? settings.m_pStart : nullptr);
+    result.m_Packing = problem.PackingOf(first);
+    (void)incumbent.Offer(*result.m_Packing, 0);
+    if (!bSearch || result.m_Packing->m_nHeight <= problem.LeastHeight()) {
+        result.m_eEnd = EPackEnd::NOTHING_TO_GAIN;
+    } else {
+        CPackSearch search(problem, settings, incumbent);
+        result.m_Packing = search.Run(first);
+        result.m_nSteps = search.Steps();
+        result.m_eEnd = incumbent.Reason();
+    }
+    result.m_Seconds = incumbent.Seconds();
+    return result;
+}
+
+}  // namespace nestrix

@@ -1,0 +1,117 @@
+#include "nest/TurnsToTry.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "nest/GridGeometry.h"
+
+namespace nestrix {
+
+namespace {
+
+/// Where a piece may be turned by any angle, these steps are tried, in degrees.
+constexpr double STEP_OF_ANY = 15.0;
+
+/// Angles are written down in millionths of a degree, so that no library's last bit shows.
+double Rounded(double degrees) {
+    return std::round(degrees * 1e6) / 1e6;
+}
+
+/// The convex hull, counter-clockwise (Andrew's monotone chain, 1979).
+CGridRing HullOf(CGridRing points) {
+    std::sort(points.begin(), points.end());
+    CGridRing hull;
+    for (int nSide = 0; nSide < 2; ++nSide) {
+        const size_t nFirst = hull.size();
+        for (const SGridPoint point : points) {
+            while (hull.size() >= nFirst + 2 && Turn(hull[hull.size() - 2], hull.back(), point) <= 0) {
+                hull.pop_back();
+            }
+            hull.push_back(point);
+        }
+        hull.pop_back();
+        std::reverse(points.begin(), points.end());
+    }
+    return hull;
+}
+
+/// The turn that lays the edge from a to b along the floor, to the right.
+double LevelTurnOf(SGridPoint a, SGridPoint b) {
+    constexpr double DEGREES_IN_A_RADIAN = 57.29577951308232;
+    const double x = static_cast<double>(b.m_nX - a.m_nX);
+    const double y = static_cast<double>(b.m_nY - a.m_nY);
+    return -Rounded(std::atan2(y, x) * DEGREES_IN_A_RADIAN);
+}
+
+double LengthOf(SGridPoint a, SGridPoint b) {
+    return std::hypot(static_cast<double>(b.m_nX - a.m_nX), static_cast<double>(b.m_nY - a.m_nY));
+}
+
+double TurnOfLongestSide(const CGridRing& hull) {
+    double longest = 0.0;
+    double turn = 0.0;
+    for (size_t i = 0; i < hull.size(); ++i) {
+        const SGridPoint a = hull[i];
+        const SGridPoint b = hull[(i + 1) % hull.size()];
+        if (LengthOf(a, b) > longest) {
+            longest = LengthOf(a, b);
+            turn = LevelTurnOf(a, b);
+        }
+    }
+    return turn;
+}
+
+/// A hull is narrowest across one of its sides (Freeman and Shapira 1975): that side goes along a wall.
+double NarrowestTurn(const SGridShape& shape, const CGridRing& hull) {
+    int64_t nNarrowest = std::numeric_limits<int64_t>::max();
+    double narrowest = 0.0;
+    for (size_t i = 0; i < hull.size(); ++i) {
+        const double turn = LevelTurnOf(hull[i], hull[(i + 1) % hull.size()]) + 90.0;
+        const int64_t nWidth = BoxOf(Laid(shape, turn, false).m_Outline).Width();
+        if (nWidth < nNarrowest) {
+            nNarrowest = nWidth;
+            narrowest = turn;
+        }
+    }
+    return narrowest;
+}
+
+}  // namespace
+
+double NormalisedTurn(double degrees) {
+    const double rest = std::fmod(degrees, 360.0);
+    return rest < 0.0 ? rest + 360.0 : rest + 0.0;
+}
+
+double STurnsToTry::DegreesOf(double step) const {
+    // What is listed stays as it is.
+    return m_Base == 0.0 ? NormalisedTurn(step) : NormalisedTurn(Rounded(NormalisedTurn(m_Base + step)));
+}
+
+STurnsToTry FindTurnsToTry(const SPiece& piece, bool bMirrored, const SGrid& grid, int64_t nRoom) {
+    STurnsToTry turns;
+    if (!piece.m_Turns.m_bAny) {
+        for (const double degrees : piece.m_Turns.m_Degrees) {
+            turns.m_Steps.push_back(NormalisedTurn(degrees));
+        }
+        std::sort(turns.m_Steps.begin(), turns.m_Steps.end());
+        turns.m_Steps.erase(std::unique(turns.m_Steps.begin(), turns.m_Steps.end()), turns.m_Steps.end());
+        return turns;
+    }
+    for (double step = 0.0; step < 360.0; step += STEP_OF_ANY) {
+        turns.m_Steps.push_back(step);
+    }
+    const SGridShape shape = Laid(OnGrid(piece.m_Shape, grid), 0.0, bMirrored);
+    const CGridRing hull = HullOf(shape.m_Outline);
+    turns.m_Base = TurnOfLongestSide(hull);
+    const bool bFits = std::any_of(turns.m_Steps.begin(), turns.m_Steps.end(), [&](double step) {
+        return BoxOf(Laid(shape, turns.m_Base + step, false).m_Outline).Width() <= nRoom;
+    });
+    if (!bFits) {
+        turns.m_Base = NarrowestTurn(shape, hull);
+    }
+    return turns;
+}
+
+}  // namespace nestrix

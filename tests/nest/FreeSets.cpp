@@ -1,0 +1,54 @@
+#include "tests/nest/FreeSets.h"
+
+#include <utility>
+
+#include "certify/Certify.h"
+#include "tests/support/FreePieces.h"
+
+namespace nestrix::support {
+
+SPiece Copies(SPiece piece, int nQuantity, std::vector<double> degrees) {
+    piece.m_nQuantity = nQuantity;
+    piece.m_Turns.m_Degrees = std::move(degrees);
+    return piece;
+}
+
+SPiece Box(double width, double height) {
+    return PieceOf(RectangleRing(0, 0, width, height));
+}
+
+SPiece RightTriangle(double width, double height) {
+    return PieceOf({{0, 0}, {width, 0}, {0, height}});
+}
+
+SPiece LetterL(double side) {
+    return PieceOf({{0, 0}, {side, 0}, {side, side / 3}, {side / 3, side / 3}, {side / 3, side}, {0, side}});
+}
+
+SPiece Frame(double side, double holeSide) {
+    const double border = (side - holeSide) / 2;
+    return PieceOf(RectangleRing(0, 0, side, side), {RectangleRing(border, border, holeSide, holeSide)});
+}
+
+std::vector<SPiece> MixedSet() {
+    const std::vector<double> quarters{0.0, 90.0, 180.0, 270.0};
+    return {Copies(LetterL(24), 5, quarters), Copies(RightTriangle(20, 15), 6, quarters),
+            Copies(Frame(30, 14), 2, {0.0}), Copies(RegularPiece(7, 6.0), 3, {0.0, 180.0})};
+}
+
+std::vector<SPiece> RandomBoxes(CSeededRandom& random, int nPieces, int nMost) {
+    std::vector<SPiece> pieces;
+    for (int i = 0; i < nPieces; ++i) {
+        const int nWidth = random.Range(1, nMost);
+        const SPiece box = Box(nWidth, random.Range(1, nMost));
+        pieces.push_back(random.Percent(50) ? Copies(box, random.Range(1, 3), {0.0, 90.0}) : box);
+    }
+    return pieces;
+}
+
+std::string FaultOf(std::span<const SPiece> pieces, const SFreePacking& packing) {
+    const SCertificate certificate = Certify(pieces, packing);
+    return certificate.IsValid() ? "" : InWords(certificate.m_Violations.front());
+}
+
+}  // namespace nestrix::support

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "packing/SFreePacking.h"
+#include "tests/support/CSeededRandom.h"
+
+namespace nestrix::support {
+
+/// Copies of a piece that may be laid in these turns.
+[[nodiscard]] SPiece Copies(SPiece piece, int nQuantity, std::vector<double> degrees = {0.0});
+
+/// A piece whose bounding box has these sides.
+[[nodiscard]] SPiece Box(double width, double height);
+[[nodiscard]] SPiece RightTriangle(double width, double height);
+[[nodiscard]] SPiece LetterL(double side);
+/// A square with a square hole in its middle.
+[[nodiscard]] SPiece Frame(double side, double holeSide);
+
+/// Sixteen copies of four pieces, convex and not, with a hole, turned by quarters; up to 30 wide.
+[[nodiscard]] std::vector<SPiece> MixedSet();
+
+/// Boxes of 1 to nMost in whole units, some in several copies and turns.
+[[nodiscard]] std::vector<SPiece> RandomBoxes(CSeededRandom& random, int nPieces, int nMost);
+
+/// What is wrong with a packing, in words, or nothing.
+[[nodiscard]] std::string FaultOf(std::span<const SPiece> pieces, const SFreePacking& packing);
+
+}  // namespace nestrix::support
