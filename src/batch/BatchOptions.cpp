@@ -1,18 +1,15 @@
 #include "batch/BatchOptions.h"
 
-#include <CLI/CLI.hpp>
-#include <charconv>
 #include <limits>
 #include <utility>
+
+#include "batch/OptionValues.h"
 
 namespace nestrix {
 
 namespace {
 
-constexpr uint64_t MOST_CHROMOSOMES = 1'000'000;
-
-char const* const DESCRIPTION =
-    "Searches for the drop order and offsets that pack polygons lowest into a strip 400 units wide.";
+char const* const DESCRIPTION = "Packs polygons into a strip, as low as it can.";
 
 char const* const FOOTER =
     "Ctrl-C (or SIGTERM, or SIGHUP) ends the search at once, and the best packing so far is the result: it "
@@ -20,61 +17,58 @@ char const* const FOOTER =
     "printed and drawn as usual, and the exit status is 0. Before there is a packing, the status is 1.\n"
     "\n"
     "Exit status: 0 done; 1 the result could not be made, printed or written;\n"
-    "2 bad options or polygon files.";
+    "2 bad options, polygon files, or pieces that cannot be packed.";
 
-/// A whole number in decimal digits. The library alone would take 010 for 8, and nothing for no option.
-CLI::Validator WholeNumber(uint64_t nLeast, uint64_t nMost) {
-    return CLI::Validator(
-        [nLeast, nMost](std::string& text) {
-            uint64_t nNumber = 0;
-            const auto [pEnd, error] = std::from_chars(text.data(), text.data() + text.size(), nNumber);
-            if (error != std::errc() || pEnd != text.data() + text.size() || nNumber < nLeast ||
-                nNumber > nMost) {
-                return "'" + text + "' is not a whole number from " + std::to_string(nLeast) + " to " +
-                       std::to_string(nMost);
-            }
-            text = std::to_string(nNumber);
-            return std::string();
-        },
-        "");
-}
-
-/// Not CLI::Range, which lets through what is not a number.
-std::string CheckProbability(const std::string& text) {
-    double probability = 0.0;
-    const bool bNumber = CLI::detail::lexical_cast(text, probability);
-    return bNumber && probability >= 0.0 && probability <= 1.0 ? "" : "'" + text + "' is not between 0 and 1";
-}
+char const* const FREE_GROUP = "With --method free";
+char const* const DROP_GROUP = "With --method drop";
+constexpr size_t COLUMN_OF_DESCRIPTIONS = 28;
 
 /// An empty name is what a script passes whose variable is not set.
 std::string CheckFileName(const std::string& text) {
     return text.empty() ? "a file name is missing" : "";
 }
 
+std::optional<EMethod> ReadMethod(std::string_view text) {
+    if (text == "free") {
+        return EMethod::FREE;
+    }
+    return text == "drop" ? std::optional(EMethod::DROP) : std::nullopt;
+}
+
+constexpr SValueKind<EMethod> METHOD{ReadMethod, "one of the methods: free, drop"};
+
 void Describe(CLI::App& app, SBatchOptions& options) {
     app.footer(FOOTER);
+    app.get_formatter()->column_width(COLUMN_OF_DESCRIPTIONS);
     app.add_option("PATH", options.m_Paths, "\".pol\" files, or folders whose *.pol files are taken by name")
         ->required()
         ->type_name("");
-    app.add_option("--population", options.m_nPopulation, "chromosomes in each generation")
-        ->transform(WholeNumber(1, MOST_CHROMOSOMES))
-        ->type_name("N")
-        ->capture_default_str();
-    app.add_option("--generations", options.m_nGenerations, "generations bred after the first")
-        ->transform(WholeNumber(0, std::numeric_limits<int>::max()))
-        ->type_name("N")
-        ->capture_default_str();
-    app.add_option("--mutation", options.m_fMutation, "chance that a child is mutated, 0 to 1")
-        ->check(CheckProbability)
-        ->type_name("P")
-        ->capture_default_str();
-    app.add_option("--seed", options.m_Seed,
-                   "start of the random numbers: the same seed repeats a search (default: the clock)")
+    AddOption(app, "--method", options.m_eMethod, METHOD,
+              "free (the default): pieces anywhere, without overlap;\n"
+              "drop: the window's search, 400 units wide, whose\npieces fall from above")
+        ->type_name("NAME");
+    app.add_option("--seed", options.m_Seed, "start of the random numbers (default: the clock)")
         ->transform(WholeNumber(0, std::numeric_limits<unsigned int>::max()))
         ->type_name("S");
     app.add_option("--svg", options.m_SvgPath, "draw the best packing into this file")
         ->check(CheckFileName)
         ->type_name("FILE");
+    AddFreeOptions(app, options.m_Free, FREE_GROUP);
+    AddDropOptions(app, options.m_Drop, DROP_GROUP);
+}
+
+/// Refuses options of the method that was not chosen: they would do nothing.
+void CheckMethod(const CLI::App& app, EMethod eMethod) {
+    const std::string other = eMethod == EMethod::FREE ? DROP_GROUP : FREE_GROUP;
+    for (const CLI::Option* pOption : app.get_options()) {
+        if (pOption->count() > 0 && pOption->get_group() == other) {
+            throw CLI::ValidationError(
+                pOption->get_name(),
+                eMethod == EMethod::FREE
+                    ? "only --method drop has this option; the method is free, unless another is given"
+                    : "only --method free has this option");
+        }
+    }
 }
 
 /// The library takes an argument in brackets for a list and splits it. One more character behind the bracket
@@ -107,6 +101,7 @@ std::optional<int> ParseBatchOptions(int argc, char const* const* argv, SBatchOp
     Describe(app, options);
     try {
         app.parse(GuardBrackets(argc, argv));
+        CheckMethod(app, options.m_eMethod);
     } catch (const CLI::ParseError& error) {
         // The library has a status for each kind of error; callers need to know only whose fault it was.
         return app.exit(error) == 0 ? BATCH_DONE : BATCH_BAD_INPUT;

@@ -4,6 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "batch/DropOptions.h"
+#include "batch/FreeOptions.h"
+
 namespace nestrix {
 
 /// Exit statuses of the program.
@@ -11,14 +14,20 @@ inline constexpr int BATCH_DONE = 0;
 inline constexpr int BATCH_FAILED = 1;     ///< the result could not be made, printed or written
 inline constexpr int BATCH_BAD_INPUT = 2;  ///< the options or the polygon files are at fault
 
+/// The two ways of packing.
+enum class EMethod {
+    FREE,  ///< pieces anywhere in the strip, without overlap
+    DROP   ///< the window's search: pieces dropped one after another
+};
+
 /// What the user asked for.
 struct SBatchOptions {
     std::vector<std::string> m_Paths;  ///< polygon files, and folders of them
-    int m_nPopulation = 200;
-    int m_nGenerations = 500;
-    float m_fMutation = 0.1F;            ///< the chance that a child is mutated, 0 .. 1
+    EMethod m_eMethod = EMethod::FREE;
     std::optional<unsigned int> m_Seed;  ///< absent: seed with the clock
     std::string m_SvgPath;               ///< where to draw the best packing; empty: nowhere
+    SFreeOptions m_Free;
+    SDropOptions m_Drop;
 };
 
 /// Reads the command line.

@@ -4,8 +4,8 @@
 
 namespace nestrix {
 
-/// The whole job: checks the polygon files, searches, prints the seed and the best height after the engine's
-/// lines, and draws the best packing. Whatever goes wrong is said on standard error.
+/// The whole job: checks the polygon files, packs them by the method asked for, prints the result and draws
+/// the best packing. Whatever goes wrong is said on standard error.
 /// @return the status to exit with.
 [[nodiscard]] int RunBatch(const SBatchOptions& options);
 

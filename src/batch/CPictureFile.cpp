@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "formats/PackingSvg.h"
-
 namespace nestrix {
 
 CPictureFile::CPictureFile(const std::string& path) : m_Path(path) {
@@ -23,11 +21,7 @@ std::string CPictureFile::Fault() const {
     return m_File ? InWords(m_File->Fault()) : std::string();
 }
 
-std::string CPictureFile::Draw(std::span<const CPolygon> pieces, const SPacking& packing) {
-    if (!m_File) {
-        return {};
-    }
-    const std::string picture = DrawPackingSvg(pieces, packing);
+std::string CPictureFile::Write(const std::string& picture) {
     return picture.empty() ? "the packing is too large to draw" : InWords(m_File->Write(picture));
 }
 

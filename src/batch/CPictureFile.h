@@ -5,7 +5,6 @@
 #include <string>
 
 #include "formats/CWholeFile.h"
-#include "packing/SPacking.h"
 
 namespace nestrix {
 
@@ -25,10 +24,10 @@ public:
     /// it.
     [[nodiscard]] std::string Fault() const;
 
-    /// Draws the packing. Once.
-    /// @param pieces the set whose pieces are packed.
-    /// @return why it could not be drawn; empty on success.
-    [[nodiscard]] std::string Draw(std::span<const CPolygon> pieces, const SPacking& packing);
+    /// Writes the picture. Once.
+    /// @param picture an SVG document; empty for a packing that cannot be drawn.
+    /// @return why it could not be written; empty on success.
+    [[nodiscard]] std::string Write(const std::string& picture);
 
 private:
     [[nodiscard]] std::string InWords(const std::string& fault) const;

@@ -35,8 +35,9 @@ std::string Remark(const std::string& path, int nLine, const std::string& remark
     return path + ":" + (nLine > 0 ? std::to_string(nLine) + ": " : " ") + remark;
 }
 
-void NoteOddities(const std::string& path, const SPolygonFile& file, float fStripWidth,
-                  std::vector<std::string>& warnings) {
+/// Notes what goes wrong when the piece is dropped.
+void NoteHarm(const std::string& path, const SPolygonFile& file, float fStripWidth,
+              std::vector<std::string>& warnings) {
     const CPolygon& polygon = file.m_Polygon;
     if (TwiceSignedArea(polygon) < 0.0) {
         warnings.push_back(Remark(path, file.m_nOutlineLine,
@@ -51,6 +52,9 @@ void NoteOddities(const std::string& path, const SPolygonFile& file, float fStri
         warnings.push_back(Remark(path, file.m_nBoxLine,
                                   "the piece is wider than the strip: it will stick out on the left"));
     }
+}
+
+void NoteRest(const std::string& path, const SPolygonFile& file, std::vector<std::string>& warnings) {
     if (file.m_nRestLine > 0) {
         warnings.push_back(Remark(path, file.m_nRestLine,
                                   "what follows the bounding box is left out: a file holds one polygon"));
@@ -59,7 +63,7 @@ void NoteOddities(const std::string& path, const SPolygonFile& file, float fStri
 
 }  // namespace
 
-SPolygonInput ReadPolygonInput(std::span<const std::string> paths, float fStripWidth) {
+SPolygonInput ReadPolygonInput(std::span<const std::string> paths, std::optional<float> dropWidth) {
     SPolygonPaths found = FindPolygonFiles(paths);
     SPolygonInput input{std::move(found.m_Files), {}, std::move(found.m_Faults), {}};
     for (const std::string& path : input.m_Files) {
@@ -68,7 +72,10 @@ SPolygonInput ReadPolygonInput(std::span<const std::string> paths, float fStripW
             input.m_Faults.push_back(Remark(path, file.m_nFaultLine, file.m_Fault));
             continue;
         }
-        NoteOddities(path, file, fStripWidth, input.m_Warnings);
+        if (dropWidth) {
+            NoteHarm(path, file, *dropWidth, input.m_Warnings);
+        }
+        NoteRest(path, file, input.m_Warnings);
         input.m_Polygons.push_back(std::move(file.m_Polygon));
     }
     return input;

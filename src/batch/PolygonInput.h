@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -17,9 +18,11 @@ struct SPolygonInput {
     std::vector<std::string> m_Warnings;  ///< "path:line: reason" for what is odd about sound files
 };
 
-/// Finds and reads polygon files. Odd is an outline that runs clockwise, a bounding box that does not enclose
-/// it or is wider than the strip, and whatever follows the box.
+/// Finds and reads polygon files. Odd is whatever follows the box; and for pieces that are to be dropped, an
+/// outline that runs clockwise, a bounding box that does not enclose it or is wider than the strip.
 /// @param paths files, and folders of them: see FindPolygonFiles.
-[[nodiscard]] SPolygonInput ReadPolygonInput(std::span<const std::string> paths, float fStripWidth);
+/// @param dropWidth of the strip that they are to be dropped into; nothing where only outlines count.
+[[nodiscard]] SPolygonInput ReadPolygonInput(std::span<const std::string> paths,
+                                             std::optional<float> dropWidth);
 
 }  // namespace nestrix

@@ -10,6 +10,9 @@ namespace {
 /// Up to this size, texts and lines have their natural sizes.
 constexpr double COMMON_EXTENT = 600.0;
 
+/// So wide a strip has room for a caption of natural size.
+constexpr double LEAST_WIDTH = 200.0;
+
 }  // namespace
 
 SPictureView FindPictureView(std::span<const CPolygon> pieces, const SPacking& packing) {
@@ -27,6 +30,13 @@ SPictureView FindPictureView(std::span<const CPolygon> pieces, const SPacking& p
     return view;
 }
 
+SPictureView FindPictureView(const SFreePacking& packing) {
+    SPictureView view{0.0, packing.m_Strip.m_Width, 0.0, packing.m_Grid.Length(packing.m_nHeight), 1.0};
+    // The caption must not get wider than a narrow strip.
+    view.m_Scale = std::min(view.Extent() / COMMON_EXTENT, view.m_Right / LEAST_WIDTH);
+    return view;
+}
+
 bool IsFinite(std::span<const CPolygon> pieces, const SPacking& packing) {
     const auto isFinite = [pieces](const SPlacedPiece& placed) {
         const std::vector<CPoint>& points = pieces[static_cast<size_t>(placed.m_nPiece)].m_Points;
@@ -40,7 +50,7 @@ bool IsFinite(std::span<const CPolygon> pieces, const SPacking& packing) {
 }
 
 double FindScaleStep(double extent) {
-    const double power = std::pow(10.0, std::floor(std::log10(std::max(extent, 1.0) / 10.0)));
+    const double power = std::pow(10.0, std::floor(std::log10(extent / 10.0)));
     for (const double factor : {1.0, 2.0, 5.0}) {
         if (extent <= 10.0 * factor * power) {
             return factor * power;

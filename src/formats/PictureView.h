@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <span>
 
+#include "packing/SFreePacking.h"
 #include "packing/SPacking.h"
 
 namespace nestrix {
@@ -22,6 +23,10 @@ struct SPictureView {
 
 /// Also encloses what sticks out of the strip: pieces wider than it, and vertices outside their boxes.
 [[nodiscard]] SPictureView FindPictureView(std::span<const CPolygon> pieces, const SPacking& packing);
+
+/// The strip from the floor to the packing's height: nothing sticks out of it. Texts and lines shrink with a
+/// small or narrow strip.
+[[nodiscard]] SPictureView FindPictureView(const SFreePacking& packing);
 
 /// Whether every number of the packing is finite.
 [[nodiscard]] bool IsFinite(std::span<const CPolygon> pieces, const SPacking& packing);

@@ -58,7 +58,7 @@ TEST(CommandLine, PopulationOutsideOneToAMillionIsRefused) {
 }
 
 TEST(CommandLine, NegativeGenerationsAreRefused) {
-    ExpectRefused(RunWithBadOptions("--generations -1"), "--generations");
+    ExpectRefused(RunWithBadOptions("--method drop --generations -1"), "--generations");
 }
 
 TEST(CommandLine, MutationThatIsNoProbabilityIsRefused) {
@@ -84,7 +84,8 @@ TEST(CommandLine, NumbersThatAreNotWrittenInDecimalDigitsAreRefused) {
 }
 
 TEST(CommandLine, ZerosInFrontOfANumberDoNotMakeItOctal) {
-    const SBatchResult result = RunWithBadOptions("--population 010 --generations 008 --seed 0010");
+    const SBatchResult result =
+        RunWithBadOptions("--method drop --population 010 --generations 008 --seed 0010");
     EXPECT_EQ(result.m_nStatus, 0);
     EXPECT_EQ(result.ValueOf("Seed: "), "10");
     EXPECT_THAT(result.m_Output, HasSubstr("Generation 8 has been created with 10 many individuals"));
@@ -95,9 +96,9 @@ TEST(CommandLine, ArgumentInBracketsIsTakenWhole) {
     std::filesystem::create_directory(folder.PathOf("[set 1]"));
     (void)folder.Write("[set 1]/a.pol", SquareFile(10.0F));
     (void)folder.Write("[b,c]", SquareFile(20.0F));
-    const SBatchResult result =
-        RunBatchProgram("'[set 1]' '[b,c]' '[set 1]/a.pol' --population 3 --generations 0 --svg '[x, y]'",
-                        "cd " + folder.Path().native());
+    const SBatchResult result = RunBatchProgram(
+        "'[set 1]' '[b,c]' '[set 1]/a.pol' --method drop --population 3 --generations 0 --svg '[x, y]'",
+        "cd " + folder.Path().native());
     EXPECT_EQ(result.m_Errors, "");
     EXPECT_THAT(ReadFile(folder.PathOf("[x, y]")), HasSubstr("Packing of 3 pieces"));
     EXPECT_EQ(EntryCount(folder.Path()), 3);
@@ -109,12 +110,12 @@ TEST(CommandLine, EmptyNameForThePictureIsRefused) {
 }
 
 TEST(CommandLine, BothEndsOfTheProbabilityAreAccepted) {
-    EXPECT_EQ(RunWithBadOptions("--generations 1 --population 4 --mutation 0").m_nStatus, 0);
-    EXPECT_EQ(RunWithBadOptions("--generations 1 --population 4 --mutation 1").m_nStatus, 0);
+    EXPECT_EQ(RunWithBadOptions("--method drop --generations 1 --population 4 --mutation 0").m_nStatus, 0);
+    EXPECT_EQ(RunWithBadOptions("--method drop --generations 1 --population 4 --mutation 1").m_nStatus, 0);
 }
 
 TEST(CommandLine, GreatestSeedIsAcceptedAndPrinted) {
-    const SBatchResult result = RunWithBadOptions("--generations 0 --seed 4294967295");
+    const SBatchResult result = RunWithBadOptions("--method drop --generations 0 --seed 4294967295");
     EXPECT_EQ(result.m_nStatus, 0);
     EXPECT_EQ(result.ValueOf("Seed: "), "4294967295");
 }

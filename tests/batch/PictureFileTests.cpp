@@ -23,14 +23,16 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const std::string SHORT_SEARCH = NESTRIX_SAMPLES "/squares --population 5 --generations 1 --seed 1 --svg ";
+const std::string SHORT_SEARCH =
+    "--method drop " NESTRIX_SAMPLES "/squares --population 5 --generations 1 --seed 1 --svg ";
 
 /// No file may grow beyond one small block: what a full disk looks like to a program.
 constexpr char const* FULL_DISK = "trap '' XFSZ; ulimit -f 1";
 
 /// There is room for something, but not for a picture of many pieces.
 constexpr char const* NEARLY_FULL_DISK = "trap '' XFSZ; ulimit -f 16";
-const std::string LARGE_PICTURE = NESTRIX_SAMPLES "/large --population 2 --generations 0 --seed 1 --svg ";
+const std::string LARGE_PICTURE =
+    "--method drop " NESTRIX_SAMPLES "/large --population 2 --generations 0 --seed 1 --svg ";
 
 }  // namespace
 
@@ -62,10 +64,10 @@ TEST(PictureFile, ReachesTheReaderOfAPipeAfterTheSearch) {
     const std::string got = folder.PathOf("got.svg");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     // Opened for both first, so that the reader is there when the program begins.
-    const SBatchResult result =
-        RunBatchProgram(NESTRIX_SAMPLES "/squares --population 20 --generations 5 --seed 7 --svg " + pipe +
-                            "; exec 3>&-; wait",
-                        "exec 3<>" + pipe + "; cat <" + pipe + " >" + got + " 3>&- & ");
+    const SBatchResult result = RunBatchProgram(
+        "--method drop " NESTRIX_SAMPLES "/squares --population 20 --generations 5 --seed 7 --svg " + pipe +
+            "; exec 3>&-; wait",
+        "exec 3<>" + pipe + "; cat <" + pipe + " >" + got + " 3>&- & ");
     EXPECT_EQ(result.m_Errors, "");
     EXPECT_EQ(ReadFile(got), ReadFile("golden/squares.svg"));
 }
@@ -78,10 +80,10 @@ TEST(PictureFile, GetsNoLinesWhereStandardOutputAndErrorAreClosed) {
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     for (char const* const pClosed : {">&-", "2>&-", "<&- >&- 2>&-"}) {
         // Stopped, so that there is something to be said on standard error meanwhile.
-        (void)RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 1000000000 --seed 7 --svg " + pipe +
-                                  " " + pClosed +
-                                  " & p=$!; sleep 0.5; kill -TERM $p; wait $p; exec 3>&-; wait",
-                              "exec 3<>" + pipe + "; cat <" + pipe + " >" + got + " 3>&- & ");
+        (void)RunBatchProgram(
+            "--method drop " NESTRIX_SAMPLES "/squares --generations 1000000000 --seed 7 --svg " + pipe +
+                " " + pClosed + " & p=$!; sleep 0.5; kill -TERM $p; wait $p; exec 3>&-; wait",
+            "exec 3<>" + pipe + "; cat <" + pipe + " >" + got + " 3>&- & ");
         EXPECT_TRUE(ReadFile(got).starts_with("<?xml")) << pClosed;
         EXPECT_TRUE(ReadFile(got).ends_with("</svg>\n")) << pClosed;
         EXPECT_EQ(CountOf("stopped", ReadFile(got)), 0) << pClosed;
@@ -95,7 +97,7 @@ TEST(PictureFile, IsWaitedForWhereThePipesReaderIsSlow) {
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     // More than fits into a pipe.
     const SBatchResult result =
-        RunBatchProgram(Repeated(NESTRIX_SAMPLES "/large", 4) +
+        RunBatchProgram("--method drop " + Repeated(NESTRIX_SAMPLES "/large", 4) +
                             "--population 2 --generations 0 --seed 1 --svg " + pipe + "; exec 3>&-; wait",
                         "exec 3<>" + pipe + "; (sleep 1; cat) <" + pipe + " >" + got + " 3>&- & ");
     EXPECT_EQ(result.m_Errors, "");
@@ -152,7 +154,8 @@ TEST(PictureFile, InPlaceOfOneOfItsPolygonsIsRefused) {
 TEST(PictureFile, ThatIsStandardOutputsFileFollowsTheLines) {
     const CTemporaryFolder folder;
     const std::string path = folder.PathOf("all");
-    const std::string search = NESTRIX_SAMPLES "/squares --population 20 --generations 5 --seed 7 --svg ";
+    const std::string search =
+        "--method drop " NESTRIX_SAMPLES "/squares --population 20 --generations 5 --seed 7 --svg ";
     fs::create_symlink("/proc/self/fd/1", folder.PathOf("stdout"));
     EXPECT_EQ(RunBatchProgram(search + folder.PathOf("stdout") + " >" + path).m_nStatus, 0);
     EXPECT_EQ(ReadFile(path), ReadFile("golden/squares.txt") + ReadFile("golden/squares.svg"));

@@ -92,10 +92,10 @@ TEST(PolygonFiles, AreOpenedOnce) {
     const std::string square = folder.Write("a.pol", SquareFile(10.0F));
     const std::string unsound = folder.Write("b.pol", "3\n0,0\n");
     const COpenings sound(square);
-    EXPECT_EQ(RunBatchProgram(square + " --population 2 --generations 1").m_nStatus, 0);
+    EXPECT_EQ(RunBatchProgram(square + " --method drop --population 2 --generations 1").m_nStatus, 0);
     EXPECT_EQ(sound.Count(), 1);
     const COpenings faulty(unsound);
-    EXPECT_EQ(RunBatchProgram(folder.Path().native() + " --population 2").m_nStatus, 2);
+    EXPECT_EQ(RunBatchProgram(folder.Path().native() + " --method drop --population 2").m_nStatus, 2);
     EXPECT_EQ(faulty.Count(), 1);
 }
 
@@ -103,7 +103,7 @@ TEST(PolygonFiles, AreSearchedInTheOrderOfTheirNames) {
     const CTemporaryFolder named;
     (void)named.Write("1.pol", SquareFile(50.0F));
     (void)named.Write("2.pol", SquareFile(20.0F));
-    const std::string options = " --population 5 --generations 2 --seed 3";
+    const std::string options = " --method drop --population 5 --generations 2 --seed 3";
     const SBatchResult asFolder = RunBatchProgram(named.Path().native() + options);
     const SBatchResult asFiles =
         RunBatchProgram(named.PathOf("1.pol") + " " + named.PathOf("2.pol") + options);
@@ -215,7 +215,7 @@ TEST(OddFile, WithMoreThanOnePolygonIsNamed) {
 TEST(OddFiles, AreNamedOnStandardErrorAndPacked) {
     const CTemporaryFolder folder;
     const std::string clockwise = folder.Write("a.pol", "3\n0,0\n0,9\n9,0\n;9,9\n0,0");
-    const std::string options = " --population 4 --generations 2 --seed 1";
+    const std::string options = " --method drop --population 4 --generations 2 --seed 1";
     const SBatchResult result = RunBatchProgram(clockwise + " " + NESTRIX_SAMPLES "/squares" + options);
     EXPECT_EQ(result.m_nStatus, 0);
     EXPECT_NE(result.ValueOf("Best height: "), "");

@@ -77,7 +77,7 @@ TEST_P(SampleTable, StatesTheSetsFigures) {
 }
 
 TEST_P(SampleTable, StatesTheHeightThatTheCommandFinds) {
-    const SBatchResult result = RunBatchProgram(NESTRIX_SAMPLES "/" + GetParam() + " --seed 1");
+    const SBatchResult result = RunBatchProgram(NESTRIX_SAMPLES "/" + GetParam() + " --method drop --seed 1");
     ASSERT_EQ(result.m_nStatus, 0);
     EXPECT_EQ(ReadRow(GetParam()).m_Found, Rounded(std::stod(result.ValueOf("Best height: ")), 2));
 }

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "batch/CPictureFile.h"
+#include "formats/PackingSvg.h"
 #include "tests/batch/BatchProgram.h"
 #include "tests/support/CCommaLocale.h"
 #include "tests/support/CTemporaryFolder.h"
@@ -22,7 +23,8 @@ using testing::Not;
 
 namespace {
 
-const std::string SMALL_SEARCH = NESTRIX_SAMPLES "/squares --population 20 --generations 5 --seed 7";
+const std::string SMALL_SEARCH =
+    "--method drop " NESTRIX_SAMPLES "/squares --population 20 --generations 5 --seed 7";
 
 /// The shell commands that switch to a decimal comma.
 std::string SwitchToDecimalComma() {
@@ -42,7 +44,8 @@ TEST(SmallSearch, PrintsAndDrawsWhatItAlwaysHas) {
 
 TEST(SmallSearch, RepeatsItselfWithTheSameSeed) {
     const CTemporaryFolder folder;
-    const std::string search = NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed 11 --svg ";
+    const std::string search =
+        "--method drop " NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed 11 --svg ";
     const SBatchResult first = RunBatchProgram(search + folder.PathOf("first.svg"));
     const SBatchResult second = RunBatchProgram(search + folder.PathOf("second.svg"));
     EXPECT_EQ(first.m_nStatus, 0);
@@ -51,25 +54,27 @@ TEST(SmallSearch, RepeatsItselfWithTheSameSeed) {
 }
 
 TEST(SmallSearch, DiffersWithAnotherSeed) {
-    const std::string search = NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed ";
+    const std::string search =
+        "--method drop " NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed ";
     EXPECT_NE(RunBatchProgram(search + "11").m_Output, RunBatchProgram(search + "12").m_Output);
 }
 
 TEST(SmallSearch, WithoutASeedTakesAnotherOneEverySecond) {
-    const std::string search = NESTRIX_SAMPLES "/squares --population 2 --generations 0";
+    const std::string search = "--method drop " NESTRIX_SAMPLES "/squares --population 2 --generations 0";
     const SBatchResult first = RunBatchProgram(search);
     EXPECT_NE(first.ValueOf("Seed: "), RunBatchProgram(search, "sleep 1.1").ValueOf("Seed: "));
 }
 
 TEST(SmallSearch, MutatesAsOftenAsItIsTold) {
-    const std::string search = NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed 11";
+    const std::string search =
+        "--method drop " NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed 11";
     const std::string usual = RunBatchProgram(search).m_Output;
     EXPECT_EQ(RunBatchProgram(search + " --mutation 0.1").m_Output, usual);
     EXPECT_NE(RunBatchProgram(search + " --mutation 1").m_Output, usual);
 }
 
 TEST(SmallSearch, WithoutASeedSaysWhichOneRepeatsIt) {
-    const std::string search = NESTRIX_SAMPLES "/concave --population 10 --generations 3";
+    const std::string search = "--method drop " NESTRIX_SAMPLES "/concave --population 10 --generations 3";
     const SBatchResult first = RunBatchProgram(search);
     const SBatchResult again = RunBatchProgram(search + " --seed " + first.ValueOf("Seed: "));
     EXPECT_EQ(first.m_nStatus, 0);
@@ -84,7 +89,8 @@ TEST(SmallSearch, EndsWithSeedAndBestHeight) {
 TEST(DocumentedPicture, IsWhatItsCommandDraws) {
     const CTemporaryFolder folder;
     const std::string picture = folder.PathOf("packing.svg");
-    ASSERT_EQ(RunBatchProgram(NESTRIX_SAMPLES "/concave --seed 1 --svg " + picture).m_nStatus, 0);
+    ASSERT_EQ(
+        RunBatchProgram("--method drop " NESTRIX_SAMPLES "/concave --seed 1 --svg " + picture).m_nStatus, 0);
     EXPECT_EQ(ReadFile(picture), ReadFile(NESTRIX_SAMPLES "/../docs/images/packing.svg"));
 }
 
@@ -97,14 +103,15 @@ TEST(BestHeight, IsTheStackedHeightLessTheBestFitness) {
 
 TEST(BestHeight, OfOnePieceIsItsOwn) {
     const CTemporaryFolder folder;
-    const SBatchResult result =
-        RunBatchProgram(folder.Write("a.pol", SquareFile(20.0F)) + " --population 3 --generations 2");
+    const SBatchResult result = RunBatchProgram(folder.Write("a.pol", SquareFile(20.0F)) +
+                                                " --method drop --population 3 --generations 2");
     EXPECT_EQ(result.m_nStatus, 0);
     EXPECT_EQ(result.ValueOf("Best height: "), "20.000000");
 }
 
 TEST(ZeroGenerations, GiveTheBestOfTheFirst) {
-    const SBatchResult result = RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 0 --seed 1");
+    const SBatchResult result =
+        RunBatchProgram("--method drop " NESTRIX_SAMPLES "/squares --generations 0 --seed 1");
     EXPECT_EQ(result.m_nStatus, 0);
     EXPECT_THAT(result.m_Output, MatchesRegex("Seed: 1\nBest height: [0-9.]+\n"));
 }
@@ -134,8 +141,10 @@ TEST(StandardOutput, ThatCannotBeWrittenCostsNoPicture) {
 /// A search that gets better and better, and its picture.
 void ExpectTheSamePictureAs(const std::string& redirection, int nStatus) {
     const CTemporaryFolder folder;
-    const std::string search = NESTRIX_SAMPLES "/concave --population 20 --generations 40 --seed 3 --svg ";
-    const std::string first = NESTRIX_SAMPLES "/concave --population 20 --generations 5 --seed 3 --svg ";
+    const std::string search =
+        "--method drop " NESTRIX_SAMPLES "/concave --population 20 --generations 40 --seed 3 --svg ";
+    const std::string first =
+        "--method drop " NESTRIX_SAMPLES "/concave --population 20 --generations 5 --seed 3 --svg ";
     ASSERT_EQ(RunBatchProgram(search + folder.PathOf("expected.svg")).m_nStatus, 0);
     ASSERT_EQ(RunBatchProgram(first + folder.PathOf("first.svg")).m_nStatus, 0);
     ASSERT_NE(ReadFile(folder.PathOf("first.svg")), ReadFile(folder.PathOf("expected.svg")));
@@ -165,7 +174,8 @@ TEST(StandardError, ThatIsClosedChangesNothing) {
 
 TEST(StandardOutput, BeyondTheLargestSizeOfAFileDoesNotKillTheProgram) {
     const CTemporaryFolder folder;
-    const std::string search = NESTRIX_SAMPLES "/squares --population 2 --generations 200 --seed 1 >";
+    const std::string search =
+        "--method drop " NESTRIX_SAMPLES "/squares --population 2 --generations 200 --seed 1 >";
     const SBatchResult result = RunBatchProgram(search + folder.PathOf("out"), "ulimit -f 8");
     EXPECT_EQ(result.m_nStatus, 1);
     EXPECT_THAT(result.m_Errors, HasSubstr("standard output could not be written"));
@@ -176,11 +186,12 @@ TEST(StandardError, ThatCannotBeWrittenKeepsTheStatus) {
 }
 
 TEST(StandardOutput, ThatCannotBeWrittenFailsWithoutAnyGeneration) {
-    EXPECT_EQ(RunBatchProgram(NESTRIX_SAMPLES "/squares --generations 0 >/dev/full").m_nStatus, 1);
+    EXPECT_EQ(
+        RunBatchProgram("--method drop " NESTRIX_SAMPLES "/squares --generations 0 >/dev/full").m_nStatus, 1);
 }
 
 TEST(StandardOutput, ThatNobodyReadsAnyMoreDoesNotCutTheSearchOff) {
-    CRunningBatch batch(NESTRIX_SAMPLES "/squares --generations 2000000000");
+    CRunningBatch batch("--method drop " NESTRIX_SAMPLES "/squares --generations 2000000000");
     ASSERT_TRUE(batch.ReadUntil("Generation 1 "));
     batch.CloseOutput();
     batch.WaitUntilItHasWorkedFor(1.0);
@@ -192,7 +203,8 @@ TEST(PackingBeyondAllNumbers, IsNotDrawn) {
     const CTemporaryFolder folder;
     const std::vector<CPolygon> pieces{support::MakeSquare(std::numeric_limits<float>::infinity())};
     CPictureFile picture(folder.PathOf("packing.svg"));
-    EXPECT_EQ(picture.Draw(pieces, {SStrip(), {{}}, 20.0F}), "the packing is too large to draw");
+    EXPECT_EQ(picture.Write(DrawPackingSvg(pieces, {SStrip(), {{}}, 20.0F})),
+              "the packing is too large to draw");
     EXPECT_EQ(EntryCount(folder.Path()), 0);
 }
 
@@ -200,13 +212,13 @@ TEST(EndlessPolygons, GiveNoHeightAndNoPicture) {
     const CTemporaryFolder folder;
     const std::string huge = "3\n0,0\n1,0\n0,3e38\n;1,3e38\n0,0\n";
     const std::string piece = folder.Write("huge.pol", huge);
-    const SBatchResult result =
-        RunBatchProgram(piece + " " + piece + " --generations 1 --svg " + folder.PathOf("packing.svg"));
+    const SBatchResult result = RunBatchProgram(
+        piece + " " + piece + " --method drop --generations 1 --svg " + folder.PathOf("packing.svg"));
     EXPECT_EQ(result.m_nStatus, 1);
     EXPECT_THAT(result.m_Errors, HasSubstr("too large: their packing has no finite height"));
     EXPECT_THAT(result.m_Output, Not(HasSubstr("Best height")));
     EXPECT_EQ(EntryCount(folder.Path()), 1);
-    EXPECT_EQ(RunBatchProgram(piece + " " + piece + " --generations 1").m_nStatus, 1);
+    EXPECT_EQ(RunBatchProgram(piece + " " + piece + " --method drop --generations 1").m_nStatus, 1);
 }
 
 }  // namespace nestrix

@@ -24,7 +24,7 @@ using testing::MatchesRegex;
 
 namespace {
 
-const std::string ENDLESS_SEARCH = NESTRIX_SAMPLES "/squares --generations 2147483647";
+const std::string ENDLESS_SEARCH = "--method drop " NESTRIX_SAMPLES "/squares --generations 2147483647";
 
 /// A signal in the middle of an endless search.
 void ExpectResultAfter(int nSignal) {
@@ -75,7 +75,7 @@ TEST(CtrlC, WithinTheFirstGenerationKeepsTheBestSoFar) {
     // Placing all of it would take minutes.
     const CTemporaryFolder folder;
     const std::string disc = folder.Write("disc.pol", DiscFile(2000));
-    CRunningBatch batch(Repeated(disc, 20) + "--population 50000 --seed 5 --svg " +
+    CRunningBatch batch("--method drop " + Repeated(disc, 20) + "--population 50000 --seed 5 --svg " +
                         folder.PathOf("best.svg"));
     batch.WaitUntilItHandles(SIGINT);
     batch.WaitUntilItHasWorkedFor(support::UNDER_SANITIZER ? 5.0 : 1.0);
@@ -89,7 +89,8 @@ TEST(CtrlC, BeforeThereIsAnyPackingSaysSo) {
     const CTemporaryFolder folder;
     const std::string disc = folder.Write("disc.pol", DiscFile(40'000));
     const std::string beyond = folder.Write("beyond.pol", "3\n0,0\n1,0\n1,1e19\n;1,1\n0,0\n");
-    CRunningBatch batch(Repeated(disc, 9) + beyond + " --svg " + folder.PathOf("best.svg"));
+    CRunningBatch batch("--method drop " + Repeated(disc, 9) + beyond + " --svg " +
+                        folder.PathOf("best.svg"));
     batch.WaitUntilItHandles(SIGINT);
     EXPECT_EQ(StatusSoonAfter(batch, SIGINT), 1);
     EXPECT_EQ(batch.Output(), "");
@@ -99,7 +100,7 @@ TEST(CtrlC, BeforeThereIsAnyPackingSaysSo) {
 TEST(CtrlC, WhileThePolygonsAreReadEndsTheProgram) {
     const CTemporaryFolder folder;
     const std::string disc = folder.Write("disc.pol", DiscFile(100'000));
-    CRunningBatch batch(Repeated(disc, 100) + "--svg " + folder.PathOf("best.svg"));
+    CRunningBatch batch("--method drop " + Repeated(disc, 100) + "--svg " + folder.PathOf("best.svg"));
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     EXPECT_EQ(StatusSoonAfter(batch, SIGINT), -1);
     EXPECT_EQ(batch.Output(), "");
@@ -132,7 +133,7 @@ TEST(Termination, IsToldWithTheLastGeneration) {
 
 TEST(Termination, IsToldAfterTheFirstGenerationToo) {
     // Each of the many draws for the next one looks at the whole population: it takes a minute.
-    const std::string search = NESTRIX_SAMPLES "/squares --population 100000";
+    const std::string search = "--method drop " NESTRIX_SAMPLES "/squares --population 100000";
     const std::string untilItHasWorkedForASecond =
         "until [ $(cut -d ' ' -f 14 /proc/$p/stat) -gt $(getconf CLK_TCK) ]; do sleep 0.05; done; ";
     const SBatchResult result =

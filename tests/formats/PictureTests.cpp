@@ -164,31 +164,31 @@ TEST(SvgNumber, HasNoNegativeZero) {
 
 TEST(LabelPoint, OfARectangleIsItsMiddle) {
     const SLabelPoint label =
-        FindLabelPoint(MakePolygon({{10, 10, 0}, {110, 10, 0}, {110, 30, 0}, {10, 30, 0}}));
+        FindLabelPoint(EdgesOf(MakePolygon({{10, 10, 0}, {110, 10, 0}, {110, 30, 0}, {10, 30, 0}})));
     EXPECT_DOUBLE_EQ(label.m_X, 60.0);
     EXPECT_DOUBLE_EQ(label.m_Y, 20.0);
     EXPECT_DOUBLE_EQ(label.m_Room, 10.0);
 }
 
 TEST(LabelPoint, OfAUShapeLiesInOneOfItsArms) {
-    const SLabelPoint label = FindLabelPoint(MakePolygon({{0, 0, 0},
-                                                          {60, 0, 0},
-                                                          {60, 60, 0},
-                                                          {50, 60, 0},
-                                                          {50, 10, 0},
-                                                          {10, 10, 0},
-                                                          {10, 60, 0},
-                                                          {0, 60, 0}}));
+    const SLabelPoint label = FindLabelPoint(EdgesOf(MakePolygon({{0, 0, 0},
+                                                                  {60, 0, 0},
+                                                                  {60, 60, 0},
+                                                                  {50, 60, 0},
+                                                                  {50, 10, 0},
+                                                                  {10, 10, 0},
+                                                                  {10, 60, 0},
+                                                                  {0, 60, 0}})));
     EXPECT_GT(label.m_Room, 3.0);
     EXPECT_TRUE(label.m_X < 10.0 || label.m_X > 50.0 || label.m_Y < 10.0);
 }
 
 TEST(LabelPoint, OfAPolygonWithoutVerticesHasNoRoom) {
-    EXPECT_EQ(FindLabelPoint(CPolygon()).m_Room, 0.0);
+    EXPECT_EQ(FindLabelPoint({}).m_Room, 0.0);
 }
 
 TEST(LabelPoint, OfAPolygonWithoutAnInsideIsTheMiddleOfItsExtent) {
-    const SLabelPoint label = FindLabelPoint(MakePolygon({{0, 0, 0}, {10, 20, 0}, {0, 0, 0}}));
+    const SLabelPoint label = FindLabelPoint(EdgesOf(MakePolygon({{0, 0, 0}, {10, 20, 0}, {0, 0, 0}})));
     EXPECT_DOUBLE_EQ(label.m_X, 5.0);
     EXPECT_DOUBLE_EQ(label.m_Y, 10.0);
     EXPECT_DOUBLE_EQ(label.m_Room, 0.0);

@@ -1,0 +1,208 @@
+#include <gmock/gmock.h>
+
+#include <cstdio>
+
+#include "tests/batch/BatchProgram.h"
+#include "tests/support/CCommaLocale.h"
+#include "tests/support/CTemporaryFolder.h"
+#include "tests/support/TextFiles.h"
+
+namespace nestrix {
+
+using support::CCommaLocale;
+using support::CountOf;
+using support::CTemporaryFolder;
+using support::EntryCount;
+using support::ReadFile;
+using support::SquareFile;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+
+namespace {
+
+const std::string CONCAVE = NESTRIX_SAMPLES "/concave ";
+const std::string PUZZLE = NESTRIX_SAMPLES "/puzzle ";
+
+/// Searches for a while, then again as the first search says, and compares the pictures.
+void ExpectToRepeatItself(const std::string& pieces, const std::string& options) {
+    const CTemporaryFolder folder;
+    const SBatchResult first =
+        RunBatchProgram(pieces + options + " --time 1s --svg " + folder.PathOf("first.svg"));
+    ASSERT_EQ(first.m_nStatus, 0) << first.m_Errors;
+    const SBatchResult again =
+        RunBatchProgram(pieces + first.ValueOf("Repeat with: ") + " --svg " + folder.PathOf("again.svg"));
+    EXPECT_EQ(again.m_nStatus, 0) << again.m_Errors;
+    EXPECT_EQ(again.ValueOf("Ended: "), "all steps are taken");
+    for (char const* const pLabel : {"Seed: ", "Steps: ", "Threads: ", "Best height: ", "Repeat with: "}) {
+        EXPECT_EQ(again.ValueOf(pLabel), first.ValueOf(pLabel)) << pLabel;
+    }
+    EXPECT_NE(ReadFile(folder.PathOf("first.svg")), "");
+    EXPECT_EQ(ReadFile(folder.PathOf("again.svg")), ReadFile(folder.PathOf("first.svg")));
+}
+
+/// Every coordinate of every path.
+std::vector<std::pair<double, double>> PointsIn(const std::string& picture) {
+    std::vector<std::pair<double, double>> points;
+    for (size_t nAt = picture.find(" d=\"M"); nAt != std::string::npos;
+         nAt = picture.find(" d=\"M", nAt + 1)) {
+        const std::string path = picture.substr(nAt + 5, picture.find('Z', nAt) - nAt - 5);
+        double x = 0.0;
+        double y = 0.0;
+        int nRead = 0;
+        for (char const* pText = path.c_str(); std::sscanf(pText, "%lf,%lf%n", &x, &y, &nRead) == 2;
+             pText += nRead) {
+            points.emplace_back(x, y);
+        }
+    }
+    return points;
+}
+
+}  // namespace
+
+TEST(FreeSearch, TellsItsResultAndHowToRepeatIt) {
+    const SBatchResult result = RunBatchProgram(CONCAVE + "--steps 200 --seed 5 --threads 1");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.m_Errors, "");
+    EXPECT_THAT(result.m_Output, MatchesRegex("Seed: 5\n"
+                                              "Steps: 200\n"
+                                              "Threads: 1\n"
+                                              "Pieces: 20\n"
+                                              "Best height: [0-9.]+\n"
+                                              "Density: [0-9]+\\.[0-9][0-9] %\n"
+                                              "Seconds: [0-9]+\\.[0-9][0-9]\n"
+                                              "Ended: all steps are taken\n"
+                                              "Repeat with: --seed 5 --threads 1 --steps 200\n"));
+}
+
+TEST(FreeSearch, TellsTheDensityOfItsHeight) {
+    const SBatchResult result = RunBatchProgram(CONCAVE + "--steps 200 --seed 5");
+    const double area = 53351.8;  // of the set
+    EXPECT_NEAR(std::stod(result.ValueOf("Density: ")),
+                100.0 * area / (400.0 * std::stod(result.ValueOf("Best height: "))), 0.006);
+}
+
+TEST(FreeSearch, LimitedByTimeIsRepeatedByTheStepsThatItTells) {
+    ExpectToRepeatItself(CONCAVE, "");
+    ExpectToRepeatItself(CONCAVE, "--threads 1");
+    ExpectToRepeatItself(CONCAVE, "--threads 2 --turns 0,90,180,270");
+    ExpectToRepeatItself(PUZZLE,
+                         "--threads 2 --width 333.3 --spacing 0.5 --margin 1.25 --turns 0,180 --mirror");
+}
+
+TEST(FreeSearch, DiffersWithAnotherSeed) {
+    const CTemporaryFolder folder;
+    const auto pictureFor = [&](const std::string& seed) {
+        const std::string path = folder.PathOf(seed + ".svg");
+        EXPECT_EQ(RunBatchProgram(CONCAVE + "--steps 2000 --seed " + seed + " --svg " + path).m_nStatus, 0);
+        return ReadFile(path);
+    };
+    EXPECT_NE(pictureFor("1"), pictureFor("2"));
+}
+
+TEST(FreeSearch, WithoutASeedTakesAnotherOneEverySecond) {
+    const std::string search = CONCAVE + "--steps 0";
+    const SBatchResult first = RunBatchProgram(search);
+    EXPECT_NE(first.ValueOf("Seed: "), RunBatchProgram(search, "sleep 1.1").ValueOf("Seed: "));
+}
+
+TEST(FreeSearch, WithoutAnyStepGivesAPackingAtOnce) {
+    const SBatchResult result = RunBatchProgram(CONCAVE + "--steps 0");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.ValueOf("Pieces: "), "20");
+    EXPECT_EQ(result.ValueOf("Steps: "), "0");
+}
+
+TEST(FreeSearch, KeepsWithinItsTime) {
+    const SBatchResult result = RunBatchProgram(CONCAVE + "--time 700ms");
+    EXPECT_EQ(result.ValueOf("Ended: "), "the time is up");
+    EXPECT_GE(std::stod(result.ValueOf("Seconds: ")), 0.7);
+}
+
+TEST(FreeSearch, EndsAtItsTargetHeight) {
+    const SBatchResult result = RunBatchProgram(CONCAVE + "--target-height 270 --time 60s");
+    EXPECT_EQ(result.ValueOf("Ended: "), "the target is reached");
+    EXPECT_LE(std::stod(result.ValueOf("Best height: ")), 270.0);
+}
+
+TEST(FreeSearch, EndsAtItsTargetDensity) {
+    const SBatchResult result = RunBatchProgram(CONCAVE + "--target-density 50% --time 60s");
+    EXPECT_EQ(result.ValueOf("Ended: "), "the target is reached");
+    EXPECT_GE(std::stod(result.ValueOf("Density: ")), 50.0);
+}
+
+TEST(FreeSearch, EndsWhenItsPatienceIsOver) {
+    const SBatchResult result = RunBatchProgram(CONCAVE + "--patience 300ms");
+    EXPECT_EQ(result.ValueOf("Ended: "), "nothing better was found for so long");
+    EXPECT_GE(std::stod(result.ValueOf("Seconds: ")), 0.3);
+}
+
+TEST(FreeSearch, DrawsEveryPieceWithinTheStripAndItsMargin) {
+    const CTemporaryFolder folder;
+    const std::string path = folder.PathOf("packing.svg");
+    const SBatchResult result =
+        RunBatchProgram(PUZZLE + "--steps 500 --seed 1 --width 350 --margin 5 --svg " + path);
+    ASSERT_EQ(result.m_nStatus, 0);
+    const std::string picture = ReadFile(path);
+    EXPECT_EQ(CountOf("<path ", picture), 16);
+    EXPECT_THAT(picture, HasSubstr(">16</text>"));
+    const double height = std::stod(result.ValueOf("Best height: "));
+    double highest = 0.0;
+    for (const auto& [x, y] : PointsIn(picture)) {
+        EXPECT_GE(x, 5.0);
+        EXPECT_LE(x, 345.0);
+        EXPECT_GE(y, 5.0);
+        highest = std::max(highest, y);
+    }
+    EXPECT_EQ(highest, height);
+}
+
+TEST(FreeSearch, PacksAFileAsOftenAsItIsListed) {
+    const CTemporaryFolder folder;
+    const std::string piece = folder.Write("a.pol", "3\n0,0\n9,0\n4,7\n;9,7\n0,0\n");
+    const std::string pieces = piece + " " + piece + " " + piece;
+    EXPECT_EQ(RunBatchProgram(pieces + " --width 12 --steps 0").ValueOf("Pieces: "), "3");
+}
+
+TEST(FreeSearch, PacksAClockwiseOutlineWithoutAWarning) {
+    const CTemporaryFolder folder;
+    const SBatchResult result =
+        RunBatchProgram(folder.Write("a.pol", "3\n0,0\n0,9\n9,0\n;9,9\n0,0") + " " + CONCAVE + "--steps 0");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_EQ(result.m_Errors, "");
+    EXPECT_EQ(result.ValueOf("Pieces: "), "21");
+}
+
+TEST(FreeSearch, PrintsAndDrawsTheSameUnderADecimalComma) {
+    const CTemporaryFolder folder;
+    const std::string search = CONCAVE + "--steps 200 --seed 2 --spacing 0.5 --svg ";
+    const std::string comma =
+        std::string("export LOCPATH=") + CCommaLocale::Folder() + " LC_ALL=" + CCommaLocale::Name();
+    const SBatchResult plain = RunBatchProgram(search + folder.PathOf("plain.svg"));
+    const SBatchResult other = RunBatchProgram(search + folder.PathOf("other.svg"), comma);
+    EXPECT_EQ(other.ValueOf("Best height: "), plain.ValueOf("Best height: "));
+    EXPECT_EQ(ReadFile(folder.PathOf("other.svg")), ReadFile(folder.PathOf("plain.svg")));
+}
+
+TEST(FreeSearch, WhoseLinesCannotBeWrittenStillDrawsItsPicture) {
+    const CTemporaryFolder folder;
+    const SBatchResult result =
+        RunBatchProgram(CONCAVE + "--steps 10 --svg " + folder.PathOf("packing.svg") + " >/dev/full");
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_THAT(result.m_Errors, HasSubstr("standard output could not be written"));
+    EXPECT_THAT(ReadFile(folder.PathOf("packing.svg")), HasSubstr("</svg>"));
+}
+
+TEST(FreeSearch, ThatCannotDrawItsPictureEndsBeforeItBegins) {
+    const SBatchResult result = RunBatchProgram(CONCAVE + "--svg /no/such/folder/packing.svg");
+    EXPECT_EQ(result.m_nStatus, 1);
+    EXPECT_EQ(result.m_Output, "");
+    EXPECT_THAT(result.m_Errors, HasSubstr("/no/such/folder/packing.svg: No such file or directory"));
+}
+
+TEST(FreeSearch, WithoutAPictureLeavesNoFile) {
+    const CTemporaryFolder folder;
+    EXPECT_EQ(RunBatchProgram(CONCAVE + "--steps 10", "cd " + folder.Path().native()).m_nStatus, 0);
+    EXPECT_EQ(EntryCount(folder.Path()), 0);
+}
+
+}  // namespace nestrix
