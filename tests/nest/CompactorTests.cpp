@@ -87,6 +87,23 @@ TEST(Compactor, KeepsFourSquaresInAStripOfExactlyFourSides) {
               10.0);
 }
 
+TEST(Compactor, LeavesNoOverlapOfAUnitOnASlope) {
+    CSeededRandom random(2);
+    for (int i = 0; i < RandomCases(300); ++i) {
+        const double width = 0.01 * random.Range(1000, 2500);
+        const double height = 0.01 * random.Range(500, 2500);
+        const double side = 0.01 * random.Range(300, 900);
+        const std::vector<SPiece> pieces{support::RightTriangle(width, height), support::Box(side, side)};
+        // At the wall, the square's lower left corner rests on the slope.
+        const double rest = height * side / width;
+        const std::optional<SFreePacking> packing =
+            Compacted(pieces, {width, 0.0, 0.0},
+                      {{width / 2, height / 2}, {width - side / 2, rest + side / 2 + 0.4}}, 0.5);
+        ASSERT_TRUE(packing) << i;
+        EXPECT_NEAR(HeightOf(packing), std::max(height, rest + side), 1e-4);
+    }
+}
+
 TEST(Compactor, OfRandomLayoutsIsValidWheneverItFindsAnything) {
     CSeededRandom random(1);
     int nFound = 0;

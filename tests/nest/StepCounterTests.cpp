@@ -78,6 +78,24 @@ TEST(StepLimit, GivesAllThreadsTheSameNumberOfStepsWhateverTheirSpeed) {
     }
 }
 
+TEST(StepLimit, EndsAheadOfTheFastestWorkerWhenTheSlowestHearsOfTheEnd) {
+    bool bToEnd = false;
+    CStepLimit limit(2, CStepLimit::NEVER, [&bToEnd] { return bToEnd; });
+    CStepCounter fast(limit, 0, FAR, [] {});
+    CStepCounter slow(limit, 1, FAR, [] {});
+    for (int i = 0; i < 103; ++i) {
+        ASSERT_TRUE(fast.Take());
+    }
+    ASSERT_TRUE(slow.Take());
+    bToEnd = true;
+    while (slow.Take()) {
+    }
+    while (fast.Take()) {
+    }
+    EXPECT_EQ(slow.Steps(), fast.Steps());
+    EXPECT_EQ(slow.Steps(), limit.Steps());
+}
+
 TEST(StepLimit, EndsTheOthersWhereAThreadHasFailed) {
     CStepLimit limit(2, CStepLimit::NEVER, Never);
     CStepCounter steps(limit, 1, FAR, [] {});
