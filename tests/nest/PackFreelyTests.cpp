@@ -97,8 +97,8 @@ TEST(PackFreely, PacksAThousandEqualPieces) {
 }
 
 TEST(PackFreely, PacksOutlinesOfFiveThousandVertices) {
-    const std::vector<SPiece> pieces{Copies(support::RegularPiece(5000, 20.0), 3)};
-    (void)PackAndExamine(pieces, STRIP, StepSettings(20));
+    const std::vector<SPiece> pieces{Copies(support::RegularPiece(5000, 20.0), 2)};
+    (void)PackAndExamine(pieces, {60.0, 0.0, 0.0}, StepSettings(5));
 }
 
 TEST(PackFreely, PacksShapesThatTouchThemselves) {

@@ -54,7 +54,7 @@ TEST(StepLimit, EndsSoonAfterItIsTold) {
 
 TEST(StepLimit, GivesAllThreadsTheSameNumberOfStepsWhateverTheirSpeed) {
     constexpr size_t WORKERS = 4;
-    for (int nRound = 0; nRound < 50; ++nRound) {
+    for (int nRound = 0; nRound < 20; ++nRound) {
         std::atomic<int> nAsked = 0;
         CStepLimit limit(WORKERS, CStepLimit::NEVER,
                          [&nAsked, nRound] { return ++nAsked > 20 + 3 * nRound; });
