@@ -19,6 +19,9 @@ constexpr int BLOCK_ROUNDS = 2;
 /// Less overlap than this, in units, is none: the program's own tolerance, and less than rounding is given.
 constexpr double NO_OVERLAP = 0.05;
 
+/// An item that is as wide as the strip but for this, in units, is as wide: items are not on the grid yet.
+constexpr double AS_WIDE = 1e-3;
+
 SPoint AsPoint(SGridPoint point) {
     return {static_cast<double>(point.m_nX), static_cast<double>(point.m_nY)};
 }
@@ -79,7 +82,10 @@ SMovable CCompactor::MovableOf(const SPlace& place, double reach) const {
     const SGridStrip& strip = m_Problem.Strip();
     const SPlaneBox box = BoxOf(place);
     const SPoint low = AsPoint({strip.m_nMargin, strip.m_nMargin}) - box.m_Low;
-    const double right = static_cast<double>(strip.m_nWidth - strip.m_nMargin) - box.m_High.m_X;
+    double right = static_cast<double>(strip.m_nWidth - strip.m_nMargin) - box.m_High.m_X;
+    if (std::abs(right - low.m_X) < AS_WIDE) {
+        right = low.m_X;
+    }
     return {{{std::max(low.m_X, -reach), std::max(low.m_Y, -reach)}, {std::min(right, reach), reach}},
             box.m_High.m_Y};
 }
