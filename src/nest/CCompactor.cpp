@@ -19,6 +19,10 @@ constexpr int BLOCK_ROUNDS = 2;
 /// Less overlap than this, in units, is none: the program's own tolerance, and less than rounding is given.
 constexpr double NO_OVERLAP = 0.05;
 
+/// Less overlap than this, in units, may be that a piece fits a gap on all sides, so that there is nothing
+/// for rounding to take. Then it is tried without; points of the grid survive that.
+constexpr double TIGHT = 20.0;
+
 /// An item that is as wide as the strip but for this, in units, is as wide: items are not on the grid yet.
 constexpr double AS_WIDE = 1e-3;
 
@@ -106,8 +110,9 @@ void CCompactor::AppendRows(std::span<const SPlace> places, size_t nFirst, size_
             const SHalfPlane& side = BestSide(region, one.m_At - other.m_At);
             const double outside = side.Outside(one.m_At - other.m_At);
             if (outside < farthest) {
-                m_Rows.push_back({m_Movable[nFirst], m_Movable[nSecond], side.m_Normal,
-                                  LostByRounding(side.m_Normal) - outside});
+                const double lost = LostByRounding(side.m_Normal);
+                m_Rows.push_back(
+                    {m_Movable[nFirst], m_Movable[nSecond], side.m_Normal, lost - outside, lost});
             }
         }
     }
@@ -148,9 +153,16 @@ std::optional<double> CCompactor::CompactBlock(std::vector<SPlace>& places, std:
             }
         }
     }
-    const std::optional<SCompaction> compaction = SolveCompaction(movable, m_Rows, fixedTop, reach);
+    std::optional<SCompaction> compaction = SolveCompaction(movable, m_Rows, fixedTop, reach);
     if (!compaction) {
         return std::nullopt;
+    }
+    if (compaction->m_Overlap >= NO_OVERLAP && compaction->m_Overlap < TIGHT) {
+        for (SKeepApart& row : m_Rows) {
+            row.m_Least -= row.m_Lost;
+        }
+        std::optional<SCompaction> tight = SolveCompaction(movable, m_Rows, fixedTop, reach);
+        compaction = tight && tight->m_Overlap < NO_OVERLAP ? tight : compaction;
     }
     for (size_t i = 0; i < items.size(); ++i) {
         const SPoint at = places[items[i]].m_At + compaction->m_Moves[i];

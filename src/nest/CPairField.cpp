@@ -16,7 +16,7 @@ constexpr double MOST_CELLS = 2000.0;
 /// Where two edges meet, both are at the same distance from the points around; the one whose line is farther
 /// off knows on which side of the border they are. So it is made to look nearer, by this share of the square
 /// of its line's distance.
-constexpr double PREFERENCE = 1e-6;
+constexpr double PREFERENCE = 1e-9;
 
 }  // namespace
 

@@ -21,6 +21,7 @@ struct SKeepApart {
     size_t m_nSecond = 0;
     SPoint m_Normal;
     double m_Least = 0.0;  ///< of Dot(normal, move of the first less that of the second)
+    double m_Lost = 0.0;   ///< what of it is there for rounding
 };
 
 /// Items that do not move have this number.

@@ -87,6 +87,13 @@ TEST(Compactor, KeepsFourSquaresInAStripOfExactlyFourSides) {
               10.0);
 }
 
+TEST(Compactor, KeepsATriangleInATriangularHoleThatItFitsExactly) {
+    SPiece frame = support::Box(24, 24);
+    frame.m_Shape.m_Holes.push_back({{4, 4}, {16, 4}, {4, 13}});
+    const std::vector<SPiece> pieces{frame, support::RightTriangle(12, 9)};
+    EXPECT_EQ(HeightOf(Compacted(pieces, {30.0, 0.0, 0.0}, {{12, 12}, {10, 8.5}}, 3.0)), 24.0);
+}
+
 TEST(Compactor, LeavesNoOverlapOfAUnitOnASlope) {
     CSeededRandom random(2);
     for (int i = 0; i < RandomCases(300); ++i) {
