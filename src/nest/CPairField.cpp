@@ -107,6 +107,8 @@ CPairField::CPairField(std::span<const CConvexPart> stays, std::span<const CConv
         }
     }
     m_Edges = FindBorder(regions);
+    // No more can be numbered in the lists. A border without the rest still guides a search, and what it
+    // finds is certified.
     if (m_Edges.size() > std::numeric_limits<uint16_t>::max()) {
         m_Edges.resize(std::numeric_limits<uint16_t>::max());
     }
@@ -126,16 +128,6 @@ void CPairField::CutIntoCells() {
     CCellFiller(*this).Fill();
 }
 
-std::span<const uint16_t> CPairField::CellAt(SPoint at) const {
-    const SPoint from = (at - m_Box.m_Low) * m_CellsPerUnit;
-    if (!(from.m_X >= 0.0 && from.m_Y >= 0.0 && from.m_X < m_nColumns && from.m_Y < m_nRows)) {
-        return {};
-    }
-    const SCell& cell =
-        m_Cells[static_cast<size_t>(static_cast<int>(from.m_Y) * m_nColumns + static_cast<int>(from.m_X))];
-    return {m_Lists.data() + cell.m_nFirst, cell.m_nEdges};
-}
-
 CPairField::SNearest CPairField::FindNearest(SPoint at, std::span<const uint16_t> edges) const {
     SNearest nearest{nullptr, HUGE_VAL, 0.0};
     for (const uint16_t nEdge : edges) {
@@ -153,7 +145,7 @@ CPairField::SNearest CPairField::FindNearest(SPoint at, std::span<const uint16_t
 }
 
 SDepth CPairField::FindWayOut(SPoint at) const {
-    const std::span<const uint16_t> edges = CellAt(at);
+    const std::span<const uint16_t> edges = EdgesOf(CellAt(at));
     if (edges.empty()) {
         return {};
     }

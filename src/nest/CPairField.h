@@ -35,17 +35,12 @@ public:
     /// @param enough where the product is at least this, some number from here on to the exact one is
     /// returned.
     [[nodiscard]] double DepthAt(SPoint at, double factor = 1.0, double enough = HUGE_VAL) const {
-        const SPoint from = (at - m_Box.m_Low) * m_CellsPerUnit;
-        if (!(from.m_X >= 0.0 && from.m_Y >= 0.0 && from.m_X < m_nColumns && from.m_Y < m_nRows)) {
-            return 0.0;
-        }
-        const SCell& cell = m_Cells[static_cast<size_t>(static_cast<int>(from.m_Y) * m_nColumns +
-                                                        static_cast<int>(from.m_X))];
+        const SCell& cell = CellAt(at);
         const double least = factor * static_cast<double>(cell.m_fLeast);
         if (cell.m_nEdges == 0 || least >= enough) {
             return least;
         }
-        const SNearest nearest = FindNearest(at, {m_Lists.data() + cell.m_nFirst, cell.m_nEdges});
+        const SNearest nearest = FindNearest(at, EdgesOf(cell));
         return nearest.m_Side > 0.0 ? factor * std::sqrt(nearest.m_Square) : 0.0;
     }
     [[nodiscard]] SDepth FindWayOut(SPoint at) const;
@@ -63,12 +58,24 @@ private:
     class CCellFiller;
 
     struct SCell {
-        float m_fLeast = 0.0F;  ///< the depth is nowhere less
-        uint32_t m_nEdges = 0;  ///< that can be nearest; 0 where nothing is forbidden
-        uint32_t m_nFirst = 0;  ///< of them in m_Lists
+        float m_fLeast;     ///< the depth is nowhere less
+        uint32_t m_nEdges;  ///< that can be nearest; 0 where nothing is forbidden
+        uint32_t m_nFirst;  ///< of them in m_Lists
     };
 
-    [[nodiscard]] std::span<const uint16_t> CellAt(SPoint at) const;
+    static constexpr SCell NOTHING_FORBIDDEN{0.0F, 0, 0};
+
+    [[nodiscard]] const SCell& CellAt(SPoint at) const {
+        const SPoint from = (at - m_Box.m_Low) * m_CellsPerUnit;
+        if (!(from.m_X >= 0.0 && from.m_Y >= 0.0 && from.m_X < m_nColumns && from.m_Y < m_nRows)) {
+            return NOTHING_FORBIDDEN;
+        }
+        return m_Cells[static_cast<size_t>(static_cast<int>(from.m_Y) * m_nColumns +
+                                           static_cast<int>(from.m_X))];
+    }
+    [[nodiscard]] std::span<const uint16_t> EdgesOf(const SCell& cell) const {
+        return {m_Lists.data() + cell.m_nFirst, cell.m_nEdges};
+    }
     [[nodiscard]] SNearest FindNearest(SPoint at, std::span<const uint16_t> edges) const;
     void CutIntoCells();
 

@@ -144,6 +144,9 @@ std::vector<SUnfitPiece> FindUnfitPieces(std::span<const SPiece> pieces, const S
     const SGrid grid = GridFor(strip.m_Width);
     std::vector<SUnfitPiece> unfit;
     for (size_t i = 0; i < pieces.size(); ++i) {
+        if (pieces[i].m_nQuantity == 0) {
+            continue;
+        }
         if (std::string fault = FaultOf(pieces[i], strip, grid); !fault.empty()) {
             unfit.push_back({static_cast<int>(i), std::move(fault)});
         }
