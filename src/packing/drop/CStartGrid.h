@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
+#include "base/Lanes.h"
 #include "packing/drop/CBlockLists.h"
 #include "packing/drop/CGridAxis.h"
-#include "base/Lanes.h"
 #include "packing/drop/SObstacles.h"
 #include "packing/drop/Sweep.h"
 
