@@ -26,20 +26,6 @@ constexpr double TIGHT = 20.0;
 /// An item that is as wide as the strip but for this, in units, is as wide: items are not on the grid yet.
 constexpr double AS_WIDE = 1e-3;
 
-SPoint AsPoint(SGridPoint point) {
-    return {static_cast<double>(point.m_nX), static_cast<double>(point.m_nY)};
-}
-
-SPlaneBox BoxAt(const SPlaneBox& box, SPoint at) {
-    return {box.m_Low + at, box.m_High + at};
-}
-
-/// The larger of the distances along the axes; negative where the boxes overlap.
-double GapOf(const SPlaneBox& a, const SPlaneBox& b) {
-    return std::max({a.m_Low.m_X - b.m_High.m_X, b.m_Low.m_X - a.m_High.m_X, a.m_Low.m_Y - b.m_High.m_Y,
-                     b.m_Low.m_Y - a.m_High.m_Y});
-}
-
 /// Rounding moves each of two items by half a unit along both axes at most. What runs along an axis is exact:
 /// the items' distance is a whole number, which rounding both leaves as it is.
 double LostByRounding(SPoint normal) {
@@ -63,15 +49,12 @@ const CCompactor::SExactParts& CCompactor::PartsOf(size_t nVersion) {
     std::optional<SExactParts>& parts = m_Parts[nVersion];
     if (!parts) {
         parts.emplace();
-        for (const CGridRing& ring : CutIntoConvexParts(m_Problem.Versions()[nVersion].m_Shape)) {
-            SPlaneBox box;
-            CConvexPart part;
-            for (const SGridPoint point : ring) {
-                part.push_back(AsPoint(point));
-                box.Include(part.back());
+        parts->m_Parts = ConvexPartsOf(m_Problem.Versions()[nVersion].m_Shape);
+        for (const CConvexPart& part : parts->m_Parts) {
+            SPlaneBox& box = parts->m_Boxes.emplace_back();
+            for (const SPoint point : part) {
+                box.Include(point);
             }
-            parts->m_Parts.push_back(std::move(part));
-            parts->m_Boxes.push_back(box);
         }
     }
     return *parts;

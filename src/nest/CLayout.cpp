@@ -9,10 +9,6 @@ namespace {
 /// Fewer items than this in a band are looked at faster than they are told apart by bands.
 constexpr size_t FEW_ITEMS = 48;
 
-SPoint AsPoint(SGridPoint point) {
-    return {static_cast<double>(point.m_nX), static_cast<double>(point.m_nY)};
-}
-
 }  // namespace
 
 void CLayout::SBand::Add(uint32_t nItem, const SPlaneBox& box) {

@@ -64,18 +64,6 @@ SGridShape SimplifiedForSearch(const SGridShape& shape, double area) {
     return simple;
 }
 
-std::vector<CConvexPart> PartsFor(const SGridShape& shape, double area) {
-    std::vector<CConvexPart> parts;
-    for (const CGridRing& ring : CutIntoConvexParts(SimplifiedForSearch(shape, area))) {
-        CConvexPart part;
-        for (const SGridPoint point : ring) {
-            part.push_back({static_cast<double>(point.m_nX), static_cast<double>(point.m_nY)});
-        }
-        parts.push_back(std::move(part));
-    }
-    return parts;
-}
-
 double GridAreaOf(const SGridShape& shape) {
     CInt128 area = TwiceArea(shape.m_Outline);
     for (const CGridRing& hole : shape.m_Holes) {
@@ -223,7 +211,7 @@ size_t CPackProblem::FindFigure(const SGridShape& shape) {
     const auto found = std::find_if(m_Figures.begin(), m_Figures.end(), isSame);
     if (found == m_Figures.end()) {
         const double area = GridAreaOf(shape);
-        m_Figures.push_back({shape, PartsFor(shape, area), area});
+        m_Figures.push_back({shape, ConvexPartsOf(SimplifiedForSearch(shape, area)), area});
         return m_Figures.size() - 1;
     }
     return static_cast<size_t>(found - m_Figures.begin());

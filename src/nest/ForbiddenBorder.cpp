@@ -27,11 +27,6 @@ struct SSide {
     SPlaneBox m_Box;
 };
 
-bool AreApart(const SPlaneBox& a, const SPlaneBox& b) {
-    return a.m_High.m_X < b.m_Low.m_X || b.m_High.m_X < a.m_Low.m_X || a.m_High.m_Y < b.m_Low.m_Y ||
-           b.m_High.m_Y < a.m_Low.m_Y;
-}
-
 /// The run of the side that lies inside a region. A side along one of the region's own, both facing the same
 /// way, counts as inside if `bYields`: of two such sides one must stay. Facing opposite ways, both stay, and
 /// between them is a slit.
@@ -108,7 +103,7 @@ std::vector<SBorderEdge> FindBorder(std::span<const SForbiddenRegion> regions) {
             side.m_Box.Include(side.m_To);
             hidden.clear();
             for (size_t nOther = 0; nOther < regions.size(); ++nOther) {
-                if (nOther == nOwn || AreApart(side.m_Box, regions[nOther].m_Box)) {
+                if (nOther == nOwn || GapOf(side.m_Box, regions[nOther].m_Box) > 0.0) {
                     continue;
                 }
                 if (const std::optional<SRun> run = FindHidden(side, regions[nOther], nOther < nOwn)) {

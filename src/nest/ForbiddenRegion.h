@@ -2,11 +2,10 @@
 
 #include <vector>
 
-#include "nest/Vectors.h"
+#include "nest/ConvexParts.h"
 
 namespace nestrix {
 
-using CConvexPart = std::vector<SPoint>;  ///< counter-clockwise, in units of the grid
 
 /// A half of the plane: the points p with Dot(normal, p) < offset.
 struct SHalfPlane {

@@ -10,10 +10,6 @@ namespace nestrix {
 
 namespace {
 
-SPoint AsPoint(SGridPoint point) {
-    return {static_cast<double>(point.m_nX), static_cast<double>(point.m_nY)};
-}
-
 double DistanceFromSegment(SPoint from, SPoint to, SPoint point) {
     const SPoint along = to - from;
     const double square = Dot(along, along);

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
-#include "packing/SPiece.h"
+#include "packing/SGrid.h"
 
 namespace nestrix {
 
@@ -31,6 +32,10 @@ namespace nestrix {
     return std::sqrt(Dot(a, a));
 }
 
+[[nodiscard]] inline SPoint AsPoint(SGridPoint point) {
+    return {static_cast<double>(point.m_nX), static_cast<double>(point.m_nY)};
+}
+
 /// A box of the plane, borders included.
 struct SPlaneBox {
     SPoint m_Low{HUGE_VAL, HUGE_VAL};
@@ -41,5 +46,16 @@ struct SPlaneBox {
         m_High = {std::fmax(m_High.m_X, point.m_X), std::fmax(m_High.m_Y, point.m_Y)};
     }
 };
+
+/// The box moved.
+[[nodiscard]] inline SPlaneBox BoxAt(const SPlaneBox& box, SPoint by) {
+    return {box.m_Low + by, box.m_High + by};
+}
+
+/// The larger of the distances along the axes; negative where the boxes overlap.
+[[nodiscard]] inline double GapOf(const SPlaneBox& a, const SPlaneBox& b) {
+    return std::max({a.m_Low.m_X - b.m_High.m_X, b.m_Low.m_X - a.m_High.m_X, a.m_Low.m_Y - b.m_High.m_Y,
+                     b.m_Low.m_Y - a.m_High.m_Y});
+}
 
 }  // namespace nestrix

@@ -1,4 +1,5 @@
 #include "nest/ConvexParts.h"
+#include "nest/GridGeometry.h"
 
 #include <gtest/gtest.h>
 

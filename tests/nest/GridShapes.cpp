@@ -5,6 +5,7 @@
 
 #include "certify/Inside.h"
 #include "nest/ConvexParts.h"
+#include "nest/GridGeometry.h"
 #include "tests/support/FreePieces.h"
 
 namespace nestrix::support {
@@ -72,15 +73,7 @@ SGridShape RandomSoundShape(CSeededRandom& random, int nVerticesMost) {
 }
 
 std::vector<CConvexPart> PartsOf(const SGridShape& shape) {
-    std::vector<CConvexPart> parts;
-    for (const CGridRing& ring : CutIntoConvexParts(Cleaned(shape))) {
-        CConvexPart part;
-        for (const SGridPoint point : ring) {
-            part.push_back({static_cast<double>(point.m_nX), static_cast<double>(point.m_nY)});
-        }
-        parts.push_back(std::move(part));
-    }
-    return parts;
+    return ConvexPartsOf(Cleaned(shape));
 }
 
 }  // namespace nestrix::support

@@ -31,12 +31,6 @@ SPlaneBox BoxOf(const CPackProblem& problem, const SPlace& place) {
             place.m_At + SPoint{static_cast<double>(box.m_High.m_nX), static_cast<double>(box.m_High.m_nY)}};
 }
 
-/// The larger of the distances along the axes; negative where the boxes overlap.
-double GapOf(const SPlaneBox& a, const SPlaneBox& b) {
-    return std::max({a.m_Low.m_X - b.m_High.m_X, b.m_Low.m_X - a.m_High.m_X, a.m_Low.m_Y - b.m_High.m_Y,
-                     b.m_Low.m_Y - a.m_High.m_Y});
-}
-
 /// Compares the neighbours of a place with all items whose boxes are nearer than the spacing.
 void ExpectNeighbours(const CLayout& layout, const SPlace& place) {
     const CPackProblem& problem = layout.Problem();

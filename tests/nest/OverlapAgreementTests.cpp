@@ -45,10 +45,6 @@ SGridPoint RandomPlace(CSeededRandom& random) {
     return at + SGridPoint{nOffX, random.Range(-nOff, nOff)};
 }
 
-SPoint AsPoint(SGridPoint at) {
-    return {static_cast<double>(at.m_nX), static_cast<double>(at.m_nY)};
-}
-
 std::string Text(const SCase& pair) {
     return support::Text(pair.m_Stays) + " |" + support::Text(pair.m_Moves);
 }

@@ -19,10 +19,6 @@ using support::GridRectangle;
 using support::RandomCases;
 using support::Text;
 
-SPoint AsPoint(SGridPoint point) {
-    return {static_cast<double>(point.m_nX), static_cast<double>(point.m_nY)};
-}
-
 double DistanceOf(SGridPoint point, SGridPoint from, SGridPoint to) {
     const SPoint along = AsPoint(to - from);
     const double share = Dot(AsPoint(point - from), along) / Dot(along, along);

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "nest/ConvexParts.h"
+#include "nest/GridGeometry.h"
 
 namespace nestrix::reference {
 
