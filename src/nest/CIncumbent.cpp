@@ -19,6 +19,9 @@ bool CIncumbent::Offer(const SFreePacking& packing, uint64_t nSteps) {
     if (!m_Best || packing.m_nHeight < m_Best->m_nHeight) {
         m_Best = packing;
         m_LastGain = Seconds();
+        if (!m_Reason) {
+            m_Reason = EndWith(packing);
+        }
         m_Sink.BetterPacking(packing, {m_LastGain, nSteps, DensityOf(m_Problem.Pieces(), packing)});
     }
     return true;
@@ -26,30 +29,31 @@ bool CIncumbent::Offer(const SFreePacking& packing, uint64_t nSteps) {
 
 bool CIncumbent::IsToEnd() const {
     const std::lock_guard lock(m_Mutex);
+    const std::optional<EPackEnd> reason = FindReason();
     if (!m_Reason) {
-        m_Reason = FindReason();
+        m_Reason = reason;
     }
-    return m_Reason.has_value();
+    return reason.has_value();
+}
+
+std::optional<EPackEnd> CIncumbent::EndWith(const SFreePacking& packing) const {
+    if (packing.m_nHeight <= m_nLeastHeight) {
+        return EPackEnd::NOTHING_TO_GAIN;
+    }
+    const std::optional<double>& height = m_Limits.m_TargetHeight;
+    const std::optional<double>& density = m_Limits.m_TargetDensity;
+    const bool bTarget = (height && m_Problem.Grid().Length(packing.m_nHeight) <= *height) ||
+                         (density && DensityOf(m_Problem.Pieces(), packing) >= *density);
+    return bTarget ? std::optional(EPackEnd::TARGET) : std::nullopt;
 }
 
 std::optional<EPackEnd> CIncumbent::FindReason() const {
     if (m_Sink.IsToStop()) {
         return EPackEnd::STOPPED;
     }
-    if (m_Best && m_Best->m_nHeight <= m_nLeastHeight) {
-        return EPackEnd::NOTHING_TO_GAIN;
-    }
     const double seconds = Seconds();
     if (m_Limits.m_Seconds && seconds >= *m_Limits.m_Seconds) {
         return EPackEnd::SECONDS;
-    }
-    if (m_Best && m_Limits.m_TargetHeight &&
-        m_Problem.Grid().Length(m_Best->m_nHeight) <= *m_Limits.m_TargetHeight) {
-        return EPackEnd::TARGET;
-    }
-    if (m_Best && m_Limits.m_TargetDensity &&
-        DensityOf(m_Problem.Pieces(), *m_Best) >= *m_Limits.m_TargetDensity) {
-        return EPackEnd::TARGET;
     }
     if (m_Limits.m_Patience && seconds - m_LastGain >= *m_Limits.m_Patience) {
         return EPackEnd::PATIENCE;

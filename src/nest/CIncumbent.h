@@ -22,7 +22,10 @@ public:
     /// @return whether it is valid.
     bool Offer(const SFreePacking& packing, uint64_t nSteps);
 
-    /// Whether there is a reason to end: a stop, the time, a target, the patience.
+    /// Whether a packing is as low as it was to become, or can be at all. No clock has a say in it.
+    [[nodiscard]] bool IsLowEnough(const SFreePacking& packing) const { return EndWith(packing).has_value(); }
+
+    /// Whether there is another reason to end: a stop, the time, the patience.
     [[nodiscard]] bool IsToEnd() const;
 
     [[nodiscard]] EPackEnd Reason() const;
@@ -30,6 +33,7 @@ public:
     [[nodiscard]] std::optional<SFreePacking> Best() const;
 
 private:
+    [[nodiscard]] std::optional<EPackEnd> EndWith(const SFreePacking& packing) const;
     [[nodiscard]] std::optional<EPackEnd> FindReason() const;
 
     const CPackProblem& m_Problem;

@@ -205,8 +205,12 @@ bool CPackWorker::Take(std::vector<SPlace> places) {
     if (height >= m_pBest->m_Height) {
         return true;  // of no use, valid or not
     }
-    if (!m_Incumbent.Offer(PackingOf(places), m_Steps.Steps() * m_nWorkers)) {
+    const SFreePacking packing = PackingOf(places);
+    if (!m_Incumbent.Offer(packing, m_Steps.Steps() * m_nWorkers)) {
         return false;
+    }
+    if (m_Incumbent.IsLowEnough(packing)) {
+        m_Steps.Finish();
     }
     m_pBest = std::make_shared<SSolution>(SSolution{height, std::move(places)});
     return true;

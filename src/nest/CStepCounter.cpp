@@ -23,7 +23,14 @@ uint64_t CStepLimit::BeginQuantum(size_t nWorker, uint64_t nSteps) {
     return m_nLimit;
 }
 
-void CStepLimit::End() {
+uint64_t CStepLimit::EndAfter(uint64_t nSteps) {
+    const std::lock_guard lock(m_Mutex);
+    const uint64_t nAhead = Workers() > 1 ? LEAD + QUANTUM : 0;
+    m_nLimit = std::min(m_nLimit, nSteps + nAhead);
+    return m_nLimit;
+}
+
+void CStepLimit::Abort() {
     const std::lock_guard lock(m_Mutex);
     m_bEnding = true;
     m_nLimit = 0;

@@ -31,8 +31,13 @@ public:
 
     [[nodiscard]] size_t Workers() const { return m_Begun.size(); }
 
+    /// A worker has found all there is to find. The end is set as far ahead as the others can be by then:
+    /// what the number of steps was when it was found decides alone where all end.
+    /// @return how many steps each is to take in all.
+    uint64_t EndAfter(uint64_t nSteps);
+
     /// A worker has failed: the others end as soon as they look.
-    void End();
+    void Abort();
 
     /// How many steps each worker takes in all; known when one of them has come to its end.
     [[nodiscard]] uint64_t Steps() const;
@@ -67,6 +72,9 @@ public:
         ++m_nSteps;
         return true;
     }
+
+    /// Nothing is left to be found.
+    void Finish() { m_nEnd = m_Limit.EndAfter(m_nSteps); }
 
     [[nodiscard]] bool IsOver() const { return m_nSteps >= m_nEnd; }
     [[nodiscard]] uint64_t Steps() const { return m_nSteps; }

@@ -64,7 +64,7 @@ private:
             worker.Run();
             m_Results[nWorker] = worker.Best();
         } catch (...) {  // memory that is not there: the others end, too, and the caller hears of it
-            m_Limit.End();
+            m_Limit.Abort();
             m_Exchange.Leave();
             const std::lock_guard lock(m_FaultMutex);
             m_Fault = std::current_exception();
@@ -101,9 +101,8 @@ SPackResult PackFreely(std::span<const SPiece> pieces, const SFreeStrip& strip, 
         FindFirstPacking(problem, bSearch ? settings.m_pStart : nullptr);
     result.m_Packing = problem.PackingOf(first);
     (void)incumbent.Offer(*result.m_Packing, 0);
-    if (!bSearch || result.m_Packing->m_nHeight <= problem.LeastHeight()) {
-        result.m_eEnd = EPackEnd::NOTHING_TO_GAIN;
-    } else {
+    result.m_eEnd = bSearch ? incumbent.Reason() : EPackEnd::NOTHING_TO_GAIN;
+    if (bSearch && !incumbent.IsLowEnough(*result.m_Packing)) {
         CPackSearch search(problem, settings, incumbent);
         result.m_Packing = search.Run(first);
         result.m_nSteps = search.Steps();

@@ -54,10 +54,12 @@ TEST_F(Incumbent, ChangesForALowerPackingOnly) {
 TEST_F(Incumbent, EndsTheSearchOnceItIsAsLowAsAskedFor) {
     m_Limits.m_TargetHeight = 15.0;
     EXPECT_TRUE(m_Incumbent.Offer(Packing(12, 5.00001), 0));
-    EXPECT_FALSE(m_Incumbent.IsToEnd());
+    EXPECT_FALSE(m_Incumbent.IsLowEnough(Packing(12, 5.00001)));
+    EXPECT_EQ(m_Incumbent.Reason(), EPackEnd::STEPS);
     EXPECT_TRUE(m_Incumbent.Offer(Packing(12, 5), 0));
-    EXPECT_TRUE(m_Incumbent.IsToEnd());
+    EXPECT_TRUE(m_Incumbent.IsLowEnough(Packing(12, 5)));
     EXPECT_EQ(m_Incumbent.Reason(), EPackEnd::TARGET);
+    EXPECT_FALSE(m_Incumbent.IsToEnd());  // other threads go on as far as their steps say
 }
 
 TEST_F(Incumbent, KeepsTheFirstReasonToEnd) {

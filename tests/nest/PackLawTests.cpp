@@ -111,9 +111,21 @@ TEST(PackLaw, ASearchLimitedByTimeIsRepeatedByItsSteps) {
 
 TEST(PackLaw, ThreadsThatMeetGiveTheSamePackingEachTime) {
     // A few pieces are moved quickly, as often as it takes to meet once at least.
-    const std::vector<SPiece> pieces{support::Copies(support::RightTriangle(30, 40), 3, {0.0, 180.0})};
+    const std::vector<SPiece> pieces{support::Copies(support::LetterL(24), 7, {0.0})};
     constexpr uint64_t STEPS_TO_MEET = 36'000;
-    ExpectSame(Pack(pieces, 2, STEPS_TO_MEET), Pack(pieces, 2, STEPS_TO_MEET));
+    const SPackResult first = Pack(pieces, 2, STEPS_TO_MEET);
+    EXPECT_EQ(first.m_nSteps, STEPS_TO_MEET);
+    ExpectSame(first, Pack(pieces, 2, STEPS_TO_MEET));
+}
+
+TEST(PackLaw, ThreadsGiveTheSamePackingEachTimeWhenOneFindsTheLowest) {
+    const std::vector<SPiece> pieces{support::Copies(support::RightTriangle(30, 40), 3, {0.0, 180.0})};
+    constexpr uint64_t MORE_THAN_NEEDED = 36'000;
+    const SPackResult first = Pack(pieces, 2, MORE_THAN_NEEDED);
+    EXPECT_EQ(first.m_eEnd, EPackEnd::NOTHING_TO_GAIN);
+    for (int i = 0; i < 10; ++i) {
+        ExpectSame(first, Pack(pieces, 2, MORE_THAN_NEEDED));
+    }
 }
 
 TEST(PackLaw, TwoSearchesAtOnceDoNotDisturbEachOther) {

@@ -52,6 +52,44 @@ TEST(StepLimit, EndsSoonAfterItIsTold) {
     EXPECT_EQ(limit.Steps(), steps.Steps());
 }
 
+TEST(StepLimit, EndsWhereTheFirstToFinishSaysWhateverTheirSpeed) {
+    constexpr uint64_t FOUND[] = {5'002, 4'800, 4'999, 9'000};
+    for (int nRound = 0; nRound < 20; ++nRound) {
+        CStepLimit limit(std::size(FOUND), CStepLimit::NEVER, Never);
+        std::vector<uint64_t> taken(std::size(FOUND));
+        {
+            std::vector<std::jthread> threads;
+            for (size_t i = 0; i < taken.size(); ++i) {
+                threads.emplace_back([&limit, &taken, &FOUND, nRound, i] {
+                    CStepCounter steps(limit, i, FAR, [] {});
+                    while (steps.Take()) {
+                        if (steps.Steps() == FOUND[i]) {
+                            steps.Finish();
+                        }
+                        if (static_cast<int>(i) == nRound % 4) {
+                            std::this_thread::yield();
+                        }
+                    }
+                    taken[i] = steps.Steps();
+                });
+            }
+        }
+        EXPECT_EQ(taken, std::vector<uint64_t>(4, 4'800 + CStepLimit::LEAD + CStepLimit::QUANTUM));
+    }
+}
+
+TEST(StepCounter, TakesNoFurtherStepAloneOnceItHasFinished) {
+    CStepLimit limit(1, FAR, Never);
+    CStepCounter steps(limit, 0, FAR, [] {});
+    while (steps.Take()) {
+        if (steps.Steps() == 7) {
+            steps.Finish();
+        }
+    }
+    EXPECT_EQ(steps.Steps(), 7U);
+    EXPECT_EQ(limit.Steps(), 7U);
+}
+
 TEST(StepLimit, GivesAllThreadsTheSameNumberOfStepsWhateverTheirSpeed) {
     constexpr size_t WORKERS = 4;
     for (int nRound = 0; nRound < 20; ++nRound) {
@@ -100,7 +138,7 @@ TEST(StepLimit, EndsTheOthersWhereAThreadHasFailed) {
     CStepLimit limit(2, CStepLimit::NEVER, Never);
     CStepCounter steps(limit, 1, FAR, [] {});
     ASSERT_TRUE(steps.Take());
-    limit.End();
+    limit.Abort();
     for (uint64_t i = 1; i < CStepLimit::QUANTUM; ++i) {
         ASSERT_TRUE(steps.Take());
     }
