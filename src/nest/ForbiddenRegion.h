@@ -6,7 +6,6 @@
 
 namespace nestrix {
 
-
 /// A half of the plane: the points p with Dot(normal, p) < offset.
 struct SHalfPlane {
     SPoint m_Normal;  ///< of length 1

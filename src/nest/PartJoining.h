@@ -4,7 +4,8 @@
 
 namespace nestrix {
 
-/// Joins convex parts of a ring along the cuts between them, as long as they stay convex, along long cuts first.
+/// Joins convex parts of a ring along the cuts between them, as long as they stay convex, along long cuts
+/// first.
 /// @param parts counter-clockwise.
 [[nodiscard]] std::vector<CCorners> JoinParts(const CGridRing& ring, std::vector<CCorners> parts);
 
