@@ -4,9 +4,9 @@
 #include <span>
 #include <vector>
 
+#include "nest/CExactParts.h"
 #include "nest/CLayout.h"
 #include "nest/CPackProblem.h"
-#include "nest/CompactionProgram.h"
 
 namespace nestrix {
 
@@ -33,22 +33,11 @@ public:
     [[nodiscard]] std::optional<SResult> Compact(std::span<const SPlace> places, double reach);
 
 private:
-    struct SExactParts {
-        std::vector<CConvexPart> m_Parts;
-        std::vector<SPlaneBox> m_Boxes;
-    };
-
-    [[nodiscard]] const SExactParts& PartsOf(size_t nVersion);
-    [[nodiscard]] SPlaneBox BoxOf(const SPlace& place) const;
-    [[nodiscard]] SMovable MovableOf(const SPlace& place, double reach) const;
     [[nodiscard]] std::optional<double> CompactBlock(std::vector<SPlace>& places,
                                                      std::span<const size_t> items, double reach);
-    void AppendRows(std::span<const SPlace> places, size_t nFirst, size_t nSecond, double reach);
 
     const CPackProblem& m_Problem;
-    std::vector<std::optional<SExactParts>> m_Parts;  ///< of each version, once they are asked for
-    std::vector<size_t> m_Movable;                    ///< each item's number in the block, or NOT_MOVABLE
-    std::vector<SKeepApart> m_Rows;
+    CExactParts m_Parts;
 };
 
 }  // namespace nestrix

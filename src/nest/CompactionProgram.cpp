@@ -3,6 +3,8 @@
 #include <coin/ClpSimplex.hpp>
 #include <coin/CoinPackedMatrix.hpp>
 
+#include <algorithm>
+
 namespace nestrix {
 
 namespace {
@@ -61,62 +63,98 @@ private:
     std::vector<CoinBigIndex> m_Starts{0};
 };
 
-bool AreOfOnePair(const SKeepApart& a, const SKeepApart& b) {
-    return a.m_nFirst == b.m_nFirst && a.m_nSecond == b.m_nSecond;
+// The columns are those of the items' moves, two each, that of the height, and those of the overlaps. All
+// lengths are counted in reaches.
+
+int ColumnOfX(size_t nItem) {
+    return static_cast<int>(2 * nItem);
+}
+
+int ColumnOfY(size_t nItem) {
+    return ColumnOfX(nItem) + 1;
+}
+
+bool IsEmpty(const SPlaneBox& room) {
+    return room.m_Low.m_X > room.m_High.m_X || room.m_Low.m_Y > room.m_High.m_Y;
+}
+
+void AddMoves(CProgram& program, std::span<const SMovable> items, double reach) {
+    const double fallCost = FALL_COST / static_cast<double>(items.size());
+    for (const SMovable& item : items) {
+        program.AddColumn(item.m_Room.m_Low.m_X / reach, item.m_Room.m_High.m_X / reach, 0.0);
+        program.AddColumn(item.m_Room.m_Low.m_Y / reach, item.m_Room.m_High.m_Y / reach, fallCost);
+    }
+}
+
+/// No item is higher than the strip, and nor is what does not move.
+void AddHeight(CProgram& program, std::span<const SMovable> items, double fixedTop, double reach) {
+    const int nHeight = program.AddColumn(fixedTop / reach, COIN_DBL_MAX, 1.0);
+    for (size_t i = 0; i < items.size(); ++i) {
+        program.AddElement(nHeight, 1.0);
+        program.AddElement(ColumnOfY(i), -1.0);
+        program.EndRow(items[i].m_Top / reach);
+    }
+}
+
+void AddMoveAlong(CProgram& program, size_t nItem, SPoint normal) {
+    if (nItem != NOT_MOVABLE) {
+        program.AddElement(ColumnOfX(nItem), normal.m_X);
+        program.AddElement(ColumnOfY(nItem), normal.m_Y);
+    }
+}
+
+/// The rows of one pair. What the items' moves leave of an overlap is a column of its own, as dear as can be.
+void AddPair(CProgram& program, std::span<const SKeepApart> rows, double reach) {
+    const bool bOverlap =
+        std::any_of(rows.begin(), rows.end(), [](const SKeepApart& row) { return row.m_Least > 0.0; });
+    const std::optional<int> overlap =
+        bOverlap ? std::optional(program.AddColumn(0.0, COIN_DBL_MAX, OVERLAP_COST)) : std::nullopt;
+    for (const SKeepApart& row : rows) {
+        AddMoveAlong(program, row.m_nFirst, row.m_Normal);
+        AddMoveAlong(program, row.m_nSecond, -row.m_Normal);
+        if (overlap) {
+            program.AddElement(*overlap, 1.0);
+        }
+        program.EndRow(row.m_Least / reach);
+    }
+}
+
+void AddPairs(CProgram& program, std::span<const SKeepApart> rows, double reach) {
+    while (!rows.empty()) {
+        const auto end = std::find_if(rows.begin(), rows.end(), [&rows](const SKeepApart& row) {
+            return row.m_nPair != rows.front().m_nPair;
+        });
+        const size_t nRows = static_cast<size_t>(end - rows.begin());
+        AddPair(program, rows.first(nRows), reach);
+        rows = rows.subspan(nRows);
+    }
+}
+
+SCompaction CompactionIn(const std::vector<double>& solution, size_t nItems, double reach) {
+    SCompaction compaction;
+    for (size_t i = 0; i < nItems; ++i) {
+        compaction.m_Moves.push_back(SPoint{solution[2 * i], solution[2 * i + 1]} * reach);
+    }
+    const size_t nFirstOverlap = 2 * nItems + 1;
+    for (size_t i = nFirstOverlap; i < solution.size(); ++i) {
+        compaction.m_Overlap += solution[i] * reach;
+    }
+    return compaction;
 }
 
 }  // namespace
 
 std::optional<SCompaction> SolveCompaction(std::span<const SMovable> items, std::span<const SKeepApart> rows,
                                            double fixedTop, double reach) {
-    const double fallCost = FALL_COST / static_cast<double>(items.size());
-    CProgram program;
-    for (const SMovable& item : items) {
-        if (item.m_Room.m_Low.m_X > item.m_Room.m_High.m_X ||
-            item.m_Room.m_Low.m_Y > item.m_Room.m_High.m_Y) {
-            return std::nullopt;
-        }
-        program.AddColumn(item.m_Room.m_Low.m_X / reach, item.m_Room.m_High.m_X / reach, 0.0);
-        program.AddColumn(item.m_Room.m_Low.m_Y / reach, item.m_Room.m_High.m_Y / reach, fallCost);
-    }
-    const int nHeight = program.AddColumn(fixedTop / reach, COIN_DBL_MAX, 1.0);
-    for (size_t i = 0; i < items.size(); ++i) {
-        program.AddElement(nHeight, 1.0);
-        program.AddElement(static_cast<int>(2 * i + 1), -1.0);
-        program.EndRow(items[i].m_Top / reach);
-    }
-    for (size_t i = 0; i < rows.size();) {
-        size_t nEnd = i;
-        bool bOverlap = false;
-        for (; nEnd < rows.size() && AreOfOnePair(rows[i], rows[nEnd]); ++nEnd) {
-            bOverlap = bOverlap || rows[nEnd].m_Least > 0.0;
-        }
-        const int nOverlap = bOverlap ? program.AddColumn(0.0, COIN_DBL_MAX, OVERLAP_COST) : nHeight;
-        for (; i < nEnd; ++i) {
-            const auto addItem = [&](size_t nItem, double sign) {
-                if (nItem != NOT_MOVABLE) {
-                    program.AddElement(static_cast<int>(2 * nItem), sign * rows[i].m_Normal.m_X);
-                    program.AddElement(static_cast<int>(2 * nItem + 1), sign * rows[i].m_Normal.m_Y);
-                }
-            };
-            addItem(rows[i].m_nFirst, 1.0);
-            addItem(rows[i].m_nSecond, -1.0);
-            program.AddElement(nOverlap, bOverlap ? 1.0 : 0.0);
-            program.EndRow(rows[i].m_Least / reach);
-        }
-    }
-    const std::vector<double> solution = program.Solve();
-    if (solution.empty()) {
+    if (std::any_of(items.begin(), items.end(), [](const SMovable& item) { return IsEmpty(item.m_Room); })) {
         return std::nullopt;
     }
-    SCompaction compaction;
-    for (size_t i = 0; i < items.size(); ++i) {
-        compaction.m_Moves.push_back(SPoint{solution[2 * i], solution[2 * i + 1]} * reach);
-    }
-    for (size_t i = static_cast<size_t>(nHeight) + 1; i < solution.size(); ++i) {
-        compaction.m_Overlap += solution[i] * reach;
-    }
-    return compaction;
+    CProgram program;
+    AddMoves(program, items, reach);
+    AddHeight(program, items, fixedTop, reach);
+    AddPairs(program, rows, reach);
+    const std::vector<double> solution = program.Solve();
+    return solution.empty() ? std::nullopt : std::optional(CompactionIn(solution, items.size(), reach));
 }
 
 }  // namespace nestrix

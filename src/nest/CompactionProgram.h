@@ -15,8 +15,10 @@ struct SMovable {
     double m_Top = 0.0;  ///< of the item before the move
 };
 
-/// Two items that are to stay on their sides of a line. Those of one pair follow each other.
+/// Two items that are to stay on their sides of a line. Those of one pair follow each other: an overlap of
+/// the two is counted once, however many lines it is on the wrong side of.
 struct SKeepApart {
+    size_t m_nPair = 0;  ///< items' numbers would not do: all that do not move have the same
     size_t m_nFirst = 0;
     size_t m_nSecond = 0;
     SPoint m_Normal;
@@ -29,7 +31,7 @@ inline constexpr size_t NOT_MOVABLE = static_cast<size_t>(-1);
 
 struct SCompaction {
     std::vector<SPoint> m_Moves;  ///< of each movable item
-    double m_Overlap = 0.0;       ///< what could not be taken apart, in units
+    double m_Overlap = 0.0;       ///< what could not be taken apart, in units: the sum over all pairs
 };
 
 /// Solves the linear program of a compaction: moves within the rooms, overlaps taken apart as far as that
