@@ -1,6 +1,6 @@
 #include <cstdint>
 
-#include "certify/Inside.h"
+#include "certify/Certify.h"
 #include "fuzz/OverlapInput.h"
 #include "fuzz/Require.h"
 #include "tests/reference/COverlapComparison.h"
@@ -12,7 +12,7 @@ using namespace nestrix;
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pBytes, size_t nBytes) {
     using reference::COverlapComparison;
     const fuzz::SOverlapInput input = fuzz::DecodeOverlapInput(fuzz::CByteSource({pBytes, nBytes}));
-    if (!certify::IsSound(input.m_Stays) || !certify::IsSound(input.m_Moves)) {
+    if (!IsSound(input.m_Stays) || !IsSound(input.m_Moves)) {
         return 0;
     }
     COverlapComparison comparison(input.m_Stays, input.m_Moves);

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "certify/Demands.h"
+#include "certify/Inside.h"
 #include "certify/Pairs.h"
 #include "certify/SBorder.h"
 #include "certify/ShapesOnGrid.h"
@@ -112,6 +113,10 @@ SCertificate Certify(std::span<const SPiece> pieces, const SFreePacking& packing
                                                       packing.m_Grid.Length(1));
     std::copy(pairs.begin(), pairs.end(), std::back_inserter(violations));
     return certificate;
+}
+
+bool DoInsidesOverlap(const SGridShape& first, const SGridShape& second) {
+    return certify::Overlap(certify::BorderOf(first), certify::BorderOf(second));
 }
 
 }  // namespace nestrix

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "packing/SFreePacking.h"
+#include "packing/SGrid.h"
 #include "packing/SPacking.h"
 
 namespace nestrix {
@@ -66,5 +67,12 @@ struct SCertificate {
 /// coordinates both finer and greater than most of the packing, so that it does not fit, is reported as a
 /// SHAPE.
 [[nodiscard]] SCertificate Certify(std::span<const CPolygon> pieces, const SPacking& packing);
+
+/// Whether the shape has an inside, no edges of it cross, and no point is inside it twice or inside out: its
+/// holes lie within its outline and beside each other. It may touch itself.
+[[nodiscard]] bool IsSound(const SGridShape& shape);
+
+/// Whether the insides of two sound shapes share points; touching is allowed.
+[[nodiscard]] bool DoInsidesOverlap(const SGridShape& first, const SGridShape& second);
 
 }  // namespace nestrix

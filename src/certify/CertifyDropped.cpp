@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "certify/Certify.h"
-#include "certify/Inside.h"
 #include "certify/Pairs.h"
 #include "certify/SBorder.h"
 #include "certify/Wide.h"
@@ -106,7 +105,7 @@ bool IsSound(const CPolygon& polygon) {
     }
     const SDigits digits = DigitsOf(points);
     const int nUnit = FindUnit({&digits, 1});
-    return Fits(digits, nUnit) && certify::IsSound(InUnits(points, nUnit));
+    return Fits(digits, nUnit) && nestrix::IsSound(InUnits(points, nUnit));
 }
 
 /// How far any point reaches out of the strip; at most 0 if none does.

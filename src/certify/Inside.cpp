@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "certify/CBoxSweep.h"
 #include "certify/Wide.h"
 
 namespace nestrix::certify {
@@ -15,28 +14,6 @@ bool ReachesInto(const SBorder& border, const std::vector<STouch>& touches, cons
     return std::any_of(stretches.begin(), stretches.end(), [&other](const SStretch& stretch) {
         const SWhere where = Locate(stretch, other);
         return where.m_nAlong > 0 || (where.m_nAgainst == 0 && where.m_nWinding > 0);
-    });
-}
-
-/// Whether the border's edges are where the winding number goes from 0 to 1.
-bool BoundsOneInside(const SBorder& border) {
-    const std::vector<SStretch> stretches = StretchesBetween(border, FindOwnMeetings(border).m_First);
-    return std::all_of(stretches.begin(), stretches.end(), [&border](const SStretch& stretch) {
-        const SWhere where = Locate(stretch, border);
-        const SGridPoint direction = stretch.m_Direction;
-        const bool bInsideEast = direction.m_nY < 0 || (direction.m_nY == 0 && direction.m_nX > 0);
-        return where.m_nAlong == 1 && where.m_nWinding == (bInsideEast ? 1 : 0);
-    });
-}
-
-bool CrossesItself(const SGridShape& shape) {
-    const std::vector<SBorderEdge> edges = DirectedEdges(shape);
-    CBoxSweep sweep;
-    for (size_t i = 0; i < edges.size(); ++i) {
-        sweep.Add(BoxOf(edges[i]), static_cast<int>(i));
-    }
-    return sweep.VisitPairs([&edges](int i, int j) {
-        return Cross(edges[static_cast<size_t>(i)], edges[static_cast<size_t>(j)]);
     });
 }
 
@@ -74,14 +51,6 @@ bool Overlap(const SBorder& first, const SBorder& second) {
     const SMeetings meetings = FindMeetings(first, second);
     return meetings.m_bCross || ReachesInto(first, meetings.m_First, second) ||
            ReachesInto(second, meetings.m_Second, first);
-}
-
-bool IsSound(const SGridShape& shape) {
-    if (CrossesItself(shape)) {
-        return false;
-    }
-    const SBorder border = BorderOf(shape);
-    return !border.m_Edges.empty() && BoundsOneInside(border);
 }
 
 }  // namespace nestrix::certify

@@ -19,8 +19,4 @@ struct SWhere {
 /// Whether the insides of two shapes share points.
 [[nodiscard]] bool Overlap(const SBorder& first, const SBorder& second);
 
-/// Whether the shape has an inside, no edges of it cross, and no point is inside it twice or inside out: its
-/// holes lie within its outline and beside each other. It may touch itself.
-[[nodiscard]] bool IsSound(const SGridShape& shape);
-
 }  // namespace nestrix::certify

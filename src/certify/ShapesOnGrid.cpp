@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "certify/Inside.h"
+#include "certify/Certify.h"
 
 namespace nestrix::certify {
 

@@ -4,7 +4,7 @@
 #include <limits>
 #include <utility>
 
-#include "certify/Inside.h"
+#include "certify/Certify.h"
 #include "nest/ConvexParts.h"
 #include "nest/Simplify.h"
 #include "nest/TurnsToTry.h"
@@ -179,7 +179,7 @@ void CPackProblem::AddVersions(size_t nPiece, bool bMirrored, bool bUseHoles, co
     for (const double step : turns.m_Steps) {
         const double degrees = turns.DegreesOf(step);
         const SGridShape laid = nestrix::Laid(drawn, degrees, bMirrored);
-        if (!certify::IsSound(laid)) {
+        if (!IsSound(laid)) {
             continue;  // where it touches itself, rounding has put it across itself
         }
         SVersion version{

@@ -2,7 +2,7 @@
 #include <cstdio>
 #include <utility>
 
-#include "certify/Inside.h"
+#include "certify/Certify.h"
 #include "nest/GridGeometry.h"
 #include "nest/PackFreely.h"
 #include "nest/TurnsToTry.h"
@@ -72,7 +72,7 @@ std::string FaultOfShape(const SShape& shape, const SGrid& grid) {
             return "one of its holes lies outside of its outline";
         }
     }
-    if (!certify::IsSound(clean)) {
+    if (!IsSound(clean)) {
         return "its outline or one of its holes lies over another part of it";
     }
     return {};
@@ -94,7 +94,7 @@ std::string FaultOfSize(const SPiece& piece, const SFreeStrip& strip, const SGri
             const SGridShape laid = Laid(shape, turns.DegreesOf(step), bMirrored);
             const int64_t nWidth = BoxOf(laid.m_Outline).Width();
             nNarrowest = std::min(nNarrowest, nWidth);
-            bFits = bFits || (nWidth <= nRoom && certify::IsSound(laid));
+            bFits = bFits || (nWidth <= nRoom && IsSound(laid));
         }
     }
     if (bFits) {

@@ -6,10 +6,11 @@
 #include <set>
 #include <tuple>
 
-#include "certify/Inside.h"
+#include "certify/Certify.h"
 #include "tests/certify/ViolationMatchers.h"
 #include "tests/reference/ReferenceCertificate.h"
 #include "tests/support/FreePieces.h"
+#include "tests/support/GridShapes.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {
@@ -32,7 +33,7 @@ constexpr int WIDTH = 40;
 CGridRing SoundRing(CSeededRandom& random) {
     while (true) {
         CGridRing ring = support::RandomRing(random, random.Range(3, 6), random.Range(4, 12));
-        if (certify::IsSound({ring, {}})) {
+        if (IsSound({ring, {}})) {
             return ring;
         }
     }

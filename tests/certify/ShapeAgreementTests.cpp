@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <sstream>
-
+#include "certify/Certify.h"
 #include "certify/Inside.h"
 #include "certify/Spacing.h"
 #include "tests/reference/ReferenceCertificate.h"
-#include "tests/support/FreePieces.h"
+#include "tests/support/GridShapes.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {
@@ -15,68 +14,12 @@ namespace nestrix {
 namespace {
 
 using support::CSeededRandom;
+using support::Moved;
 using support::RandomCases;
+using support::RandomSoundShape;
+using support::Text;
 
-std::string Text(const SGridShape& shape) {
-    std::ostringstream text;
-    const auto print = [&text](const CGridRing& ring) {
-        for (const SGridPoint point : ring) {
-            text << " " << point.m_nX << "," << point.m_nY;
-        }
-    };
-    print(shape.m_Outline);
-    for (const CGridRing& hole : shape.m_Holes) {
-        text << " less";
-        print(hole);
-    }
-    return text.str();
-}
-
-/// What a random shape is to be made of.
-struct SMakeUp {
-    int m_nSide = 0;
-    int m_nVertices = 0;
-    int m_nHoles = 0;
-};
-
-SMakeUp RandomMakeUp(CSeededRandom& random) {
-    return {random.Range(4, 12), random.Range(3, 7), random.Pick({0, 0, 1, 1, 2})};
-}
-
-SGridShape RandomShape(CSeededRandom& random, const SMakeUp& makeUp) {
-    SGridShape shape{support::RandomRing(random, makeUp.m_nVertices, makeUp.m_nSide), {}};
-    for (int i = 0; i < makeUp.m_nHoles; ++i) {
-        shape.m_Holes.push_back(support::RandomRing(random, random.Range(3, 4), makeUp.m_nSide));
-    }
-    return shape;
-}
-
-/// Shapes with many vertices and holes are seldom sound: they are tried more often before another make-up is.
-SGridShape RandomSoundShape(CSeededRandom& random) {
-    constexpr int TRIALS = 400;
-    while (true) {
-        const SMakeUp makeUp = RandomMakeUp(random);
-        for (int i = 0; i < TRIALS; ++i) {
-            SGridShape shape = RandomShape(random, makeUp);
-            if (reference::IsSound(shape)) {
-                return shape;
-            }
-        }
-    }
-}
-
-SGridShape Moved(SGridShape shape, SGridPoint by) {
-    const auto move = [by](CGridRing& ring) {
-        for (SGridPoint& point : ring) {
-            point = point + by;
-        }
-    };
-    move(shape.m_Outline);
-    for (CGridRing& hole : shape.m_Holes) {
-        move(hole);
-    }
-    return shape;
-}
+constexpr int VERTICES_MOST = 7;
 
 /// A hole that the outline of another is walked round, which so fits into it exactly.
 SGridShape WithHoleFor(const SGridShape& shape) {
@@ -88,8 +31,8 @@ TEST(RandomShapes, AreSoundWhereThePlainSlabsAre) {
     int nSound = 0;
     int nWithHoles = 0;
     for (int i = 0; i < RandomCases(40000); ++i) {
-        const SGridShape shape = RandomShape(random, RandomMakeUp(random));
-        const bool bSound = certify::IsSound(shape);
+        const SGridShape shape = support::RandomShape(random, VERTICES_MOST);
+        const bool bSound = IsSound(shape);
         ASSERT_EQ(bSound, reference::IsSound(shape)) << Text(shape);
         nSound += bSound ? 1 : 0;
         nWithHoles += bSound && !shape.m_Holes.empty() ? 1 : 0;
@@ -103,8 +46,8 @@ TEST(RandomShapes, OverlapWhereThePlainSlabsDo) {
     int nApart = 0;
     int nTouching = 0;
     for (int i = 0; i < RandomCases(8000); ++i) {
-        const SGridShape first = RandomSoundShape(random);
-        SGridShape second = random.Percent(20) ? WithHoleFor(first) : RandomSoundShape(random);
+        const SGridShape first = RandomSoundShape(random, VERTICES_MOST);
+        SGridShape second = random.Percent(20) ? WithHoleFor(first) : RandomSoundShape(random, VERTICES_MOST);
         const int nX = random.Range(-8, 8);
         second = Moved(second, {random.Percent(50) ? 0 : nX, random.Range(-2, 2)});
         const certify::SBorder a = certify::BorderOf(first);
@@ -125,8 +68,9 @@ TEST(RandomShapes, AreAsNearAsInFractions) {
     int nNear = 0;
     int nFar = 0;
     for (int i = 0; i < RandomCases(8000); ++i) {
-        const SGridShape first = RandomSoundShape(random);
-        const SGridShape second = Moved(RandomSoundShape(random), {random.Range(0, 20), random.Range(0, 20)});
+        const SGridShape first = RandomSoundShape(random, VERTICES_MOST);
+        const SGridShape second =
+            Moved(RandomSoundShape(random, VERTICES_MOST), {random.Range(0, 20), random.Range(0, 20)});
         if (reference::DoInsidesOverlap(first, second)) {
             continue;
         }

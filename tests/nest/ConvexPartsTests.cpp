@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "certify/Inside.h"
-#include "tests/nest/GridShapes.h"
+#include "certify/Certify.h"
 #include "tests/support/FreePieces.h"
+#include "tests/support/GridShapes.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {
@@ -37,16 +37,14 @@ bool IsConvex(const CGridRing& ring) {
 /// What is wrong with the parts of a shape, in words, or nothing.
 std::string FaultOfParts(const SGridShape& shape) {
     const std::vector<CGridRing> parts = CutIntoConvexParts(shape);
-    const certify::SBorder whole = certify::BorderOf(shape);
     CInt128 area = 0;
     for (size_t i = 0; i < parts.size(); ++i) {
         if (!IsConvex(parts[i])) {
             return "not convex: " + Text({parts[i], {}});
         }
         area += TwiceArea(parts[i]);
-        const certify::SBorder border = certify::BorderOf({parts[i], {}});
         for (size_t k = 0; k < i; ++k) {
-            if (certify::Overlap(border, certify::BorderOf({parts[k], {}}))) {
+            if (DoInsidesOverlap({parts[i], {}}, {parts[k], {}})) {
                 return "overlapping: " + Text({parts[i], {}}) + " |" + Text({parts[k], {}});
             }
         }

@@ -4,10 +4,11 @@
 
 #include <algorithm>
 
-#include "certify/Inside.h"
-#include "certify/Spacing.h"
+#include "certify/Certify.h"
 #include "nest/GridGeometry.h"
-#include "tests/nest/GridShapes.h"
+#include "tests/nest/GridParts.h"
+#include "tests/reference/ReferenceCertificate.h"
+#include "tests/support/GridShapes.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {
@@ -91,7 +92,7 @@ CGridRing RandomConvexRing(CSeededRandom& random) {
                                                  {random.Range(0, 12), random.Range(0, 12)},
                                                  {random.Range(0, 12), random.Range(0, 12)}},
                                        true);
-        if (!ring.empty() && support::PartsOf({ring, {}}).size() == 1 && certify::IsSound({ring, {}})) {
+        if (!ring.empty() && support::PartsOf({ring, {}}).size() == 1 && IsSound({ring, {}})) {
             return ring;
         }
     }
@@ -107,8 +108,7 @@ TEST(ForbiddenRegion, HoldsThePlacesOfRandomPartsThatOverlap) {
         const SGridPoint at{random.Range(-12, 12), random.Range(-12, 12)};
         const double outside =
             OutsideOf(region, {static_cast<double>(at.m_nX), static_cast<double>(at.m_nY)});
-        const bool bOverlap =
-            certify::Overlap(certify::BorderOf(stays), certify::BorderOf(support::Moved(moves, at)));
+        const bool bOverlap = DoInsidesOverlap(stays, support::Moved(moves, at));
         // Where they only touch, rounding decides the sign: places are 1 / 25 from sides otherwise.
         ASSERT_TRUE(bOverlap ? outside < -0.01 : outside > -1e-9)
             << Text(stays) << " |" << Text(moves) << " at " << at.m_nX << ", " << at.m_nY;
@@ -122,9 +122,8 @@ TEST(ForbiddenRegion, KeepsRandomPartsAsFarApartAsAskedForAndHardlyMore) {
         const SGridShape stays{RandomConvexRing(random), {}};
         const SGridShape moves{RandomConvexRing(random), {}};
         const SGridPoint at{random.Range(-30, 30), random.Range(-30, 30)};
-        const certify::SBorder border = certify::BorderOf(stays);
-        const certify::SBorder moved = certify::BorderOf(support::Moved(moves, at));
-        if (certify::Overlap(border, moved)) {
+        const SGridShape moved = support::Moved(moves, at);
+        if (DoInsidesOverlap(stays, moved)) {
             continue;
         }
         const int nSpacing = random.Range(1, 12);
@@ -132,9 +131,9 @@ TEST(ForbiddenRegion, KeepsRandomPartsAsFarApartAsAskedForAndHardlyMore) {
             FindForbiddenRegion(support::PartsOf(stays)[0], support::PartsOf(moves)[0], nSpacing);
         const double outside =
             OutsideOf(region, {static_cast<double>(at.m_nX), static_cast<double>(at.m_nY)});
-        const bool bNearer = certify::AreNearer(border, moved, nSpacing);
+        const bool bNearer = reference::AreNearer(stays, moved, nSpacing);
         ASSERT_TRUE(!bNearer || outside < 1e-9) << Text(stays) << " |" << Text(moves);
-        const bool bMuchFarther = !certify::AreNearer(border, moved, nSpacing + 1);
+        const bool bMuchFarther = !reference::AreNearer(stays, moved, nSpacing + 1);
         ASSERT_TRUE(!bMuchFarther || outside > 0.0) << Text(stays) << " |" << Text(moves);
         nApart += bNearer ? 0 : 1;
     }

@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/nest/GridShapes.h"
-#include "tests/support/FreePieces.h"
+#include "tests/support/GridShapes.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {

@@ -1,7 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "tests/nest/GridShapes.h"
+#include "tests/nest/GridParts.h"
 #include "tests/reference/COverlapComparison.h"
+#include "tests/support/GridShapes.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {

@@ -6,8 +6,8 @@
 
 #include "nest/GridGeometry.h"
 #include "nest/Vectors.h"
-#include "tests/nest/GridShapes.h"
 #include "tests/support/FreePieces.h"
+#include "tests/support/GridShapes.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {

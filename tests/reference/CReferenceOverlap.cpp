@@ -5,7 +5,7 @@
 #include <compare>
 #include <utility>
 
-#include "certify/Inside.h"
+#include "certify/Certify.h"
 
 namespace nestrix::reference {
 
@@ -89,8 +89,8 @@ void CReferenceOverlap::AppendMeeting(const SLine& a, const SLine& b) {
 }
 
 bool CReferenceOverlap::OverlapsAt(const SExactPlace& at) const {
-    return certify::Overlap(certify::BorderOf(Magnified(m_Stays, at.m_nDenominator, {})),
-                            certify::BorderOf(Magnified(m_Moves, at.m_nDenominator, {at.m_nX, at.m_nY})));
+    return DoInsidesOverlap(Magnified(m_Stays, at.m_nDenominator, {}),
+                            Magnified(m_Moves, at.m_nDenominator, {at.m_nX, at.m_nY}));
 }
 
 double CReferenceOverlap::NearestFoot(const SExactPlace& at, double nearerThan) const {

@@ -48,7 +48,7 @@ void AddPairs(CViolations& found, const std::vector<SGridShape>& shapes, const s
             if (!sound[i] || !sound[j]) {
                 continue;
             }
-            if (DoInsidesOverlap(shapes[i], shapes[j])) {
+            if (reference::DoInsidesOverlap(shapes[i], shapes[j])) {
                 found.push_back({EKind::OVERLAP, static_cast<int>(i), static_cast<int>(j), 0.0});
             } else if (nSpacing > 0 && AreNearer(shapes[i], shapes[j], nSpacing - 1)) {
                 found.push_back({EKind::SPACING, static_cast<int>(i), static_cast<int>(j), 0.0});
@@ -87,7 +87,7 @@ CViolations FindViolations(std::span<const SPiece> pieces, const SFreePacking& p
     bool bAllSound = true;
     for (size_t i = 0; i < shapes.size(); ++i) {
         const SPiece& piece = pieces[static_cast<size_t>(packing.m_Placed[i].m_nPiece)];
-        sound.push_back(IsSound(OnGrid(piece.m_Shape, packing.m_Grid)));
+        sound.push_back(reference::IsSound(OnGrid(piece.m_Shape, packing.m_Grid)));
         if (!sound.back()) {
             found.push_back({EKind::SHAPE, static_cast<int>(i), -1, 0.0});
             bAllSound = false;

@@ -36,15 +36,6 @@ SFreePacking PackingAt(const SFreeStrip& strip, std::span<const SPiece> pieces,
     return packing;
 }
 
-CGridRing RandomRing(CSeededRandom& random, int nVertices, int nSide) {
-    CGridRing ring;
-    for (int i = 0; i < nVertices; ++i) {
-        const int nX = random.Range(0, nSide);
-        ring.push_back({nX, random.Range(0, nSide)});
-    }
-    return ring;
-}
-
 SShape AsDrawn(const SGridShape& shape) {
     const auto drawn = [](const CGridRing& ring) {
         CRing points;

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "packing/SFreePacking.h"
-#include "tests/support/CSeededRandom.h"
 
 namespace nestrix::support {
 
@@ -20,9 +19,6 @@ namespace nestrix::support {
 /// height that it has.
 [[nodiscard]] SFreePacking PackingAt(const SFreeStrip& strip, std::span<const SPiece> pieces,
                                      const std::vector<SGridPoint>& at);
-
-/// A ring of nVertices points on a small square grid, joined at random: most cross themselves.
-[[nodiscard]] CGridRing RandomRing(CSeededRandom& random, int nVertices, int nSide);
 
 /// The shape drawn on a grid of whole units.
 [[nodiscard]] SShape AsDrawn(const SGridShape& shape);

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
-#include "nest/ForbiddenRegion.h"
 #include "packing/SGrid.h"
 #include "tests/support/CSeededRandom.h"
 
@@ -17,12 +17,14 @@ namespace nestrix::support {
 /// A rectangle whose lower left corner is at the point.
 [[nodiscard]] CGridRing GridRectangle(SGridPoint at, int64_t nWidth, int64_t nHeight);
 
-/// A sound shape on a small square grid, often with a hole or two; it may touch itself, have seams, spikes
-/// and points in the middle of a straight line.
-/// @param nVerticesMost at least 3: of the outline.
-[[nodiscard]] SGridShape RandomSoundShape(CSeededRandom& random, int nVerticesMost);
+/// A ring of nVertices points on a small square grid, joined at random: most cross themselves.
+[[nodiscard]] CGridRing RandomRing(CSeededRandom& random, int nVertices, int nSide);
 
-/// The convex parts of a shape, as a field takes them.
-[[nodiscard]] std::vector<CConvexPart> PartsOf(const SGridShape& shape);
+/// Random rings on a small square grid, often with a hole or two: few such shapes are sound.
+/// @param nVerticesMost at least 3: of the outline.
+[[nodiscard]] SGridShape RandomShape(CSeededRandom& random, int nVerticesMost);
+
+/// The same, but sound; it may touch itself, have seams, spikes and points in the middle of a straight line.
+[[nodiscard]] SGridShape RandomSoundShape(CSeededRandom& random, int nVerticesMost);
 
 }  // namespace nestrix::support
