@@ -12,6 +12,7 @@ struct STouch {
     int m_nEdge = 0;
     SGridPoint m_At;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the 0 that the compiler compares with is none of a pointer
     friend auto operator<=>(const STouch&, const STouch&) = default;
 };
 

@@ -26,12 +26,12 @@ void AppendEdges(const CGridRing& ring, std::vector<SGridEdge>& edges) {
 
 /// For edges on one line: whether they run in the same direction and share more than a point.
 bool RunOverEachOther(const SGridEdge& a, const SGridEdge& b) {
-    const SGridPoint along = a.m_To - a.m_From;
-    const auto Along = [&](SGridPoint point) {
-        return static_cast<CInt128>(point.m_nX - a.m_From.m_nX) * along.m_nX +
-               static_cast<CInt128>(point.m_nY - a.m_From.m_nY) * along.m_nY;
+    const SGridPoint direction = a.m_To - a.m_From;
+    const auto along = [&](SGridPoint point) {
+        return static_cast<CInt128>(point.m_nX - a.m_From.m_nX) * direction.m_nX +
+               static_cast<CInt128>(point.m_nY - a.m_From.m_nY) * direction.m_nY;
     };
-    return Along(b.m_To) > Along(b.m_From) && Along(b.m_To) > 0 && Along(b.m_From) < Along(a.m_To);
+    return along(b.m_To) > along(b.m_From) && along(b.m_To) > 0 && along(b.m_From) < along(a.m_To);
 }
 
 bool Cross(const SGridEdge& a, const SGridEdge& b) {
@@ -56,7 +56,7 @@ CInt128 TwiceArea(std::span<const SGridPoint> ring) {
 
 CGridRing Cleaned(std::span<const SGridPoint> ring, bool bCounterClockwise) {
     CGridRing clean;
-    const auto DropNeedless = [&clean](SGridPoint next) {
+    const auto dropNeedless = [&clean](SGridPoint next) {
         while (!clean.empty() &&
                (clean.back() == next ||
                 (clean.size() >= 2 && Turn(clean[clean.size() - 2], clean.back(), next) == 0))) {
@@ -64,14 +64,14 @@ CGridRing Cleaned(std::span<const SGridPoint> ring, bool bCounterClockwise) {
         }
     };
     for (const SGridPoint point : ring) {
-        DropNeedless(point);
+        dropNeedless(point);
         clean.push_back(point);
     }
     // The same where the ring closes.
     for (bool bChanged = true; bChanged && clean.size() >= 3;) {
         const size_t nBefore = clean.size();
         const SGridPoint first = clean.front();
-        DropNeedless(first);
+        dropNeedless(first);
         if (clean.size() >= 3 && Turn(clean.back(), clean[0], clean[1]) == 0) {
             clean.erase(clean.begin());
         }

@@ -13,6 +13,7 @@ struct SGridPoint {
     int64_t m_nX = 0;
     int64_t m_nY = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the 0 that the compiler compares with is none of a pointer
     friend auto operator<=>(const SGridPoint&, const SGridPoint&) = default;
     friend SGridPoint operator+(SGridPoint a, SGridPoint b) { return {a.m_nX + b.m_nX, a.m_nY + b.m_nY}; }
     friend SGridPoint operator-(SGridPoint a, SGridPoint b) { return {a.m_nX - b.m_nX, a.m_nY - b.m_nY}; }
