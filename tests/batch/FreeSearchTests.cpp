@@ -14,7 +14,6 @@ using support::CountOf;
 using support::CTemporaryFolder;
 using support::EntryCount;
 using support::ReadFile;
-using support::SquareFile;
 using testing::HasSubstr;
 using testing::MatchesRegex;
 
@@ -84,7 +83,6 @@ TEST(FreeSearch, TellsTheDensityOfItsHeight) {
 TEST(FreeSearch, LimitedByTimeIsRepeatedByTheStepsThatItTells) {
     ExpectToRepeatItself(CONCAVE, "");
     ExpectToRepeatItself(CONCAVE, "--threads 1");
-    ExpectToRepeatItself(CONCAVE, "--threads 2 --turns 0,90,180,270");
     ExpectToRepeatItself(PUZZLE,
                          "--threads 2 --width 333.3 --spacing 0.5 --margin 1.25 --turns 0,180 --mirror");
 }
@@ -156,13 +154,6 @@ TEST(FreeSearch, DrawsEveryPieceWithinTheStripAndItsMargin) {
     EXPECT_EQ(highest, height);
 }
 
-TEST(FreeSearch, PacksAFileAsOftenAsItIsListed) {
-    const CTemporaryFolder folder;
-    const std::string piece = folder.Write("a.pol", "3\n0,0\n9,0\n4,7\n;9,7\n0,0\n");
-    const std::string pieces = piece + " " + piece + " " + piece;
-    EXPECT_EQ(RunBatchProgram(pieces + " --width 12 --steps 0").ValueOf("Pieces: "), "3");
-}
-
 TEST(FreeSearch, PacksAClockwiseOutlineWithoutAWarning) {
     const CTemporaryFolder folder;
     const SBatchResult result =
@@ -190,13 +181,6 @@ TEST(FreeSearch, WhoseLinesCannotBeWrittenStillDrawsItsPicture) {
     EXPECT_EQ(result.m_nStatus, 1);
     EXPECT_THAT(result.m_Errors, HasSubstr("standard output could not be written"));
     EXPECT_THAT(ReadFile(folder.PathOf("packing.svg")), HasSubstr("</svg>"));
-}
-
-TEST(FreeSearch, ThatCannotDrawItsPictureEndsBeforeItBegins) {
-    const SBatchResult result = RunBatchProgram(CONCAVE + "--svg /no/such/folder/packing.svg");
-    EXPECT_EQ(result.m_nStatus, 1);
-    EXPECT_EQ(result.m_Output, "");
-    EXPECT_THAT(result.m_Errors, HasSubstr("/no/such/folder/packing.svg: No such file or directory"));
 }
 
 TEST(FreeSearch, WithoutAPictureLeavesNoFile) {

@@ -43,13 +43,6 @@ TEST(PictureFile, InAFolderThatDoesNotExistFailsBeforeTheSearch) {
     EXPECT_THAT(result.m_Errors, HasSubstr("/no/such/folder/packing.svg: No such file or directory"));
 }
 
-TEST(PictureFile, BelowAFileFails) {
-    const CTemporaryFolder folder;
-    const SBatchResult result = RunBatchProgram(SHORT_SEARCH + folder.Write("file", "") + "/packing.svg");
-    EXPECT_EQ(result.m_nStatus, 1);
-    EXPECT_THAT(result.m_Errors, HasSubstr("Not a directory"));
-}
-
 TEST(PictureFile, InAPipeThatNobodyReadsFailsBeforeTheSearch) {
     const CTemporaryFolder folder;
     ASSERT_EQ(mkfifo(folder.PathOf("pipe").c_str(), 0600), 0);

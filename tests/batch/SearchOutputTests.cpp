@@ -42,27 +42,10 @@ TEST(SmallSearch, PrintsAndDrawsWhatItAlwaysHas) {
     EXPECT_EQ(ReadFile(folder.PathOf("packing.svg")), ReadFile("golden/squares.svg"));
 }
 
-TEST(SmallSearch, RepeatsItselfWithTheSameSeed) {
-    const CTemporaryFolder folder;
-    const std::string search =
-        "--method drop " NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed 11 --svg ";
-    const SBatchResult first = RunBatchProgram(search + folder.PathOf("first.svg"));
-    const SBatchResult second = RunBatchProgram(search + folder.PathOf("second.svg"));
-    EXPECT_EQ(first.m_nStatus, 0);
-    EXPECT_EQ(first.m_Output, second.m_Output);
-    EXPECT_EQ(ReadFile(folder.PathOf("first.svg")), ReadFile(folder.PathOf("second.svg")));
-}
-
 TEST(SmallSearch, DiffersWithAnotherSeed) {
     const std::string search =
         "--method drop " NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed ";
     EXPECT_NE(RunBatchProgram(search + "11").m_Output, RunBatchProgram(search + "12").m_Output);
-}
-
-TEST(SmallSearch, WithoutASeedTakesAnotherOneEverySecond) {
-    const std::string search = "--method drop " NESTRIX_SAMPLES "/squares --population 2 --generations 0";
-    const SBatchResult first = RunBatchProgram(search);
-    EXPECT_NE(first.ValueOf("Seed: "), RunBatchProgram(search, "sleep 1.1").ValueOf("Seed: "));
 }
 
 TEST(SmallSearch, MutatesAsOftenAsItIsTold) {
@@ -79,11 +62,6 @@ TEST(SmallSearch, WithoutASeedSaysWhichOneRepeatsIt) {
     const SBatchResult again = RunBatchProgram(search + " --seed " + first.ValueOf("Seed: "));
     EXPECT_EQ(first.m_nStatus, 0);
     EXPECT_EQ(first.m_Output, again.m_Output);
-}
-
-TEST(SmallSearch, EndsWithSeedAndBestHeight) {
-    const SBatchResult result = RunBatchProgram(SMALL_SEARCH);
-    EXPECT_THAT(result.m_Output, MatchesRegex(".*\nSeed: 7\nBest height: [0-9]+\\.[0-9]+\n"));
 }
 
 TEST(DocumentedPicture, IsWhatItsCommandDraws) {
@@ -129,13 +107,6 @@ TEST(StandardOutput, ThatCannotBeWrittenFails) {
     const SBatchResult result = RunBatchProgram(SMALL_SEARCH + " >/dev/full");
     EXPECT_EQ(result.m_nStatus, 1);
     EXPECT_THAT(result.m_Errors, HasSubstr("standard output could not be written"));
-}
-
-TEST(StandardOutput, ThatCannotBeWrittenCostsNoPicture) {
-    const CTemporaryFolder folder;
-    const std::string picture = folder.PathOf("packing.svg");
-    EXPECT_EQ(RunBatchProgram(SMALL_SEARCH + " --svg " + picture + " >/dev/full").m_nStatus, 1);
-    EXPECT_EQ(ReadFile(picture), ReadFile("golden/squares.svg"));
 }
 
 /// A search that gets better and better, and its picture.
