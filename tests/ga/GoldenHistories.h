@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/reference/Agreement.h"
+#include "tests/reference/SearchAgreement.h"
 
 namespace nestrix {
 

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <sstream>
 
+#include "ga/CContainer.h"
 #include "tests/ga/GoldenHistories.h"
 
 namespace nestrix {

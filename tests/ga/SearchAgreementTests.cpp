@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "tests/reference/Agreement.h"
+#include "tests/reference/SearchAgreement.h"
 #include "tests/reference/ReferenceOperators.h"
 #include "tests/support/BenchmarkSets.h"
 #include "tests/support/CStdoutCapture.h"

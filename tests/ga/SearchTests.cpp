@@ -1,58 +1,23 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <functional>
-#include <sstream>
 
-#include "ga/CContainer.h"
+#include "tests/ga/SearchFixture.h"
 #include "tests/support/CCommaLocale.h"
-#include "tests/support/CSilentSink.h"
-#include "tests/support/CStdoutCapture.h"
 #include "tests/support/Chromosomes.h"
-#include "tests/support/Pieces.h"
 
 namespace nestrix {
 
 namespace {
 
+using support::CHistory;
 using support::MakeSquare;
 using support::PrintedBy;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::SizeIs;
 
-/// Keeps what it hears and calls the test's own listener.
-class CHistory final : public support::CSilentSink {
-public:
-    void GenerationDone(int nGeneration) override {
-        m_Generations.push_back(nGeneration);
-        m_Listener();
-    }
-
-    std::vector<int> m_Generations;
-    std::function<void()> m_Listener = [] {};
-};
-
-class Search : public testing::Test {
-protected:
-    void SetUp() override { g_MutationProbability = 0.1F; }
-    void TearDown() override { g_MutationProbability = 0.01F; }
-
-    void UseMixture(int nPieces) {
-        support::CSeededRandom random(31);
-        m_Container.m_Polygons = support::MakeSet(random, support::FamilyNamed("sound mixture"), nPieces);
-    }
-
-    /// Runs the search and returns what it prints.
-    std::string Run(int nPopulation, int nGenerations, unsigned int nSeed = 1) {
-        return PrintedBy([&] { m_Container.RunSearch(nPopulation, nGenerations, nSeed, m_History); });
-    }
-
-    CContainer m_Container;
-    CHistory m_History;
-};
+class Search : public support::SearchFixture {};
 
 std::vector<SGene> GenesOf(const CChromosome& chromosome) {
     return {chromosome.Genes().begin(), chromosome.Genes().end()};
@@ -287,80 +252,6 @@ TEST_F(Search, KeepsEveryPieceInItsGeneInTheStripAndEvaluated) {
         }
     };
     Run(6, 6);
-}
-
-TEST_F(Search, OfAnEmptyPopulationStillReportsAndPrintsEveryGeneration) {
-    m_Container.m_Polygons = {MakeSquare(10)};
-    const std::string printed = Run(0, 2);
-    EXPECT_THAT(m_History.m_Generations, ElementsAre(0, 1, 2));
-    EXPECT_THAT(printed, testing::StartsWith("Newly Created 0\n"
-                                             "Generation 1 has been created with 0 many individuals\n"
-                                             "Average fitness= "));
-    EXPECT_TRUE(std::isnan(m_Container.m_fAverageFitness));
-    EXPECT_THAT(m_Container.m_Population, IsEmpty());
-}
-
-TEST_F(Search, OfAnEmptySetRunsToItsEnd) {
-    Run(4, 3);
-    EXPECT_THAT(m_History.m_Generations, ElementsAre(0, 1, 2, 3));
-    EXPECT_EQ(m_Container.m_fBestFitness, 0.0F);
-    EXPECT_THAT(m_Container.m_Population, SizeIs(4));
-    EXPECT_EQ(m_Container.m_BestChromosome.m_nGenes, 0);
-}
-
-TEST_F(Search, OfOneChromosomeFindsNoSecondParentSaysSoAndGoesOn) {
-    UseMixture(4);
-    std::istringstream printed(Run(1, 1));
-    std::string line;
-    std::getline(printed, line);
-    EXPECT_THAT(line, testing::MatchesRegex("P dint exists r=[0-9.]+,sum=0.000000 upper_boundary=0.000000"));
-    std::getline(printed, line);
-    EXPECT_EQ(line, "WRONG (LESSER) idx");
-    std::getline(printed, line);
-    EXPECT_EQ(line, " 0 , -1");
-    std::getline(printed, line);
-    EXPECT_EQ(line, "Newly Created 1");
-    EXPECT_THAT(m_History.m_Generations, ElementsAre(0, 1));
-}
-
-TEST_F(Search, AddsToAPopulationThatNobodyCleared) {
-    UseMixture(4);
-    Run(3, 1);
-    Run(2, 1);
-    EXPECT_THAT(m_Container.m_Population, SizeIs(5));
-    EXPECT_EQ(m_Container.PopulationSize(), 5);
-}
-
-TEST_F(Search, LeavesABestChromosomeThatCanStillBePlacedAfterTheSetWasEmptied) {
-    UseMixture(6);
-    Run(5, 5);
-    m_Container.Clear();
-    std::vector<CPolygon> placed;
-    const CChromosome best = m_Container.CopyBestChromosome();
-    EXPECT_EQ(best.m_nGenes, 6);
-    support::PlaceChromosome(m_Container, best, placed, nullptr);
-    EXPECT_THAT(placed, IsEmpty());
-}
-
-TEST_F(Search, OfASetEmptiedBehindItsBackRunsToItsEnd) {
-    UseMixture(6);
-    Run(5, 5);
-    m_Container.m_Polygons.clear();
-    g_MutationProbability = 1;
-    Run(5, 5);
-    EXPECT_THAT(m_History.m_Generations, SizeIs(12));
-    EXPECT_THAT(m_Container.m_Population, SizeIs(10));
-}
-
-TEST_F(Search, OfAllBadPiecesRunsToItsEnd) {
-    support::CSeededRandom random(32);
-    for (const support::EPiece piece :
-         {support::EPiece::Degenerate, support::EPiece::NotFinite, support::EPiece::Clockwise,
-          support::EPiece::SelfCrossing, support::EPiece::Endless}) {
-        m_Container.m_Polygons.push_back(support::MakePiece(random, piece));
-    }
-    Run(5, 5);
-    EXPECT_THAT(m_History.m_Generations, SizeIs(6));
 }
 
 }  // namespace

@@ -31,21 +31,6 @@ namespace reference {
 [[nodiscard]] std::string FindPlacementDifference(const CContainer& container, const CChromosome& chromosome,
                                                   CDecoder& decoder);
 
-/// A whole search.
-struct SSearchCase {
-    std::vector<CPolygon> m_Polygons;
-    float m_fContainerWidth = 400.0F;
-    float m_fMutationProbability = 0.01F;
-    int m_nPopulation = 10;
-    int m_nGenerations = 10;
-    unsigned int m_nSeed = 1;
-    int m_nStopAt = -1;  ///< the generation whose report answers with a request to stop; −1: none
-};
-
-/// Console lines, progress reports with the statistics that they find, the last population, the best
-/// chromosome, and the number of draws.
-[[nodiscard]] std::string FindSearchDifference(const SSearchCase& searchCase);
-
 }  // namespace reference
 
 }  // namespace nestrix
