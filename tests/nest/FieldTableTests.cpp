@@ -150,6 +150,46 @@ TEST(FieldTable, AnswersThreadsAtOnceAsItAnswersOne) {
     EXPECT_EQ(answers, std::vector<std::vector<double>>(4, expected));
 }
 
+/// Figures of different sizes in steps of three degrees: 120 versions each.
+std::vector<SPiece> FinelyTurnedSet(int nFigures) {
+    std::vector<double> degrees;
+    for (int i = 0; i < 120; ++i) {
+        degrees.push_back(3.0 * i);
+    }
+    std::vector<SPiece> pieces;
+    for (int i = 0; i < nFigures; ++i) {
+        pieces.push_back(support::Copies(support::LetterL(20 + 0.1 * i), 1, degrees));
+    }
+    return pieces;
+}
+
+TEST(FieldTable, OfTooManyVersionsForShortCutsHasTheDepthsOfOneWithThem) {
+    const std::vector<SPiece> many = FinelyTurnedSet(20);
+    const std::vector<SPiece> few = FinelyTurnedSet(4);
+    const CPackProblem large(many, STRIP, true);
+    const CPackProblem small(few, STRIP, true);
+    ASSERT_EQ(large.Versions().size(), 2400U);
+    ASSERT_EQ(small.Versions().size(), 480U);
+    ASSERT_TRUE(CFieldTable::FitsAll(large));
+    CFieldTable without(large);
+    CFieldTable with(small);
+    CSeededRandom random(6);
+    const double reach = 15.0 / large.Grid().Length(1);
+    int nDeep = 0;
+    for (int i = 0; i < RandomCases(1000); ++i) {
+        // The versions of the few are the first of the many.
+        const size_t nMoves = random.Index(small.Versions().size());
+        const size_t nStays = random.Index(small.Versions().size());
+        const SPoint at = RandomPoint(random, reach);
+        const double depth = with.DepthOf(nMoves, at, nStays, {});
+        ASSERT_EQ(with.DepthOf(nMoves, at, nStays, {}), depth) << "by the short cut";
+        ASSERT_EQ(without.DepthOf(nMoves, at, nStays, {}), depth) << nMoves << " beside " << nStays;
+        ASSERT_EQ(without.DepthOf(nMoves, at, nStays, {}), depth) << "once the field is there";
+        nDeep += depth > 0.0 ? 1 : 0;
+    }
+    EXPECT_GT(nDeep, RandomCases(1000) / 4);
+}
+
 TEST(FieldTable, ThatCannotHoldAllFieldsGivesTheSameDepths) {
     // Each figure in its own turn, all differences of which are different: far too many fields.
     std::vector<SPiece> pieces;
