@@ -19,7 +19,6 @@ using support::IsViolation;
 using support::PieceOf;
 using support::RectangleRing;
 using support::ViolationsOf;
-using testing::Contains;
 using testing::ElementsAre;
 
 constexpr double INFINITE = std::numeric_limits<double>::infinity();
