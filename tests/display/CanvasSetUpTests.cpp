@@ -25,10 +25,10 @@ TEST(CanvasAttributes, AskForDoubleBufferedRgbWithoutDepth) {
 }
 
 /// As they were before any test ran.
-const bool g_AnyOptionAtStart = std::ranges::any_of(g_PolyOptions, [](bool bOn) { return bOn; });
+const bool ANY_OPTION_AT_START = std::ranges::any_of(g_PolyOptions, [](bool bOn) { return bOn; });
 
 TEST(CanvasOptions, AreAllOffWhenTheProgramStarts) {
-    EXPECT_FALSE(g_AnyOptionAtStart);
+    EXPECT_FALSE(ANY_OPTION_AT_START);
 }
 
 TEST(CanvasOffTheScreen, IsSetUpAtItsFirstPaint) {
