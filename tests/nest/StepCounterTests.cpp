@@ -53,14 +53,14 @@ TEST(StepLimit, EndsSoonAfterItIsTold) {
 }
 
 TEST(StepLimit, EndsWhereTheFirstToFinishSaysWhateverTheirSpeed) {
-    constexpr uint64_t FOUND[] = {5'002, 4'800, 4'999, 9'000};
+    static constexpr uint64_t FOUND[] = {5'002, 4'800, 4'999, 9'000};
     for (int nRound = 0; nRound < 20; ++nRound) {
         CStepLimit limit(std::size(FOUND), CStepLimit::NEVER, Never);
         std::vector<uint64_t> taken(std::size(FOUND));
         {
             std::vector<std::jthread> threads;
             for (size_t i = 0; i < taken.size(); ++i) {
-                threads.emplace_back([&limit, &taken, &FOUND, nRound, i] {
+                threads.emplace_back([&limit, &taken, nRound, i] {
                     CStepCounter steps(limit, i, FAR, [] {});
                     while (steps.Take()) {
                         if (steps.Steps() == FOUND[i]) {
