@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "tests/reference/SearchAgreement.h"
 #include "tests/reference/ReferenceOperators.h"
+#include "tests/reference/SearchAgreement.h"
 #include "tests/support/BenchmarkSets.h"
 #include "tests/support/CStdoutCapture.h"
 #include "tests/support/Chromosomes.h"
