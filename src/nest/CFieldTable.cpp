@@ -117,7 +117,7 @@ const CPairField& CFieldTable::MakeField(const SRelation& relation) {
                                            outward)});
     std::atomic<const SEntry*>& place = EntryOf(relation);
     if (!m_bFitsAll) {
-        delete place.exchange(pEntry.get());
+        m_Replaced.emplace_back(place.exchange(pEntry.get()));
         return pEntry.release()->m_Field;
     }
     // Another thread may have made the same meanwhile.

@@ -17,6 +17,22 @@ namespace nestrix {
 /// thread needs a table of its own, in which new fields push out others.
 class CFieldTable {
 public:
+    /// The field of two versions, and the way of places into it and back. Holds as long as the table where all
+    /// fields fit, else until ForgetReplaced.
+    struct SWay {
+        const CPairField* m_pField;
+        SDirection m_Direction;  ///< negative where the versions are exchanged
+
+        [[nodiscard]] SPoint ToField(SPoint v) const {
+            return {m_Direction.m_Cosine * v.m_X + m_Direction.m_Sine * v.m_Y,
+                    m_Direction.m_Cosine * v.m_Y - m_Direction.m_Sine * v.m_X};
+        }
+        [[nodiscard]] SPoint FromField(SPoint v) const {
+            return {m_Direction.m_Cosine * v.m_X - m_Direction.m_Sine * v.m_Y,
+                    m_Direction.m_Sine * v.m_X + m_Direction.m_Cosine * v.m_Y};
+        }
+    };
+
     explicit CFieldTable(const CPackProblem& problem);
     ~CFieldTable();
     CFieldTable(const CFieldTable&) = delete;
@@ -24,6 +40,16 @@ public:
 
     /// Whether all fields of a problem fit into one table.
     [[nodiscard]] static bool FitsAll(const CPackProblem& problem);
+
+    [[nodiscard]] SWay WayOf(size_t nMoves, size_t nStays) {
+        if (!m_ShortCuts.empty()) {
+            const SShortCut& cut = m_ShortCuts[nMoves * m_nVersions + nStays];
+            if (const CPairField* const pField = cut.m_pField.load(std::memory_order_acquire)) {
+                return {pField, m_Directions[cut.m_nDirection.load(std::memory_order_relaxed)]};
+            }
+        }
+        return FindWay(nMoves, nStays);
+    }
 
     /// The depth of the overlap of two versions at their places.
     /// @param factor what depths are multiplied with.
@@ -43,26 +69,14 @@ public:
         return depth;
     }
 
+    /// Nobody holds a field any more: those that others have pushed out can go.
+    void ForgetReplaced() { m_Replaced.clear(); }
+
     /// A place of the first version at which it touches the other: a point of the border.
     /// @param edge, along 0 to 1, excluded: which of the edges, and how far along it.
     [[nodiscard]] SPoint PlaceOnBorder(size_t nMoves, size_t nStays, SPoint stays, double edge, double along);
 
 private:
-    /// The field of two versions, and the way of places into it and back.
-    struct SWay {
-        const CPairField* m_pField;
-        SDirection m_Direction;  ///< negative where the versions are exchanged
-
-        [[nodiscard]] SPoint ToField(SPoint v) const {
-            return {m_Direction.m_Cosine * v.m_X + m_Direction.m_Sine * v.m_Y,
-                    m_Direction.m_Cosine * v.m_Y - m_Direction.m_Sine * v.m_X};
-        }
-        [[nodiscard]] SPoint FromField(SPoint v) const {
-            return {m_Direction.m_Cosine * v.m_X - m_Direction.m_Sine * v.m_Y,
-                    m_Direction.m_Sine * v.m_X + m_Direction.m_Cosine * v.m_Y};
-        }
-    };
-
     /// Which field two versions share with others.
     struct SRelation {
         size_t m_nKey;
@@ -83,15 +97,6 @@ private:
         CPairField m_Field;
     };
 
-    [[nodiscard]] SWay WayOf(size_t nMoves, size_t nStays) {
-        if (!m_ShortCuts.empty()) {
-            const SShortCut& cut = m_ShortCuts[nMoves * m_nVersions + nStays];
-            if (const CPairField* const pField = cut.m_pField.load(std::memory_order_acquire)) {
-                return {pField, m_Directions[cut.m_nDirection.load(std::memory_order_relaxed)]};
-            }
-        }
-        return FindWay(nMoves, nStays);
-    }
     [[nodiscard]] SWay FindWay(size_t nMoves, size_t nStays);
     [[nodiscard]] SRelation RelationOf(size_t nMoves, size_t nStays) const;
 
@@ -114,6 +119,7 @@ private:
     std::vector<double> m_DifferenceDegrees;  ///< the differences of any two turns, each once
     std::vector<uint32_t> m_Differences;      ///< of turns i and k at i * m_nTurns + k
     std::vector<std::atomic<const SEntry*>> m_Entries;
+    std::vector<std::unique_ptr<const SEntry>> m_Replaced;  ///< where not all fit, which is in one thread
 };
 
 }  // namespace nestrix

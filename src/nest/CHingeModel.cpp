@@ -15,11 +15,6 @@ constexpr double ROUNDING = 1e-3;
 /// More hinges than this are no small move any more.
 constexpr size_t MOST_HINGES = 24;
 
-SPoint Clamped(SPoint point, const SPlaneBox& room) {
-    return {std::min(std::max(point.m_X, room.m_Low.m_X), room.m_High.m_X),
-            std::min(std::max(point.m_Y, room.m_Low.m_Y), room.m_High.m_Y)};
-}
-
 }  // namespace
 
 bool CHingeModel::Enter(const SHinge& hinge, SPoint from, double tolerance) {
@@ -65,7 +60,7 @@ std::vector<CHingeModel::SLine>& CHingeModel::CollectLines() const {
 SPoint CHingeModel::FindBest(SPoint move) const {
     double best = ValueAt(move);
     const auto tryMove = [&](SPoint crossing) {
-        const SPoint other = Clamped(crossing, m_Room);
+        const SPoint other = m_Room.Nearest(crossing);
         if (!(std::abs(other.m_X - crossing.m_X) <= ROUNDING &&
               std::abs(other.m_Y - crossing.m_Y) <= ROUNDING)) {
             return;

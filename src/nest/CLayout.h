@@ -41,7 +41,13 @@ public:
     /// Calls visit(nOther) for the items that a copy of the version at this place may overlap, itself
     /// among them if it is there, until one returns false.
     template <class TVisit>
-    void VisitNeighbours(const SPlace& place, TVisit&& visit) const;
+    void VisitNeighbours(const SPlace& place, TVisit&& visit) const {
+        VisitVicinity(place, 0.0, visit);
+    }
+
+    /// The same for a copy that is moved so far along either axis at most.
+    template <class TVisit>
+    void VisitVicinity(const SPlace& place, double reach, TVisit&& visit) const;
 
     [[nodiscard]] CFieldTable& Fields() const { return m_Fields; }
     [[nodiscard]] const CPackProblem& Problem() const { return m_Problem; }
@@ -80,14 +86,14 @@ private:
 };
 
 template <class TVisit>
-void CLayout::VisitNeighbours(const SPlace& place, TVisit&& visit) const {
+void CLayout::VisitVicinity(const SPlace& place, double reach, TVisit&& visit) const {
     const SPlaneBox box = BoxOf(place);
-    const float fLeft = static_cast<float>(box.m_Low.m_X);
-    const float fRight = static_cast<float>(box.m_High.m_X);
-    const float fBottom = static_cast<float>(box.m_Low.m_Y);
-    const float fTop = static_cast<float>(box.m_High.m_Y);
-    const size_t nFirst = BandAt(box.m_Low.m_Y);
-    const size_t nLast = BandAt(box.m_High.m_Y);
+    const float fLeft = static_cast<float>(box.m_Low.m_X - reach);
+    const float fRight = static_cast<float>(box.m_High.m_X + reach);
+    const float fBottom = static_cast<float>(box.m_Low.m_Y - reach);
+    const float fTop = static_cast<float>(box.m_High.m_Y + reach);
+    const size_t nFirst = BandAt(box.m_Low.m_Y - reach);
+    const size_t nLast = BandAt(box.m_High.m_Y + reach);
     for (size_t nBand = nFirst; nBand <= nLast; ++nBand) {
         const SBand& band = m_Bands[nBand];
         for (size_t i = 0; i < band.m_Left.size(); i += LANES) {

@@ -25,7 +25,9 @@ constexpr double PREFERENCE = 1e-9;
 class CPairField::CCellFiller {
 public:
     explicit CCellFiller(CPairField& field) : m_Field(field) {
-        m_Field.m_Cells.resize(static_cast<size_t>(field.m_nColumns) * static_cast<size_t>(field.m_nRows));
+        const size_t nCells = field.IndexOf(field.m_nColumns, field.m_nRows) + 1;
+        m_Field.m_Least.assign(nCells, 0.0F);
+        m_Field.m_Cells.assign(nCells, {0, 0});
     }
 
     void Fill() {
@@ -62,12 +64,10 @@ private:
             }
         }
         if (block.Width() == 1 && block.Height() == 1) {
-            const size_t nCell =
-                static_cast<size_t>(block.m_nBottom) * static_cast<size_t>(m_Field.m_nColumns) +
-                static_cast<size_t>(block.m_nLeft);
+            const size_t nCell = m_Field.IndexOf(block.m_nLeft, block.m_nBottom);
             const double least = nearest.m_Side > 0.0 ? std::max(distance - radius, 0.0) : 0.0;
-            m_Field.m_Cells[nCell] = {static_cast<float>(least * ROUNDED_DOWN),
-                                      static_cast<uint32_t>(near.size()),
+            m_Field.m_Least[nCell] = static_cast<float>(least * ROUNDED_DOWN);
+            m_Field.m_Cells[nCell] = {static_cast<uint32_t>(near.size()),
                                       static_cast<uint32_t>(m_Field.m_Lists.size())};
             m_Field.m_Lists.insert(m_Field.m_Lists.end(), near.begin(), near.end());
         } else if (block.Width() >= block.Height()) {
@@ -112,12 +112,15 @@ CPairField::CPairField(std::span<const CConvexPart> stays, std::span<const CConv
     if (m_Edges.size() > std::numeric_limits<uint16_t>::max()) {
         m_Edges.resize(std::numeric_limits<uint16_t>::max());
     }
-    if (!m_Edges.empty()) {
-        CutIntoCells();
-    }
+    CutIntoCells();
 }
 
 void CPairField::CutIntoCells() {
+    if (m_Edges.empty()) {
+        m_Least.assign(IndexOf(0, 0) + 1, 0.0F);
+        m_Cells.assign(1, {0, 0});
+        return;
+    }
     const SPoint size = m_Box.m_High - m_Box.m_Low;
     const double wanted =
         std::clamp(CELLS_PER_EDGE * static_cast<double>(m_Edges.size()), FEWEST_CELLS, MOST_CELLS);
@@ -126,6 +129,24 @@ void CPairField::CutIntoCells() {
     m_nColumns = std::max(1, static_cast<int>(std::ceil(size.m_X / cell)));
     m_nRows = std::max(1, static_cast<int>(std::ceil(size.m_Y / cell)));
     CCellFiller(*this).Fill();
+}
+
+SLeastDepths CPairField::LeastDepths(SDirection direction, SPoint origin, double factor) const {
+    const double cosine = direction.m_Cosine * m_CellsPerUnit;
+    const double sine = direction.m_Sine * m_CellsPerUnit;
+    // One cell on, past the surrounding ones.
+    const double fromColumn =
+        1.0 - cosine * origin.m_X - sine * origin.m_Y - m_Box.m_Low.m_X * m_CellsPerUnit;
+    const double fromRow = 1.0 + sine * origin.m_X - cosine * origin.m_Y - m_Box.m_Low.m_Y * m_CellsPerUnit;
+    return {m_Least.data(),
+            m_nColumns + 2,
+            static_cast<float>(cosine),
+            static_cast<float>(sine),
+            static_cast<float>(fromColumn),
+            static_cast<float>(fromRow),
+            static_cast<float>(m_nColumns + 1),
+            static_cast<float>(m_nRows + 1),
+            static_cast<float>(factor)};
 }
 
 CPairField::SNearest CPairField::FindNearest(SPoint at, std::span<const uint16_t> edges) const {
@@ -145,7 +166,7 @@ CPairField::SNearest CPairField::FindNearest(SPoint at, std::span<const uint16_t
 }
 
 SDepth CPairField::FindWayOut(SPoint at) const {
-    const std::span<const uint16_t> edges = EdgesOf(CellAt(at));
+    const std::span<const uint16_t> edges = EdgesOf(m_Cells[CellAt(at)]);
     if (edges.empty()) {
         return {};
     }

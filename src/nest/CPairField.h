@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "nest/ForbiddenRegion.h"
+#include "nest/LeastDepths.h"
 
 namespace nestrix {
 
@@ -35,8 +36,9 @@ public:
     /// @param enough where the product is at least this, some number from here on to the exact one is
     /// returned.
     [[nodiscard]] double DepthAt(SPoint at, double factor = 1.0, double enough = HUGE_VAL) const {
-        const SCell& cell = CellAt(at);
-        const double least = factor * static_cast<double>(cell.m_fLeast);
+        const size_t nCell = CellAt(at);
+        const double least = factor * static_cast<double>(m_Least[nCell]);
+        const SCell& cell = m_Cells[nCell];
         if (cell.m_nEdges == 0 || least >= enough) {
             return least;
         }
@@ -44,6 +46,11 @@ public:
         return nearest.m_Side > 0.0 ? factor * std::sqrt(nearest.m_Square) : 0.0;
     }
     [[nodiscard]] SDepth FindWayOut(SPoint at) const;
+
+    /// What the depths of many places are at least, for a version turned and put somewhere.
+    /// @param direction, origin places are turned by and counted from.
+    /// @param factor what the depths are multiplied with.
+    [[nodiscard]] SLeastDepths LeastDepths(SDirection direction, SPoint origin, double factor) const;
 
     [[nodiscard]] const SPlaneBox& Box() const { return m_Box; }
     [[nodiscard]] const std::vector<SBorderEdge>& Border() const { return m_Edges; }
@@ -58,20 +65,20 @@ private:
     class CCellFiller;
 
     struct SCell {
-        float m_fLeast;     ///< the depth is nowhere less
         uint32_t m_nEdges;  ///< that can be nearest; 0 where nothing is forbidden
         uint32_t m_nFirst;  ///< of them in m_Lists
     };
 
-    static constexpr SCell NOTHING_FORBIDDEN{0.0F, 0, 0};
-
-    [[nodiscard]] const SCell& CellAt(SPoint at) const {
+    /// In both tables, cells are surrounded by others in which nothing is forbidden.
+    [[nodiscard]] size_t CellAt(SPoint at) const {
         const SPoint from = (at - m_Box.m_Low) * m_CellsPerUnit;
         if (!(from.m_X >= 0.0 && from.m_Y >= 0.0 && from.m_X < m_nColumns && from.m_Y < m_nRows)) {
-            return NOTHING_FORBIDDEN;
+            return 0;
         }
-        return m_Cells[static_cast<size_t>(static_cast<int>(from.m_Y) * m_nColumns +
-                                           static_cast<int>(from.m_X))];
+        return IndexOf(static_cast<int>(from.m_X), static_cast<int>(from.m_Y));
+    }
+    [[nodiscard]] size_t IndexOf(int nColumn, int nRow) const {
+        return static_cast<size_t>((nRow + 1) * (m_nColumns + 2) + nColumn + 1);
     }
     [[nodiscard]] std::span<const uint16_t> EdgesOf(const SCell& cell) const {
         return {m_Lists.data() + cell.m_nFirst, cell.m_nEdges};
@@ -84,7 +91,8 @@ private:
     double m_CellsPerUnit = 0.0;
     int m_nColumns = 0;
     int m_nRows = 0;
-    std::vector<SCell> m_Cells;     ///< row by row from below
+    std::vector<float> m_Least;  ///< of each cell: the depth is nowhere less; row by row from below
+    std::vector<SCell> m_Cells;
     std::vector<uint16_t> m_Lists;  ///< indices of edges
 };
 

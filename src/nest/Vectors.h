@@ -45,6 +45,16 @@ struct SPlaneBox {
         m_Low = {std::fmin(m_Low.m_X, point.m_X), std::fmin(m_Low.m_Y, point.m_Y)};
         m_High = {std::fmax(m_High.m_X, point.m_X), std::fmax(m_High.m_Y, point.m_Y)};
     }
+    [[nodiscard]] bool IsEmpty() const { return m_High.m_X < m_Low.m_X || m_High.m_Y < m_Low.m_Y; }
+    [[nodiscard]] bool Contains(SPoint point) const {
+        return point.m_X >= m_Low.m_X && point.m_X <= m_High.m_X && point.m_Y >= m_Low.m_Y &&
+               point.m_Y <= m_High.m_Y;
+    }
+    /// The point of the box that is nearest to another; of an empty box its upper right corner at most.
+    [[nodiscard]] SPoint Nearest(SPoint point) const {
+        return {std::min(std::max(point.m_X, m_Low.m_X), m_High.m_X),
+                std::min(std::max(point.m_Y, m_Low.m_Y), m_High.m_Y)};
+    }
 };
 
 /// The box moved.

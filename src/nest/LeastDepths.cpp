@@ -1,0 +1,26 @@
+#include "nest/LeastDepths.h"
+
+#include <algorithm>
+
+#include "base/VectorClones.h"
+
+namespace nestrix {
+
+NESTRIX_VECTOR_CLONES
+void SumLeastDepths(std::span<const SLeastDepths> fields, SPlaceBatch& batch) {
+    float sums[SPlaceBatch::SIZE] = {};
+    for (const SLeastDepths& field : fields) {
+        for (size_t i = 0; i < SPlaceBatch::SIZE; ++i) {
+            const float x = batch.m_fX[i];
+            const float y = batch.m_fY[i];
+            const float column = field.m_fCosine * x + field.m_fSine * y + field.m_fColumn;
+            const float row = field.m_fCosine * y - field.m_fSine * x + field.m_fRow;
+            const int nColumn = static_cast<int>(std::min(std::max(column, 0.0F), field.m_fLastColumn));
+            const int nRow = static_cast<int>(std::min(std::max(row, 0.0F), field.m_fLastRow));
+            sums[i] += field.m_fFactor * field.m_pCells[nRow * field.m_nColumns + nColumn];
+        }
+    }
+    std::copy_n(sums, SPlaceBatch::SIZE, batch.m_fLeast);
+}
+
+}  // namespace nestrix
