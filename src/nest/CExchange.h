@@ -6,15 +6,9 @@
 #include <mutex>
 #include <vector>
 
-#include "nest/CLayout.h"
+#include "nest/Places.h"
 
 namespace nestrix {
-
-/// A valid packing as a worker knows it.
-struct SSolution {
-    double m_Height = 0.0;
-    std::vector<SPlace> m_Places;
-};
 
 /// Where the workers of a search show each other their best packings: all of them after the same numbers of
 /// steps, so that what each learns does not depend on which is faster.

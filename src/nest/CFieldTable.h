@@ -17,8 +17,8 @@ namespace nestrix {
 /// thread needs a table of its own, in which new fields push out others.
 class CFieldTable {
 public:
-    /// The field of two versions, and the way of places into it and back. Holds as long as the table where all
-    /// fields fit, else until ForgetReplaced.
+    /// The field of two versions, and the way of places into it and back. Holds as long as the table where
+    /// all fields fit, else until ForgetReplaced.
     struct SWay {
         const CPairField* m_pField;
         SDirection m_Direction;  ///< negative where the versions are exchanged

@@ -37,12 +37,7 @@ void CLayout::SBand::Remove(uint32_t nItem) {
 
 CLayout::CLayout(const CPackProblem& problem, CFieldTable& fields, std::span<const SPlace> places)
     : m_Problem(problem), m_Fields(fields) {
-    double height = 0.0;
-    for (const SPlace& place : places) {
-        height =
-            std::max(height, place.m_At.m_Y + AsPoint(problem.Versions()[place.m_nVersion].m_Box.m_High).m_Y);
-    }
-    Assign(places, height);
+    Assign(places, HeightOf(problem, places));
 }
 
 void CLayout::Assign(std::span<const SPlace> places, double height) {
@@ -50,7 +45,8 @@ void CLayout::Assign(std::span<const SPlace> places, double height) {
     m_Height = height;
     MeasureVersions();
     double heights = 0.0;
-    for (const SPlace& place : m_Places) {
+    for (SPlace& place : m_Places) {
+        place.m_At = m_Rooms[place.m_nVersion].Nearest(place.m_At);
         heights += static_cast<double>(m_Problem.Versions()[place.m_nVersion].m_Box.Height());
     }
     const double meanHeight = heights / static_cast<double>(std::max<size_t>(Count(), 1));

@@ -7,15 +7,9 @@
 
 #include "base/Lanes.h"
 #include "nest/CFieldTable.h"
-#include "nest/CPackProblem.h"
+#include "nest/Places.h"
 
 namespace nestrix {
-
-/// Where an item's reference point lies, in units of the grid but not on it, and in which version it is laid.
-struct SPlace {
-    SPoint m_At;
-    size_t m_nVersion = 0;
-};
 
 /// All items in a strip of some height, overlapping or not: the state that a search works on. Finds the
 /// neighbours of any place quickly: bands of the strip hold the boxes of all items that reach into them.
@@ -24,7 +18,7 @@ public:
     /// @param places one for each item.
     CLayout(const CPackProblem& problem, CFieldTable& fields, std::span<const SPlace> places);
 
-    /// Puts every item where it is said, in a strip of another height.
+    /// Puts every item where it is said, in a strip of another height; what sticks out of that is put back.
     void Assign(std::span<const SPlace> places, double height);
 
     void Move(size_t nItem, const SPlace& place);

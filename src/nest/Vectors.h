@@ -50,10 +50,10 @@ struct SPlaneBox {
         return point.m_X >= m_Low.m_X && point.m_X <= m_High.m_X && point.m_Y >= m_Low.m_Y &&
                point.m_Y <= m_High.m_Y;
     }
-    /// The point of the box that is nearest to another; of an empty box its upper right corner at most.
+    /// The point of the box that is nearest to another. Where low is above high, a point at low.
     [[nodiscard]] SPoint Nearest(SPoint point) const {
-        return {std::min(std::max(point.m_X, m_Low.m_X), m_High.m_X),
-                std::min(std::max(point.m_Y, m_Low.m_Y), m_High.m_Y)};
+        return {std::max(std::min(point.m_X, m_High.m_X), m_Low.m_X),
+                std::max(std::min(point.m_Y, m_High.m_Y), m_Low.m_Y)};
     }
 };
 

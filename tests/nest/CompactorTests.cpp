@@ -23,16 +23,6 @@ std::vector<SPlace> PlacesAt(const CPackProblem& problem, const std::vector<SPoi
     return places;
 }
 
-SFreePacking PackingOf(const CPackProblem& problem, std::span<const SPlace> places) {
-    std::vector<SFreePlacement> placed;
-    for (size_t i = 0; i < places.size(); ++i) {
-        const SGridPoint at{static_cast<int64_t>(places[i].m_At.m_X),
-                            static_cast<int64_t>(places[i].m_At.m_Y)};
-        placed.push_back(problem.PlacementOf(i, places[i].m_nVersion, at));
-    }
-    return problem.PackingOf(placed);
-}
-
 /// The packing that items at these points are moved to, no farther than the reach; nothing if they still
 /// overlap.
 std::optional<SFreePacking> Compacted(const std::vector<SPiece>& pieces, const SFreeStrip& strip,
@@ -43,7 +33,7 @@ std::optional<SFreePacking> Compacted(const std::vector<SPiece>& pieces, const S
     if (!result || result->m_Overlap > 0.0) {
         return std::nullopt;
     }
-    SFreePacking packing = PackingOf(problem, result->m_Places);
+    SFreePacking packing = PackingOf(problem, SSolution{0.0, result->m_Places});
     EXPECT_EQ(support::FaultOf(pieces, packing), "");
     return packing;
 }
@@ -132,7 +122,8 @@ TEST(Compactor, OfRandomLayoutsIsValidWheneverItFindsAnything) {
         CCompactor compactor(problem);
         const auto moved = compactor.Compact(places, 8.0 / problem.Grid().Length(1));
         if (moved && moved->m_Overlap <= 0.0) {
-            ASSERT_EQ(support::FaultOf(pieces, PackingOf(problem, moved->m_Places)), "") << "case " << i;
+            ASSERT_EQ(support::FaultOf(pieces, PackingOf(problem, SSolution{0.0, moved->m_Places})), "")
+                << "case " << i;
             ++nFound;
         }
     }

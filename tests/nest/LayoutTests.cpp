@@ -114,6 +114,21 @@ TEST(Layout, HasRoomForAVersionWithinTheMargins) {
     EXPECT_LT(layout.RoomFor(0).m_High.m_Y, layout.RoomFor(0).m_Low.m_Y) << "the strip is too low for it";
 }
 
+TEST(Layout, PutsBackWhatSticksOutOfTheStrip) {
+    const std::vector<SPiece> pieces{support::Copies(support::Box(10, 20), 2, {0.0})};
+    const CPackProblem problem(pieces, {WIDTH, 0.0, 5.0}, true);
+    CFieldTable fields(problem);
+    const double unit = 1.0 / problem.Grid().Length(1);
+    const std::vector<SPlace> outside{{SPoint{-50, 300} * unit, 0}, {SPoint{500, -300} * unit, 0}};
+    CLayout layout(problem, fields, outside);
+    layout.Assign(outside, 100 * unit);
+    EXPECT_EQ(layout.PlaceOf(0).m_At, (SPoint{10, 90} * unit));
+    EXPECT_EQ(layout.PlaceOf(1).m_At, (SPoint{90, 15} * unit));
+    // A strip that is too low for an item is left at its top.
+    layout.Assign(outside, 20 * unit);
+    EXPECT_EQ(layout.PlaceOf(0).m_At, (SPoint{10, 15} * unit));
+}
+
 }  // namespace
 
 }  // namespace nestrix

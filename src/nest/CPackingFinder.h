@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "nest/CCompactor.h"
+#include "nest/CLayout.h"
+#include "nest/CSeparator.h"
+
+namespace nestrix {
+
+/// Less than this share of a height is no gain.
+inline constexpr double LEAST_GAIN = 1e-5;
+
+/// Turns layouts that overlap into packings: separates them piece by piece in a strip of a given height, and
+/// on the way compacts those that overlap little. What comes out may be lower than all before, though not as
+/// low as was asked for.
+class CPackingFinder {
+public:
+    CPackingFinder(const CPackProblem& problem, CFieldTable& fields, std::span<const SPlace> places,
+                   CRandom& random, CStepCounter& steps);
+
+    /// @param places where to begin; what sticks out of the strip is put back.
+    /// @param height of the strip to separate in.
+    /// @param lowEnough the height below which the first packing found is taken.
+    /// @return the lowest packing found; nothing if there was none. Takes a step by itself: where nothing
+    /// overlaps, there are no others.
+    [[nodiscard]] std::optional<SSolution> Find(std::span<const SPlace> places, double height,
+                                                const SPatience& patience, double lowEnough);
+
+private:
+    void Compact();
+    [[nodiscard]] bool Keep(const std::vector<SPlace>& places);
+
+    CStepCounter& m_Steps;
+    CLayout m_Layout;
+    CSeparator m_Separator;
+    CCompactor m_Compactor;
+    double m_MostOverlap;  ///< of layouts that are worth a compaction
+    double m_Reach;        ///< of the items in one compaction
+    std::optional<SSolution> m_Found;
+};
+
+}  // namespace nestrix
