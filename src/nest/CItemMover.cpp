@@ -1,5 +1,7 @@
 #include "nest/CItemMover.h"
 
+#include <cmath>
+
 namespace nestrix {
 
 CItemMover::CItemMover(CLayout& layout, const CPairWeights& weights, CRandom& random)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <vector>
 
@@ -12,7 +13,7 @@ namespace nestrix {
 /// A place for an item, and what its overlaps come to there.
 struct SCandidate {
     SPlace m_Place;
-    double m_Value = HUGE_VAL;  ///< its weighted overlap, or at least so much
+    double m_Value = HUGE_VAL;  ///< the item's weighted overlap; no place was found where it is infinite
 };
 
 /// What the overlaps of one item with all others come to, by weight, wherever it is put.
@@ -20,7 +21,7 @@ class CItemOverlap {
 public:
     CItemOverlap(CLayout& layout, const CPairWeights& weights);
 
-    /// From here on to End, this is the item; weights stay as they are meanwhile.
+    /// From here on to End, this is the item. Weights are to stay as they are meanwhile.
     void Begin(size_t nItem);
     void End();
 
@@ -40,7 +41,8 @@ public:
     /// @param limit where the value is at least this, some number from here on to the exact one is returned.
     [[nodiscard]] double ValueAt(const SPlace& place, double limit) const;
 
-    /// How deep a version of the item overlaps each of the others at least, wherever it is put.
+    /// How deep a version of the item overlaps each of the others at least, wherever it is put. Holds as long
+    /// as the fields do.
     void CollectLeastDepths(size_t nVersion, std::vector<SLeastDepths>& depths) const;
 
 private:

@@ -134,19 +134,19 @@ void CPairField::CutIntoCells() {
 SLeastDepths CPairField::LeastDepths(SDirection direction, SPoint origin, double factor) const {
     const double cosine = direction.m_Cosine * m_CellsPerUnit;
     const double sine = direction.m_Sine * m_CellsPerUnit;
-    // One cell on, past the surrounding ones.
+    // The surrounding cells come first: one on.
     const double fromColumn =
         1.0 - cosine * origin.m_X - sine * origin.m_Y - m_Box.m_Low.m_X * m_CellsPerUnit;
     const double fromRow = 1.0 + sine * origin.m_X - cosine * origin.m_Y - m_Box.m_Low.m_Y * m_CellsPerUnit;
-    return {m_Least.data(),
-            m_nColumns + 2,
-            static_cast<float>(cosine),
-            static_cast<float>(sine),
-            static_cast<float>(fromColumn),
-            static_cast<float>(fromRow),
-            static_cast<float>(m_nColumns + 1),
-            static_cast<float>(m_nRows + 1),
-            static_cast<float>(factor)};
+    return {.m_pCells = m_Least.data(),
+            .m_nColumns = m_nColumns + 2,
+            .m_fCosine = static_cast<float>(cosine),
+            .m_fSine = static_cast<float>(sine),
+            .m_fColumn = static_cast<float>(fromColumn),
+            .m_fRow = static_cast<float>(fromRow),
+            .m_fLastColumn = static_cast<float>(m_nColumns + 1),
+            .m_fLastRow = static_cast<float>(m_nRows + 1),
+            .m_fFactor = static_cast<float>(factor)};
 }
 
 CPairField::SNearest CPairField::FindNearest(SPoint at, std::span<const uint16_t> edges) const {

@@ -15,6 +15,8 @@ public:
     CPlaceRefiner(const CItemOverlap& overlap, CRandom& random)
         : m_Overlap(overlap), m_Random(random), m_Vicinity(overlap) {}
 
+    /// Within the room of its version, and never to where it overlaps more, but for rounding.
+    /// @param candidate its value is exact.
     void Refine(SCandidate& candidate);
 
 private:

@@ -14,7 +14,8 @@ constexpr size_t BATCHES_TOUCHING = 3;
 /// How far around the present place, as a share of the item's size.
 constexpr double AROUND_SHARE = 0.5;
 
-/// Of no more items than this all are asked for lower bounds, before any is asked for the exact overlap.
+/// Up to so many items, lower bounds of all of them come first. Of more, most are too far off to matter, and
+/// the bands of the layout tell the neighbours faster.
 constexpr size_t FEW_ITEMS = 128;
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "nest/CItemOverlap.h"
@@ -45,9 +47,9 @@ private:
     CRandom& m_Random;
     std::vector<SBatch> m_Batches;
     std::vector<SRanked> m_Ranked;
+    /// Of versions, for the item of this move; behind those known, others keep their memory.
+    std::vector<std::pair<size_t, std::vector<SLeastDepths>>> m_LeastDepths;
     size_t m_nVersionsKnown = 0;
-    std::vector<std::pair<size_t, std::vector<SLeastDepths>>>
-        m_LeastDepths;  ///< of versions, as many as known
 };
 
 }  // namespace nestrix

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "nest/CHingeModel.h"
@@ -7,19 +8,23 @@
 
 namespace nestrix {
 
-/// The neighbours of an item that is moved a little: gathered once, asked often.
+/// The neighbours of an item that is moved a little: gathered once, asked often, while they stay where they
+/// are.
 class CVicinity {
 public:
     explicit CVicinity(const CItemOverlap& overlap) : m_Overlap(overlap) {}
 
-    /// @param reach how far along either axis the item is expected to be moved.
+    /// @param place from which on the version is moved; first of all.
+    /// @param reach how far along either axis it is expected to be moved. Farther off, neighbours are
+    /// gathered anew.
     void Enter(const SPlace& place, double reach);
 
-    /// What the item's overlaps come to. Farther off than expected, neighbours are gathered anew.
+    /// What the item's overlaps come to.
     /// @param limit where the value is at least this, some number from here on to the exact one is returned.
     [[nodiscard]] double ValueAt(SPoint at, double limit);
 
-    /// The overlaps as hinges, each to be opened a little beyond the border.
+    /// The overlaps as hinges.
+    /// @param beyond how far behind the border each leads.
     /// @return what they come to.
     double GatherHinges(SPoint at, double beyond, std::vector<CHingeModel::SHinge>& hinges);
 
@@ -31,6 +36,7 @@ private:
         uint32_t m_nItem;
     };
 
+    /// Gathers neighbours anew if this is too far off.
     void Follow(SPoint at);
 
     const CItemOverlap& m_Overlap;

@@ -5,15 +5,15 @@
 
 namespace nestrix {
 
-/// What the depths of a field are at least, as a table of cells, seen from where another item lies. Lower
-/// bounds, but for the rounding of single precision, which may look into the next cell.
+/// What the depths of a field are at least, as a table of cells, seen from the strip, in which the field may
+/// be turned. Lower bounds, but for the rounding of single precision, which may look into the next cell.
 struct SLeastDepths {
     const float* m_pCells;  ///< row by row; the outermost ones, all around, hold 0 and stand for all beyond
     int m_nColumns;
-    float m_fCosine, m_fSine;  ///< cells for each unit along the axes
-    float m_fColumn, m_fRow;   ///< of the place 0, 0
-    float m_fLastColumn, m_fLastRow;
-    float m_fFactor;  ///< what the depths are multiplied with
+    float m_fCosine, m_fSine;         ///< of the turn, each times the cells in a unit of length
+    float m_fColumn, m_fRow;          ///< in which the place 0, 0 lies, with the share of the cell
+    float m_fLastColumn, m_fLastRow;  ///< that there are
+    float m_fFactor;                  ///< what the depths are multiplied with
 };
 
 /// Places at which one version is tried, side by side.
