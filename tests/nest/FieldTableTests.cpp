@@ -16,15 +16,6 @@ using support::RandomCases;
 
 constexpr SFreeStrip STRIP{80.0, 0.0, 0.0};
 
-/// A few shapes in many turns, some mirrored.
-std::vector<SPiece> TurnedSet() {
-    std::vector<SPiece> pieces{support::Copies(support::LetterL(24), 1, {0.0, 30.0, 90.0, 200.0}),
-                               support::Copies(support::RightTriangle(20, 15), 1, {0.0, 45.0, 180.0}),
-                               support::Frame(30, 14)};
-    pieces[0].m_bMirrored = true;
-    return pieces;
-}
-
 std::vector<CConvexPart> Turned(std::vector<CConvexPart> parts, double degrees) {
     const SDirection direction = DirectionOf(degrees);
     for (CConvexPart& part : parts) {
@@ -54,7 +45,7 @@ SPoint RandomPoint(CSeededRandom& random, double reach) {
 constexpr double ROUNDING = 1e-3;
 
 TEST(FieldTable, HasTheDepthThatTheFieldOfAnyTwoVersionsHas) {
-    const std::vector<SPiece> pieces = TurnedSet();
+    const std::vector<SPiece> pieces = support::TurnedSet();
     for (const double spacing : {0.0, 2.0}) {
         const CPackProblem problem(pieces, {80.0, spacing, 0.0}, true);
         CFieldTable table(problem);
@@ -77,7 +68,7 @@ TEST(FieldTable, HasTheDepthThatTheFieldOfAnyTwoVersionsHas) {
 }
 
 TEST(FieldTable, KnowsTheWayOutOfTheFirstVersion) {
-    const std::vector<SPiece> pieces = TurnedSet();
+    const std::vector<SPiece> pieces = support::TurnedSet();
     const CPackProblem problem(pieces, STRIP, true);
     CFieldTable table(problem);
     CSeededRandom random(2);
@@ -100,7 +91,7 @@ TEST(FieldTable, KnowsTheWayOutOfTheFirstVersion) {
 }
 
 TEST(FieldTable, HasPlacesOnTheBorderAtWhichTwoVersionsTouch) {
-    const std::vector<SPiece> pieces = TurnedSet();
+    const std::vector<SPiece> pieces = support::TurnedSet();
     const CPackProblem problem(pieces, STRIP, true);
     CFieldTable table(problem);
     CSeededRandom random(3);
@@ -124,7 +115,7 @@ TEST(FieldTable, HasPlacesOnTheBorderAtWhichTwoVersionsTouch) {
 }
 
 TEST(FieldTable, AnswersThreadsAtOnceAsItAnswersOne) {
-    const std::vector<SPiece> pieces = TurnedSet();
+    const std::vector<SPiece> pieces = support::TurnedSet();
     const CPackProblem problem(pieces, STRIP, true);
     const double reach = 20.0 / problem.Grid().Length(1);
     const auto ask = [&problem, reach](CFieldTable& table) {

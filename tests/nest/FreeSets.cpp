@@ -36,6 +36,13 @@ std::vector<SPiece> MixedSet() {
             Copies(Frame(30, 14), 2, {0.0}), Copies(RegularPiece(7, 6.0), 3, {0.0, 180.0})};
 }
 
+std::vector<SPiece> TurnedSet() {
+    std::vector<SPiece> pieces{Copies(LetterL(24), 1, {0.0, 30.0, 90.0, 200.0}),
+                               Copies(RightTriangle(20, 15), 1, {0.0, 45.0, 180.0}), Frame(30, 14)};
+    pieces[0].m_bMirrored = true;
+    return pieces;
+}
+
 std::vector<SPiece> RandomBoxes(CSeededRandom& random, int nPieces, int nMost) {
     std::vector<SPiece> pieces;
     for (int i = 0; i < nPieces; ++i) {

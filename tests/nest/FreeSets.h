@@ -22,6 +22,9 @@ namespace nestrix::support {
 /// Sixteen copies of four pieces, convex and not, with a hole, turned by quarters; up to 30 wide.
 [[nodiscard]] std::vector<SPiece> MixedSet();
 
+/// A few shapes in many turns, some mirrored.
+[[nodiscard]] std::vector<SPiece> TurnedSet();
+
 /// Boxes of 1 to nMost in whole units, some in several copies and turns.
 [[nodiscard]] std::vector<SPiece> RandomBoxes(CSeededRandom& random, int nPieces, int nMost);
 

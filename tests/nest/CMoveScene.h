@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "nest/CLayout.h"
+#include "nest/CPairWeights.h"
+#include "tests/support/CSeededRandom.h"
+
+namespace nestrix::support {
+
+/// Items in a strip, as a move finds them: laid anywhere, many on others, with weights between some of them.
+/// Lengths are those of the pieces as drawn; places are in units of the grid, as everywhere in a search.
+class CMoveScene {
+public:
+    CMoveScene(std::vector<SPiece> pieces, const SFreeStrip& strip, double height, uint64_t nSeed);
+
+    [[nodiscard]] CLayout& Layout() { return m_Layout; }
+    [[nodiscard]] const CPairWeights& Weights() const { return m_Weights; }
+    [[nodiscard]] CSeededRandom& Random() { return m_Random; }
+
+    [[nodiscard]] double InUnits(double length) const { return length / m_Problem.Grid().Length(1); }
+    /// In units, too.
+    [[nodiscard]] double Slack() const { return m_Problem.Slack(); }
+
+    /// The middle of an item's first version, which need not be in the strip.
+    void Put(size_t nItem, double x, double y);
+
+    /// The strip gets another height, and nothing is moved.
+    void SetHeight(double height);
+
+    [[nodiscard]] const std::vector<size_t>& VersionsOf(size_t nItem) const;
+    [[nodiscard]] bool IsInRoom(const SPlace& place) const;
+
+    /// A place in the room of any version of the item.
+    [[nodiscard]] SPlace DrawPlace(size_t nItem);
+    /// So far at most from another point, along either axis.
+    [[nodiscard]] SPoint DrawAround(SPoint middle, double reach);
+
+private:
+    std::vector<SPiece> m_Pieces;
+    CPackProblem m_Problem;
+    CFieldTable m_Fields;
+    CLayout m_Layout;
+    CPairWeights m_Weights;
+    CSeededRandom m_Random;
+};
+
+}  // namespace nestrix::support

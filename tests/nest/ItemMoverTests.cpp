@@ -1,0 +1,133 @@
+#include "nest/CItemMover.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/nest/CMoveScene.h"
+#include "tests/nest/FreeSets.h"
+#include "tests/support/RandomCases.h"
+
+namespace nestrix {
+
+namespace {
+
+using support::CMoveScene;
+using support::RandomCases;
+
+constexpr SFreeStrip STRIP{80.0, 1.0, 2.0};
+
+double OverlapOf(CMoveScene& scene, size_t nItem) {
+    CItemOverlap overlap(scene.Layout(), scene.Weights());
+    overlap.Begin(nItem);
+    return overlap.ValueAt(scene.Layout().PlaceOf(nItem), HUGE_VAL);
+}
+
+/// Moves items at random, so many times, and examines each move.
+/// @return how many made an overlap less.
+int CountGains(CMoveScene& scene, int nMoves) {
+    CRandom random(1);
+    CItemMover mover(scene.Layout(), scene.Weights(), random);
+    int nGains = 0;
+    for (int i = 0; i < nMoves; ++i) {
+        const size_t nItem = scene.Random().Index(scene.Layout().Count());
+        const std::vector<SPlace> places = scene.Layout().Places();
+        const double before = OverlapOf(scene, nItem);
+        const bool bMoved = mover.Move(nItem);
+        const double after = OverlapOf(scene, nItem);
+        // The neighbours may be summed up in another order.
+        EXPECT_LE(after, before * (1.0 + 1e-9));
+        EXPECT_TRUE(scene.IsInRoom(scene.Layout().PlaceOf(nItem)));
+        for (size_t k = 0; k < places.size(); ++k) {
+            const bool bSame = scene.Layout().PlaceOf(k).m_At == places[k].m_At &&
+                               scene.Layout().PlaceOf(k).m_nVersion == places[k].m_nVersion;
+            EXPECT_TRUE(bSame || (bMoved && k == nItem)) << "moved besides " << nItem << ": " << k;
+        }
+        EXPECT_TRUE(before > 0.0 || !bMoved) << "nothing was in the way";
+        nGains += after < before ? 1 : 0;
+    }
+    return nGains;
+}
+
+TEST(ItemMover, MovesTheItemAloneAndNeverToWhereItOverlapsMoreOrLeavesTheStrip) {
+    CMoveScene scene(support::MixedSet(), STRIP, 60.0, 1);
+    EXPECT_GT(CountGains(scene, RandomCases(400)), 40);
+}
+
+TEST(ItemMover, MovesOneOfManyItemsJustSo) {
+    std::vector<SPiece> pieces = support::MixedSet();
+    for (SPiece& piece : pieces) {
+        piece.m_nQuantity *= 9;
+    }
+    CMoveScene scene(std::move(pieces), STRIP, 500.0, 2);
+    EXPECT_GT(CountGains(scene, RandomCases(400)), 40);
+}
+
+/// Each two figures in each of 120 turns against each other: 120 fields for each of 276 pairs, of which the
+/// table holds 250, so that the first pairs and the last ones push out each other.
+std::vector<SPiece> SetOfTooManyFields() {
+    std::vector<SPiece> pieces;
+    for (int i = 0; i < 23; ++i) {
+        pieces.push_back(support::LetterL(20.0 + 0.1 * i));
+    }
+    for (int i = 1; i < 120; ++i) {
+        pieces[10].m_Turns.m_Degrees.push_back(3.0 * i);
+    }
+    return pieces;
+}
+
+TEST(ItemMover, MovesItemsWhoseFieldsPushOutEachOther) {
+    CMoveScene scene(SetOfTooManyFields(), STRIP, 50.0, 3);
+    ASSERT_FALSE(CFieldTable::FitsAll(scene.Layout().Problem()));
+    CFieldTable& fields = scene.Layout().Fields();
+    const auto fieldOf = [&](size_t nItem, size_t nOther) {
+        return fields.WayOf(scene.VersionsOf(nItem).front(), scene.VersionsOf(nOther).front()).m_pField;
+    };
+    const CPairField* const pField = fieldOf(0, 2);
+    ASSERT_EQ(fieldOf(0, 2), pField);
+    (void)fieldOf(0, 22);
+    ASSERT_NE(fieldOf(0, 2), pField) << "pushed out";
+    EXPECT_GT(CountGains(scene, RandomCases(400)), 20);
+}
+
+TEST(ItemMover, TakesAllItemsApartWhereThereIsRoom) {
+    CMoveScene scene(support::MixedSet(), STRIP, 200.0, 4);
+    CRandom random(2);
+    CItemMover mover(scene.Layout(), scene.Weights(), random);
+    for (size_t nItem = 0; nItem < scene.Layout().Count(); ++nItem) {
+        (void)mover.Move(nItem);
+    }
+    for (size_t nItem = 0; nItem < scene.Layout().Count(); ++nItem) {
+        EXPECT_EQ(OverlapOf(scene, nItem), 0.0) << nItem;
+    }
+}
+
+TEST(ItemMover, MovesAsBeforeFromTheSameSeed) {
+    std::vector<SPlace> places[2];
+    for (std::vector<SPlace>& ended : places) {
+        CMoveScene scene(support::MixedSet(), STRIP, 60.0, 5);
+        CRandom random(3);
+        CItemMover mover(scene.Layout(), scene.Weights(), random);
+        for (size_t i = 0; i < 50; ++i) {
+            (void)mover.Move(i % scene.Layout().Count());
+        }
+        ended = scene.Layout().Places();
+    }
+    for (size_t i = 0; i < places[0].size(); ++i) {
+        EXPECT_EQ(places[0][i].m_At, places[1][i].m_At);
+        EXPECT_EQ(places[0][i].m_nVersion, places[1][i].m_nVersion);
+    }
+}
+
+TEST(ItemMover, InAStripTooLowForAnItemNeverMakesItOverlapMore) {
+    CMoveScene scene({support::Copies(support::Box(10.0, 10.0), 2)}, {40.0, 0.0, 0.0}, 40.0, 6);
+    scene.Put(0, 20.0, 5.0);
+    scene.Put(1, 22.0, 5.0);
+    scene.SetHeight(8.0);
+    CRandom random(4);
+    const double before = OverlapOf(scene, 1);
+    (void)CItemMover(scene.Layout(), scene.Weights(), random).Move(1);
+    EXPECT_LE(OverlapOf(scene, 1), before);
+}
+
+}  // namespace
+
+}  // namespace nestrix
