@@ -49,7 +49,7 @@ int CountGains(CMoveScene& scene, int nMoves) {
 
 TEST(ItemMover, MovesTheItemAloneAndNeverToWhereItOverlapsMoreOrLeavesTheStrip) {
     CMoveScene scene(support::MixedSet(), STRIP, 60.0, 1);
-    EXPECT_GT(CountGains(scene, RandomCases(400)), 40);
+    EXPECT_GT(CountGains(scene, RandomCases(400)), 20);
 }
 
 TEST(ItemMover, MovesOneOfManyItemsJustSo) {
@@ -66,9 +66,10 @@ TEST(ItemMover, MovesOneOfManyItemsJustSo) {
 std::vector<SPiece> SetOfTooManyFields() {
     std::vector<SPiece> pieces;
     for (int i = 0; i < 23; ++i) {
-        pieces.push_back(support::LetterL(20.0 + 0.1 * i));
+        pieces.push_back(support::Copies(support::LetterL(20.0 + 0.1 * i), 1, {0.0, 180.0}));
     }
-    for (int i = 1; i < 120; ++i) {
+    pieces[10].m_Turns.m_Degrees.clear();
+    for (int i = 0; i < 120; ++i) {
         pieces[10].m_Turns.m_Degrees.push_back(3.0 * i);
     }
     return pieces;
@@ -85,7 +86,7 @@ TEST(ItemMover, MovesItemsWhoseFieldsPushOutEachOther) {
     ASSERT_EQ(fieldOf(0, 2), pField);
     (void)fieldOf(0, 22);
     ASSERT_NE(fieldOf(0, 2), pField) << "pushed out";
-    EXPECT_GT(CountGains(scene, RandomCases(400)), 20);
+    EXPECT_GT(CountGains(scene, RandomCases(300)), 20);
 }
 
 TEST(ItemMover, TakesAllItemsApartWhereThereIsRoom) {
@@ -117,15 +118,20 @@ TEST(ItemMover, MovesAsBeforeFromTheSameSeed) {
     }
 }
 
-TEST(ItemMover, InAStripTooLowForAnItemNeverMakesItOverlapMore) {
-    CMoveScene scene({support::Copies(support::Box(10.0, 10.0), 2)}, {40.0, 0.0, 0.0}, 40.0, 6);
-    scene.Put(0, 20.0, 5.0);
-    scene.Put(1, 22.0, 5.0);
+TEST(ItemMover, KeepsAnItemForWhichTheStripIsTooLowInAVersionOfItsOwn) {
+    CMoveScene scene({support::Box(2.0, 2.0), support::Copies(support::Box(10.0, 10.0), 2)}, {40.0, 0.0, 0.0},
+                     40.0, 6);
     scene.SetHeight(8.0);
-    CRandom random(4);
-    const double before = OverlapOf(scene, 1);
-    (void)CItemMover(scene.Layout(), scene.Weights(), random).Move(1);
-    EXPECT_LE(OverlapOf(scene, 1), before);
+    for (uint64_t nSeed = 0; nSeed < 20; ++nSeed) {
+        scene.Put(0, 35.0, 5.0);
+        scene.Put(1, 20.0, 5.0);
+        scene.Put(2, 22.0, 5.0);
+        const double before = OverlapOf(scene, 2);
+        CRandom random(nSeed);
+        (void)CItemMover(scene.Layout(), scene.Weights(), random).Move(2);
+        EXPECT_EQ(scene.Layout().PlaceOf(2).m_nVersion, scene.VersionsOf(2).front());
+        EXPECT_LE(OverlapOf(scene, 2), before);
+    }
 }
 
 }  // namespace

@@ -132,7 +132,8 @@ TEST_P(PlaceSampler, FindsAPlaceWithoutOverlapWhereMostOfTheStripIsFree) {
     }
 }
 
-/// Boxes in three columns, side by side, but for one in the middle, which lies so far from its gap.
+/// Boxes in three columns, side by side, but for one in the middle, which lies so far from the lower left end
+/// of its gap.
 class CWall {
 public:
     static constexpr int COLUMNS = 3;
@@ -179,8 +180,8 @@ TEST(PlaceSamplerInAWall, FindsAGapAsLargeAsTheItemWhereItTouchesTheOthers) {
 }
 
 TEST(PlaceSamplerInAWall, FindsAGapThatIsNearOneOfManyItems) {
-    EXPECT_GT(CWall(30, 13.0, 3.0).CountFinds(), 80) << "few enough to be ranked";
-    EXPECT_GT(CWall(60, 13.0, 3.0).CountFinds(), 80);
+    EXPECT_GT(CWall(30, 13.0, -1.5).CountFinds(), 80) << "few enough to be ranked";
+    EXPECT_GT(CWall(60, 13.0, -1.5).CountFinds(), 80);
 }
 
 }  // namespace
