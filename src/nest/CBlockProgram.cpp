@@ -18,20 +18,6 @@ constexpr double TIGHT = 20.0;
 /// An item that is as wide as the strip but for this, in units, is as wide: items are not on the grid yet.
 constexpr double AS_WIDE = 1e-3;
 
-/// Rounding moves each of two items by half a unit along both axes at most. What runs along an axis is exact:
-/// the items' distance is a whole number, which rounding both leaves as it is.
-double LostByRounding(SPoint normal) {
-    constexpr double ON_AXIS = 1e-9;
-    const bool bAxis = std::abs(normal.m_X) < ON_AXIS || std::abs(normal.m_Y) < ON_AXIS;
-    return bAxis ? 0.0 : std::abs(normal.m_X) + std::abs(normal.m_Y) + 0.1;
-}
-
-const SHalfPlane& BestSide(const SForbiddenRegion& region, SPoint at) {
-    return *std::max_element(
-        region.m_Sides.begin(), region.m_Sides.end(),
-        [at](const SHalfPlane& a, const SHalfPlane& b) { return a.Outside(at) < b.Outside(at); });
-}
-
 bool HasNoOverlap(const SCompaction& compaction) {
     return compaction.m_Overlap < NO_OVERLAP;
 }
@@ -41,11 +27,11 @@ bool HasNoOverlap(const SCompaction& compaction) {
 CBlockProgram::CBlockProgram(const CPackProblem& problem, CExactParts& parts, std::span<const SPlace> places,
                              std::span<const size_t> items, double reach)
     : m_Problem(problem),
-      m_Parts(parts),
       m_Places(places),
       m_Reach(reach),
       m_Farthest(static_cast<double>(problem.Strip().m_nSpacing) + 2.0 * reach),
-      m_Numbers(places.size(), NOT_MOVABLE) {
+      m_Numbers(places.size(), NOT_MOVABLE),
+      m_PartPairs(parts, static_cast<double>(problem.Strip().m_nSpacing), reach) {
     AddItems(items);
     AddPairs();
 }
@@ -66,6 +52,10 @@ SMovable CBlockProgram::MovableOf(size_t nItem) const {
     }
     return {{{std::max(low.m_X, -m_Reach), std::max(low.m_Y, -m_Reach)}, {std::min(right, m_Reach), m_Reach}},
             box.m_High.m_Y};
+}
+
+CPartPairs::SItem CBlockProgram::ItemOf(size_t nItem) const {
+    return {m_Numbers[nItem], m_Places[nItem].m_nVersion, m_Places[nItem].m_At};
 }
 
 void CBlockProgram::AddItems(std::span<const size_t> items) {
@@ -104,43 +94,23 @@ void CBlockProgram::AddPairs() {
         for (size_t k = i + 1; k < near.size() && near[k].m_Box.m_Low.m_Y < top; ++k) {
             const bool bMove = Moves(near[i].m_nItem) || Moves(near[k].m_nItem);
             if (bMove && GapOf(near[i].m_Box, near[k].m_Box) < m_Farthest) {
-                AddPair(near[i].m_nItem, near[k].m_nItem);
+                m_PartPairs.Add(ItemOf(near[i].m_nItem), ItemOf(near[k].m_nItem));
             }
         }
     }
 }
 
-/// A row for each two of their parts that can reach each other.
-void CBlockProgram::AddPair(size_t nFirst, size_t nSecond) {
-    const double spacing = static_cast<double>(m_Problem.Strip().m_nSpacing);
-    const double farthest = spacing + 2.0 * std::sqrt(2.0) * m_Reach;
-    const SPlace& first = m_Places[nFirst];
-    const SPlace& second = m_Places[nSecond];
-    const size_t nPair = m_nPairs++;
-    for (const CExactParts::SPart& own : m_Parts.Of(first.m_nVersion)) {
-        for (const CExactParts::SPart& its : m_Parts.Of(second.m_nVersion)) {
-            if (GapOf(BoxAt(own.m_Box, first.m_At), BoxAt(its.m_Box, second.m_At)) >= farthest) {
-                continue;
-            }
-            const SForbiddenRegion region = FindForbiddenRegion(its.m_Part, own.m_Part, spacing);
-            const SHalfPlane& side = BestSide(region, first.m_At - second.m_At);
-            const double outside = side.Outside(first.m_At - second.m_At);
-            if (outside < farthest) {
-                const double lost = LostByRounding(side.m_Normal);
-                m_Rows.push_back(
-                    {nPair, m_Numbers[nFirst], m_Numbers[nSecond], side.m_Normal, lost - outside, lost});
-            }
-        }
-    }
-}
-
-std::optional<SCompaction> CBlockProgram::Solve() const {
-    std::optional<SCompaction> compaction = SolveCompaction(m_Movable, m_Rows, m_FixedTop, m_Reach);
+std::optional<SCompaction> CBlockProgram::Solve() {
+    CCompactionProgram program(m_Movable, m_FixedTop, m_Reach);
+    program.Add(m_PartPairs.TakeNear());
+    std::optional<SCompaction> compaction = SolveWithRows(program);
     if (!compaction) {
         return std::nullopt;
     }
     if (!HasNoOverlap(*compaction) && compaction->m_Overlap < TIGHT) {
-        std::optional<SCompaction> tight = SolveTightly();
+        program.Tighten();
+        m_PartPairs.Tighten();
+        std::optional<SCompaction> tight = SolveWithRows(program);
         if (tight && HasNoOverlap(*tight)) {
             compaction = std::move(tight);
         }
@@ -151,13 +121,19 @@ std::optional<SCompaction> CBlockProgram::Solve() const {
     return compaction;
 }
 
-/// With nothing left for rounding.
-std::optional<SCompaction> CBlockProgram::SolveTightly() const {
-    std::vector<SKeepApart> rows = m_Rows;
-    for (SKeepApart& row : rows) {
-        row.m_Least -= row.m_Lost;
+/// Solves the program, and adds the rows that its solution violates, until it violates none.
+std::optional<SCompaction> CBlockProgram::SolveWithRows(CCompactionProgram& program) {
+    while (true) {
+        std::optional<SCompaction> compaction = program.Solve();
+        if (!compaction) {
+            return std::nullopt;
+        }
+        const std::vector<SKeepApart> violated = m_PartPairs.TakeOverlapping(compaction->m_Moves);
+        if (violated.empty()) {
+            return compaction;
+        }
+        program.Add(violated);
     }
-    return SolveCompaction(m_Movable, rows, m_FixedTop, m_Reach);
 }
 
 }  // namespace nestrix

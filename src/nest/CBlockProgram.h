@@ -4,9 +4,10 @@
 #include <span>
 #include <vector>
 
+#include "nest/CCompactionProgram.h"
 #include "nest/CExactParts.h"
 #include "nest/CLayout.h"
-#include "nest/CompactionProgram.h"
+#include "nest/CPartPairs.h"
 
 namespace nestrix {
 
@@ -21,7 +22,7 @@ public:
 
     /// Moves which, rounded to the grid, leave the overlap that is told: 0 for none.
     /// @return nothing where there is no solution: an item is too far out of the strip.
-    [[nodiscard]] std::optional<SCompaction> Solve() const;
+    [[nodiscard]] std::optional<SCompaction> Solve();
 
 private:
     struct SNeighbour {
@@ -31,15 +32,14 @@ private:
 
     void AddItems(std::span<const size_t> items);
     void AddPairs();
-    void AddPair(size_t nFirst, size_t nSecond);
     [[nodiscard]] std::vector<SNeighbour> FindNeighbourhood() const;
-    [[nodiscard]] std::optional<SCompaction> SolveTightly() const;
+    [[nodiscard]] std::optional<SCompaction> SolveWithRows(CCompactionProgram& program);
     [[nodiscard]] bool Moves(size_t nItem) const { return m_Numbers[nItem] != NOT_MOVABLE; }
     [[nodiscard]] SPlaneBox BoxOf(size_t nItem) const;
     [[nodiscard]] SMovable MovableOf(size_t nItem) const;
+    [[nodiscard]] CPartPairs::SItem ItemOf(size_t nItem) const;
 
     const CPackProblem& m_Problem;
-    CExactParts& m_Parts;
     std::span<const SPlace> m_Places;
     double m_Reach;
     double m_Farthest;              ///< boxes that are farther apart along an axis stay apart
@@ -47,8 +47,7 @@ private:
     std::vector<SMovable> m_Movable;
     SPlaneBox m_Around;       ///< of all items that move
     double m_FixedTop = 0.0;  ///< the highest of the items that do not
-    size_t m_nPairs = 0;
-    std::vector<SKeepApart> m_Rows;
+    CPartPairs m_PartPairs;
 };
 
 }  // namespace nestrix

@@ -30,6 +30,15 @@ std::vector<SPoint> EdgesOf(const CConvexPart& part, size_t nLowest) {
     return edges;
 }
 
+CConvexPart Mirrored(const CConvexPart& moves) {
+    CConvexPart mirrored;
+    mirrored.reserve(moves.size());
+    for (const SPoint point : moves) {
+        mirrored.push_back(-point);
+    }
+    return mirrored;
+}
+
 /// The Minkowski sum: the edges of both in the order of their directions. Parallel ones become one.
 CConvexPart MinkowskiSum(const CConvexPart& one, const CConvexPart& other) {
     const size_t nOne = LowestOf(one);
@@ -109,13 +118,16 @@ void DropParallelSides(std::vector<SHalfPlane>& sides) {
 
 }  // namespace
 
+SHalfPlane FindFarthestSide(const CConvexPart& stays, const CConvexPart& moves, double outward,
+                            SPoint point) {
+    const std::vector<SHalfPlane> sides = SidesOf(MinkowskiSum(stays, Mirrored(moves)), outward);
+    return *std::max_element(sides.begin(), sides.end(), [point](const SHalfPlane& a, const SHalfPlane& b) {
+        return a.Outside(point) < b.Outside(point);
+    });
+}
+
 SForbiddenRegion FindForbiddenRegion(const CConvexPart& stays, const CConvexPart& moves, double outward) {
-    CConvexPart mirrored;
-    mirrored.reserve(moves.size());
-    for (const SPoint point : moves) {
-        mirrored.push_back(-point);
-    }
-    SForbiddenRegion region{SidesOf(MinkowskiSum(stays, mirrored), outward), {}, {}};
+    SForbiddenRegion region{SidesOf(MinkowskiSum(stays, Mirrored(moves)), outward), {}, {}};
     DropParallelSides(region.m_Sides);
     const size_t nSides = region.m_Sides.size();
     region.m_Corners.reserve(nSides);

@@ -30,4 +30,8 @@ struct SForbiddenRegion {
 [[nodiscard]] SForbiddenRegion FindForbiddenRegion(const CConvexPart& stays, const CConvexPart& moves,
                                                    double outward);
 
+/// The side of such a region that a point is farthest outside of, or least inside.
+[[nodiscard]] SHalfPlane FindFarthestSide(const CConvexPart& stays, const CConvexPart& moves, double outward,
+                                          SPoint point);
+
 }  // namespace nestrix

@@ -101,33 +101,60 @@ TEST(Compactor, LeavesNoOverlapOfAUnitOnASlope) {
     }
 }
 
-TEST(Compactor, OfRandomLayoutsIsValidWheneverItFindsAnything) {
+/// A grid of cells with room for each item, three in a row, shaken until some overlap.
+std::vector<SPlace> ShakenCells(const CPackProblem& problem, CSeededRandom& random) {
+    std::vector<SPlace> places;
+    for (size_t nItem = 0; nItem < problem.Items().size(); ++nItem) {
+        const std::vector<size_t>& versions = problem.VersionsOf(problem.Items()[nItem]);
+        const SPoint cell{15.5 + 29.0 * static_cast<double>(nItem % 3),
+                          16.0 + 27.0 * static_cast<double>(nItem / 3)};
+        const double x = static_cast<double>(random.Between(-4.0F, 4.0F));
+        places.push_back({(cell + SPoint{x, static_cast<double>(random.Between(-4.0F, 4.0F))}) *
+                              (1.0 / problem.Grid().Length(1)),
+                          versions[random.Index(versions.size())]});
+    }
+    return places;
+}
+
+/// Compacts random layouts, and expects those that come out without overlap to be valid.
+/// @return how many do.
+int CompactRandomLayouts(const std::vector<SPiece>& pieces, int nCases) {
     CSeededRandom random(1);
     int nFound = 0;
-    for (int i = 0; i < RandomCases(400); ++i) {
-        std::vector<SPiece> pieces = support::MixedSet();
+    for (int i = 0; i < nCases; ++i) {
         const double spacing = random.Pick({0.0, 0.7});
         const CPackProblem problem(pieces, {90.0, spacing, random.Pick({0.0, 1.0})}, true);
-        // A grid of cells with room for each, shaken until some overlap.
-        std::vector<SPlace> places;
-        for (size_t nItem = 0; nItem < problem.Items().size(); ++nItem) {
-            const std::vector<size_t>& versions = problem.VersionsOf(problem.Items()[nItem]);
-            const SPoint cell{15.5 + 29.0 * static_cast<double>(nItem % 3),
-                              16.0 + 27.0 * static_cast<double>(nItem / 3)};
-            const double x = static_cast<double>(random.Between(-4.0F, 4.0F));
-            places.push_back({(cell + SPoint{x, static_cast<double>(random.Between(-4.0F, 4.0F))}) *
-                                  (1.0 / problem.Grid().Length(1)),
-                              versions[random.Index(versions.size())]});
-        }
+        const std::vector<SPlace> places = ShakenCells(problem, random);
         CCompactor compactor(problem);
         const auto moved = compactor.Compact(places, 8.0 / problem.Grid().Length(1));
         if (moved && moved->m_Overlap <= 0.0) {
-            ASSERT_EQ(support::FaultOf(pieces, PackingOf(problem, SSolution{0.0, moved->m_Places})), "")
+            EXPECT_EQ(support::FaultOf(pieces, PackingOf(problem, SSolution{0.0, moved->m_Places})), "")
                 << "case " << i;
             ++nFound;
         }
     }
-    EXPECT_GT(nFound, RandomCases(400) / 4);
+    return nFound;
+}
+
+TEST(Compactor, OfRandomLayoutsIsValidWheneverItFindsAnything) {
+    EXPECT_GT(CompactRandomLayouts(support::MixedSet(), RandomCases(400)), RandomCases(400) / 4);
+}
+
+TEST(Compactor, OfPiecesOfManyPartsIsValidWheneverItFindsAnything) {
+    const std::vector<SPiece> flowers{support::Copies(support::Flower(5), 5, {0.0, 90.0}),
+                                      support::Copies(support::Flower(8), 4)};
+    EXPECT_GT(CompactRandomLayouts(flowers, RandomCases(60)), RandomCases(60) / 4);
+}
+
+TEST(Compactor, PutsTheTeethOfTwoCombsIntoEachOther) {
+    const std::vector<SPiece> combs{support::Comb(12), support::Copies(support::Comb(12), 1, {180.0})};
+    EXPECT_EQ(HeightOf(Compacted(combs, {240.0, 0.0, 0.0}, {{115, 22}, {125, 37}}, 9.0)), 50.0);
+}
+
+TEST(Compactor, LetsNoneOfManyPartsFallOntoThoseThatWereFarBefore) {
+    // The upper comb's teeth are above the lower one's: all eight meet at once, after a fall of 6.
+    const std::vector<SPiece> combs{support::Comb(8), support::Copies(support::Comb(8), 1, {180.0})};
+    EXPECT_EQ(HeightOf(Compacted(combs, {150.0, 0.0, 0.0}, {{75, 20}, {75, 66}}, 9.0)), 80.0);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "tests/nest/FreeSets.h"
 
+#include <cmath>
+#include <numbers>
 #include <utility>
 
 #include "certify/Certify.h"
@@ -28,6 +30,29 @@ SPiece LetterL(double side) {
 SPiece Frame(double side, double holeSide) {
     const double border = (side - holeSide) / 2;
     return PieceOf(RectangleRing(0, 0, side, side), {RectangleRing(border, border, holeSide, holeSide)});
+}
+
+SPiece Comb(int nTeeth) {
+    CRing outline{{0, 0}, {20.0 * nTeeth - 10.0, 0}};
+    for (int i = nTeeth - 1; i >= 0; --i) {
+        const double left = 20.0 * i;
+        outline.insert(outline.end(), {{left + 10, 40}, {left, 40}});
+        if (i > 0) {
+            outline.insert(outline.end(), {{left, 10}, {left - 10, 10}});
+        }
+    }
+    return PieceOf(std::move(outline));
+}
+
+SPiece Flower(int nWaves) {
+    constexpr int POINTS = 60;
+    CRing outline;
+    for (int i = 0; i < POINTS; ++i) {
+        const double angle = 2.0 * std::numbers::pi * i / POINTS;
+        const double radius = 10.0 + 3.0 * std::cos(nWaves * angle);
+        outline.push_back({radius * std::cos(angle), radius * std::sin(angle)});
+    }
+    return PieceOf(std::move(outline));
 }
 
 std::vector<SPiece> MixedSet() {

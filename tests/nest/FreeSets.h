@@ -19,6 +19,11 @@ namespace nestrix::support {
 /// A square with a square hole in its middle.
 [[nodiscard]] SPiece Frame(double side, double holeSide);
 
+/// So many teeth, 10 wide, 30 high and 10 apart, on a bar 10 high.
+[[nodiscard]] SPiece Comb(int nTeeth);
+/// Round but for so many waves, and cut into many convex parts; up to 26 wide.
+[[nodiscard]] SPiece Flower(int nWaves);
+
 /// Sixteen copies of four pieces, convex and not, with a hole, turned by quarters; up to 30 wide.
 [[nodiscard]] std::vector<SPiece> MixedSet();
 
