@@ -49,8 +49,9 @@ public:
     CCompactionProgram(const CCompactionProgram&) = delete;
     CCompactionProgram& operator=(const CCompactionProgram&) = delete;
 
-    /// An overlap of a pair is counted once, however many lines it is on the wrong side of. A pair overlaps
-    /// if a row of it has a least above 0; its rows of an earlier call, if none had, still leave nothing.
+    /// Of a pair with an overlap, which is one with a row whose least is above 0, what moves leave of it is
+    /// counted once, however many lines it is on the wrong side of. Rows of the pair from calls before the
+    /// first such row leave nothing.
     void Add(std::span<const SKeepApart> rows);
 
     /// Leaves nothing for rounding in the rows that there are.

@@ -89,6 +89,8 @@ TEST(CompactionProgram, OnceTightenedLeavesNothingForRounding) {
     EXPECT_DOUBLE_EQ(program.Solve()->m_Moves.front().m_Y, -3.0);
     program.Tighten();
     EXPECT_DOUBLE_EQ(program.Solve()->m_Moves.front().m_Y, -4.0);
+    program.Tighten();
+    EXPECT_DOUBLE_EQ(program.Solve()->m_Moves.front().m_Y, -4.0);
     program.Add(CRows{{1, 0, NOT_MOVABLE, UP, -2.0, 1.0}});
     EXPECT_DOUBLE_EQ(program.Solve()->m_Moves.front().m_Y, -2.0);
 }

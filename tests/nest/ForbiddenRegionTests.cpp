@@ -51,6 +51,18 @@ TEST(ForbiddenRegion, IsMirroredWhereTheTwoAreExchanged) {
     }
 }
 
+TEST(ForbiddenRegion, HasTheSideThatAPointIsFarthestOutsideOf) {
+    CSeededRandom random(4);
+    for (const double outward : {0.0, 3.0}) {
+        const SForbiddenRegion region = FindForbiddenRegion(SQUARE, TRIANGLE, outward);
+        for (int i = 0; i < RandomCases(100); ++i) {
+            const SPoint at{0.1 * random.Range(-250, 250), 0.1 * random.Range(-250, 250)};
+            const SHalfPlane side = FindFarthestSide(SQUARE, TRIANGLE, outward, at);
+            EXPECT_NEAR(side.Outside(at), OutsideOf(region, at), 1e-9);
+        }
+    }
+}
+
 TEST(ForbiddenRegion, BeginsItsSidesAtItsCorners) {
     const SForbiddenRegion region = FindForbiddenRegion(SQUARE, TRIANGLE, 3.0);
     for (size_t i = 0; i < region.m_Sides.size(); ++i) {

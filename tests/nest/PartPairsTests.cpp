@@ -90,9 +90,11 @@ TEST(PartPairs, HaveARowIfTheyCanMeetByTheFarthestMovesOfAll) {
               1U);
 }
 
-TEST(PartPairs, HaveNoRowWhereTheyPassEachOther) {
-    CTwoItems items(TWO_SQUARES, 0.0, {0, 0}, {15, 3});
-    EXPECT_TRUE(items.TakeOverlapping({8, 8}, {0, -8}).empty());
+TEST(PartPairs, HaveNoRowWhereAMoveBringsThemToAnotherSideOfEachOther) {
+    const SPiece diamond = support::PieceOf({{5, 0}, {10, 5}, {5, 10}, {0, 5}});
+    CTwoItems items({support::Copies(diamond, 2)}, 0.0, {0, 0}, {10, 4});
+    EXPECT_TRUE(items.TakeOverlapping({3, 5}, {-3, -6}).empty());
+    EXPECT_EQ(items.TakeOverlapping({3, 3}, {-3, -6}).size(), 1U);
 }
 
 TEST(PartPairs, HaveARowWhereTheirBoxesAreApartButForTheSpacing) {
@@ -117,18 +119,23 @@ TEST(PartPairs, KeepSomethingForRoundingOnASlopeUnlessTightened) {
     EXPECT_EQ(moved.front().m_Lost, 0.0);
 }
 
-TEST(PartPairs, OfTwoItemsBeginWithThoseThatOverlapMost) {
-    // The bar lies a little askew on eight teeth: the farther to the right, the deeper.
-    const SPiece bar = support::PieceOf({{0, 1}, {150, 0}, {150, 10}, {0, 10}});
+/// Lays a bar onto eight teeth, a little askew: some are deeper in it than others.
+void ExpectDeepestFirst(const SPiece& bar) {
     CTwoItems items({support::Comb(8), bar}, 0.0, {0, 0}, {0, 23});
     const std::vector<SKeepApart> first = items.TakeNear();
     const std::vector<SKeepApart> others = items.TakeOverlapping(STAYS, STAYS);
     EXPECT_EQ(first.size() + others.size(), 8U);
+    EXPECT_FALSE(others.empty());
     for (const SKeepApart& deep : first) {
         for (const SKeepApart& shallow : others) {
             EXPECT_GT(deep.m_Least, shallow.m_Least);
         }
     }
+}
+
+TEST(PartPairs, OfTwoItemsBeginWithThoseThatOverlapMost) {
+    ExpectDeepestFirst(support::PieceOf({{0, 1}, {150, 0}, {150, 10}, {0, 10}}));
+    ExpectDeepestFirst(support::PieceOf({{0, 0}, {150, 1}, {150, 10}, {0, 10}}));
 }
 
 }  // namespace
