@@ -12,11 +12,13 @@ namespace {
 /// Layouts that overlap more than so much of the items' size on an average are not compacted.
 constexpr double MOST_OVERLAP_SHARE = 0.1;
 
-/// Of more items than this a compaction takes long: it waits for less overlap, and then each time until the
-/// overlap has become so much less.
+/// Of more items than this a compaction takes long, and waits for less overlap.
 constexpr size_t FEW_ITEMS = 64;
 constexpr double MOST_OVERLAP_SHARE_OF_MANY = 0.003;
-constexpr double NEXT_TRY = 0.5;
+
+/// Then the overlap must have become so much less for the next one.
+constexpr double NEXT_TRY = 0.7;
+constexpr double NEXT_TRY_OF_MANY = 0.5;
 
 /// How far the items move in one compaction, as a share of their size; how many compactions follow each
 /// other, as long as they gain; and what overlap must become for another try to take the rest apart.
@@ -51,7 +53,7 @@ std::optional<SSolution> CPackingFinder::Find(std::span<const SPlace> places, do
         if (overlap > tried) {
             return false;
         }
-        tried = m_Layout.Count() > FEW_ITEMS ? overlap * NEXT_TRY : m_MostOverlap;
+        tried = overlap * (m_Layout.Count() > FEW_ITEMS ? NEXT_TRY_OF_MANY : NEXT_TRY);
         Compact();
         return m_Found && m_Found->m_Height < lowEnough;
     };
