@@ -26,7 +26,7 @@ public:
     /// The middle of an item's first version, which need not be in the strip.
     void Put(size_t nItem, double x, double y);
 
-    /// The strip gets another height, and nothing is moved.
+    /// The strip gets another height; what sticks out of it then is put back.
     void SetHeight(double height);
 
     [[nodiscard]] const std::vector<size_t>& VersionsOf(size_t nItem) const;

@@ -118,7 +118,7 @@ TEST(ItemMover, MovesAsBeforeFromTheSameSeed) {
     }
 }
 
-TEST(ItemMover, KeepsAnItemForWhichTheStripIsTooLowInAVersionOfItsOwn) {
+TEST(ItemMover, KeepsAnItemForWhichTheStripIsTooLowOnTheFloorInAVersionOfItsOwn) {
     CMoveScene scene({support::Box(2.0, 2.0), support::Copies(support::Box(10.0, 10.0), 2)}, {40.0, 0.0, 0.0},
                      40.0, 6);
     scene.SetHeight(8.0);
@@ -129,7 +129,9 @@ TEST(ItemMover, KeepsAnItemForWhichTheStripIsTooLowInAVersionOfItsOwn) {
         const double before = OverlapOf(scene, 2);
         CRandom random(nSeed);
         (void)CItemMover(scene.Layout(), scene.Weights(), random).Move(2);
-        EXPECT_EQ(scene.Layout().PlaceOf(2).m_nVersion, scene.VersionsOf(2).front());
+        const SPlace& place = scene.Layout().PlaceOf(2);
+        EXPECT_EQ(place.m_nVersion, scene.VersionsOf(2).front());
+        EXPECT_EQ(place.m_At.m_Y, scene.Layout().RoomFor(place.m_nVersion).m_Low.m_Y);
         EXPECT_LE(OverlapOf(scene, 2), before);
     }
 }
