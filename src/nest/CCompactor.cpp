@@ -10,11 +10,8 @@ namespace nestrix {
 namespace {
 
 /// So many items move at a time if those are all of them, and so many if there are more.
-constexpr size_t MOST_AT_ONCE = 120;
-constexpr size_t ITEMS_IN_BLOCK = 48;
-
-/// How often all blocks have their turn: the second time to mend what the first left between them.
-constexpr int BLOCK_ROUNDS = 2;
+constexpr size_t MOST_AT_ONCE = 400;
+constexpr size_t ITEMS_IN_BLOCK = 200;
 
 }  // namespace
 
@@ -47,17 +44,14 @@ std::optional<CCompactor::SResult> CCompactor::Compact(std::span<const SPlace> p
                          [&](size_t a, size_t b) { return places[a].m_At.m_Y < places[b].m_At.m_Y; });
     }
     const size_t nBlock = bBlocks ? ITEMS_IN_BLOCK : MOST_AT_ONCE;
-    for (int nRound = 0; nRound < (bBlocks ? BLOCK_ROUNDS : 1); ++nRound) {
-        result.m_Overlap = 0.0;
-        for (size_t nFirst = 0; nFirst < order.size(); nFirst += nBlock) {
-            const size_t nCount = std::min(nBlock, order.size() - nFirst);
-            const std::optional<double> overlap =
-                CompactBlock(result.m_Places, std::span(order).subspan(nFirst, nCount), reach);
-            if (!overlap) {
-                return std::nullopt;
-            }
-            result.m_Overlap += *overlap;
+    for (size_t nFirst = 0; nFirst < order.size(); nFirst += nBlock) {
+        const size_t nCount = std::min(nBlock, order.size() - nFirst);
+        const std::optional<double> overlap =
+            CompactBlock(result.m_Places, std::span(order).subspan(nFirst, nCount), reach);
+        if (!overlap) {
+            return std::nullopt;
         }
+        result.m_Overlap += *overlap;
     }
     return result;
 }

@@ -3,11 +3,20 @@
 #include <algorithm>
 #include <utility>
 
+#include "nest/CCornerFitter.h"
+#include "nest/FirstPacking.h"
+
 namespace nestrix {
 
 namespace {
 
 // All of these were measured over instances and seeds: docs/packing-freely.md.
+
+/// How corners are fitted: by exact drawings and by coarse ones, and with more layouts side by side where
+/// nearly all pieces have filled their corners.
+constexpr double FITTING_TOLERANCES[] = {1e-5, 1e-4};
+constexpr size_t FITTED_LAYOUTS[] = {10, 100};
+constexpr double LIKE_A_PUZZLE = 0.9;
 
 /// The first shares by which the strip is made lower, and the last ones.
 constexpr double FIRST_SQUEEZE = 0.1;
@@ -34,6 +43,7 @@ CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
                          std::span<const SFreePlacement> first, CIncumbent& incumbent, CExchange& exchange,
                          CStepLimit& limit, size_t nWorker, uint64_t nSeed)
     : m_Problem(problem),
+      m_Fields(fields),
       m_Incumbent(incumbent),
       m_Random(nSeed),
       m_pBest(std::make_shared<SSolution>(SolutionOf(problem, first))),
@@ -41,6 +51,7 @@ CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
       m_Steps(limit, nWorker, CExchange::STEPS,
               [this, &exchange, nWorker] { m_pShown = exchange.Meet(nWorker, m_pBest); }),
       m_Finder(problem, fields, m_pBest->m_Places, m_Random, m_Steps),
+      m_nWorker(nWorker),
       m_nWorkers(limit.Workers()) {
     for (size_t i = 0; i < first.size(); ++i) {
         m_LargeFirst.push_back(i);
@@ -51,10 +62,43 @@ CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
 }
 
 void CPackWorker::Run() {
+    // All workers would find the same.
+    if (m_nWorker == 0 && CCornerFitter::IsWorthTrying(m_Problem)) {
+        FitCorners();
+    }
     Squeeze();
     while (!m_Steps.IsOver()) {
         Walk();
     }
+}
+
+/// Lays the pieces by their corners: those that were cut from one sheet find back to it.
+void CPackWorker::FitCorners() {
+    for (const size_t nLayouts : FITTED_LAYOUTS) {
+        double filled = 0.0;
+        for (const double tolerance : FITTING_TOLERANCES) {
+            filled = std::max(filled, FitCorners(nLayouts, tolerance));
+        }
+        if (filled < LIKE_A_PUZZLE) {
+            return;
+        }
+    }
+}
+
+/// @return the share of the items that filled their corners.
+double CPackWorker::FitCorners(size_t nLayouts, double tolerance) {
+    const auto fit = CCornerFitter(m_Problem, m_Fields, m_Steps, tolerance).Fit(nLayouts);
+    if (!fit) {
+        return 0.0;
+    }
+    const SSolution fitted{HeightOf(m_Problem, fit->m_Places), fit->m_Places};
+    TakeLifted(fitted);  // exact drawings fit as they are
+    const std::optional<SSolution> found =
+        m_Finder.Find(fitted.m_Places, fitted.m_Height, SQUEEZING, fitted.m_Height * (1.0 + HIGHEST_RISE));
+    if (found) {
+        TakeLifted(*found);
+    }
+    return fit->m_Filled;
 }
 
 void CPackWorker::Squeeze() {
@@ -105,6 +149,11 @@ bool CPackWorker::Take(const SSolution& found) {
         m_Steps.Finish();
     }
     return true;
+}
+
+/// Keeps a layout if it is the best, once what overlaps in it lies above the rest.
+void CPackWorker::TakeLifted(const SSolution& layout) {
+    (void)Take(SolutionOf(m_Problem, LiftOverlapping(m_Problem, PlacementsOf(m_Problem, layout))));
 }
 
 /// Takes over what another worker showed, if it is better.

@@ -13,9 +13,10 @@
 
 namespace nestrix {
 
-/// One thread of a search. First makes the strip lower in large steps, as long as that succeeds. Then walks
-/// from packing to packing: exchanges two pieces, looks for a packing a little lower than the present one,
-/// and goes on from what it finds, unless that is much higher.
+/// One thread of a search. The first of all tries to fit the pieces together like a puzzle. Then makes the
+/// strip lower in large steps, as long as that succeeds. Then walks from packing to packing: exchanges two
+/// pieces, looks for a packing a little lower than the present one, and goes on from what it finds, unless
+/// that is much higher.
 class CPackWorker {
 public:
     /// @param first a valid packing: a placement for each item.
@@ -30,19 +31,24 @@ public:
     [[nodiscard]] SFreePacking Best() const { return PackingOf(m_Problem, *m_pBest); }
 
 private:
+    void FitCorners();
+    double FitCorners(size_t nLayouts, double tolerance);
     void Squeeze();
     void Walk();
     bool Take(const SSolution& found);
+    void TakeLifted(const SSolution& layout);
     void Learn();
     [[nodiscard]] std::vector<SPlace> Disturbed(std::vector<SPlace> places);
 
     const CPackProblem& m_Problem;
+    CFieldTable& m_Fields;
     CIncumbent& m_Incumbent;
     CRandom m_Random;
     std::shared_ptr<const SSolution> m_pBest;   ///< its own, or one learnt from others
     std::shared_ptr<const SSolution> m_pShown;  ///< the best of all workers when they last met
     CStepCounter m_Steps;
     CPackingFinder m_Finder;
+    size_t m_nWorker;
     size_t m_nWorkers;
     std::vector<size_t> m_LargeFirst;  ///< the items by area
 };

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <optional>
-#include <utility>
+#include <span>
 
 #include "certify/Certify.h"
 #include "nest/BoxPacking.h"
@@ -53,18 +53,14 @@ std::vector<std::optional<SFreePlacement>> MatchItems(const CPackProblem& proble
     return matched;
 }
 
-}  // namespace
-
-std::vector<SFreePlacement> FindFirstPacking(const CPackProblem& problem, const SFreePacking* pStart) {
-    if (pStart == nullptr) {
-        return PackAllBoxes(problem);
-    }
-    const std::vector<std::optional<SFreePlacement>> matched = MatchItems(problem, *pStart);
+/// A placement for each item: those that lack one lie above all others, by their boxes.
+std::vector<SFreePlacement> StackLacking(const CPackProblem& problem,
+                                         std::span<const std::optional<SFreePlacement>> placements) {
     std::vector<SFreePlacement> kept;
     std::vector<size_t> lacking;
-    for (size_t i = 0; i < matched.size(); ++i) {
-        if (matched[i]) {
-            kept.push_back(*matched[i]);
+    for (size_t i = 0; i < placements.size(); ++i) {
+        if (placements[i]) {
+            kept.push_back(*placements[i]);
         } else {
             lacking.push_back(i);
         }
@@ -74,10 +70,57 @@ std::vector<SFreePlacement> FindFirstPacking(const CPackProblem& problem, const 
     const std::vector<SFreePlacement> above = PackBoxes(problem, lacking, nFloor);
     std::vector<SFreePlacement> all;
     size_t nAbove = 0;
-    for (const std::optional<SFreePlacement>& placement : matched) {
+    for (const std::optional<SFreePlacement>& placement : placements) {
         all.push_back(placement ? *placement : above[nAbove++]);
     }
-    return Certify(problem.Pieces(), problem.PackingOf(all)).IsValid() ? all : PackAllBoxes(problem);
+    return all;
+}
+
+/// The items to be taken away so that none of these violations is left: again and again the one that has to
+/// do with most of them.
+std::vector<size_t> FindCulprits(std::vector<SViolation> violations, size_t nItems) {
+    std::vector<size_t> culprits;
+    while (true) {
+        std::vector<int> shares(nItems, 0);
+        for (const SViolation& violation : violations) {
+            for (const int nItem : {violation.m_nFirst, violation.m_nSecond}) {
+                // One that is alone at fault has to go in any case.
+                if (nItem >= 0) {
+                    shares[static_cast<size_t>(nItem)] +=
+                        violation.m_nSecond < 0 ? static_cast<int>(PAIRS_NAMED_MOST) : 1;
+                }
+            }
+        }
+        const auto most = std::max_element(shares.begin(), shares.end());
+        if (most == shares.end() || *most == 0) {
+            return culprits;
+        }
+        const auto nCulprit = static_cast<int>(most - shares.begin());
+        culprits.push_back(static_cast<size_t>(nCulprit));
+        std::erase_if(violations, [nCulprit](const SViolation& violation) {
+            return violation.m_nFirst == nCulprit || violation.m_nSecond == nCulprit;
+        });
+    }
+}
+
+}  // namespace
+
+std::vector<SFreePlacement> LiftOverlapping(const CPackProblem& problem, std::vector<SFreePlacement> placed) {
+    const SCertificate certificate = Certify(problem.Pieces(), problem.PackingOf(placed));
+    if (certificate.IsValid()) {
+        return placed;
+    }
+    std::vector<std::optional<SFreePlacement>> kept(placed.begin(), placed.end());
+    for (const size_t nItem : FindCulprits(certificate.m_Violations, placed.size())) {
+        kept[nItem].reset();
+    }
+    placed = StackLacking(problem, kept);
+    return Certify(problem.Pieces(), problem.PackingOf(placed)).IsValid() ? placed : PackAllBoxes(problem);
+}
+
+std::vector<SFreePlacement> FindFirstPacking(const CPackProblem& problem, const SFreePacking* pStart) {
+    return pStart == nullptr ? PackAllBoxes(problem)
+                             : LiftOverlapping(problem, StackLacking(problem, MatchItems(problem, *pStart)));
 }
 
 }  // namespace nestrix

@@ -25,7 +25,7 @@ SSolution SolutionOf(const CPackProblem& problem, std::span<const SFreePlacement
     return solution;
 }
 
-SFreePacking PackingOf(const CPackProblem& problem, const SSolution& solution) {
+std::vector<SFreePlacement> PlacementsOf(const CPackProblem& problem, const SSolution& solution) {
     std::vector<SFreePlacement> placed;
     placed.reserve(solution.m_Places.size());
     for (size_t i = 0; i < solution.m_Places.size(); ++i) {
@@ -33,7 +33,11 @@ SFreePacking PackingOf(const CPackProblem& problem, const SSolution& solution) {
         const SGridPoint at{static_cast<int64_t>(place.m_At.m_X), static_cast<int64_t>(place.m_At.m_Y)};
         placed.push_back(problem.PlacementOf(i, place.m_nVersion, at));
     }
-    return problem.PackingOf(placed);
+    return placed;
+}
+
+SFreePacking PackingOf(const CPackProblem& problem, const SSolution& solution) {
+    return problem.PackingOf(PlacementsOf(problem, solution));
 }
 
 }  // namespace nestrix

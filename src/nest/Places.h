@@ -26,6 +26,9 @@ struct SSolution {
 /// @param placed a placement for each item, in versions of the problem.
 [[nodiscard]] SSolution SolutionOf(const CPackProblem& problem, std::span<const SFreePlacement> placed);
 
+[[nodiscard]] std::vector<SFreePlacement> PlacementsOf(const CPackProblem& problem,
+                                                       const SSolution& solution);
+
 [[nodiscard]] SFreePacking PackingOf(const CPackProblem& problem, const SSolution& solution);
 
 }  // namespace nestrix

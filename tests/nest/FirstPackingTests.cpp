@@ -72,10 +72,34 @@ TEST(FirstPacking, LeavesOutPiecesThatWereTakenAway) {
     EXPECT_TRUE(HasAllOf(earlier, packing));
 }
 
-TEST(FirstPacking, DoesNotKeepAnEarlierOneThatIsNotValid) {
+TEST(FirstPacking, LiftsWhatOverlapsInAnEarlierOne) {
     SFreePacking earlier = Staircase();
     earlier.m_Placed[1].m_At = earlier.m_Placed[0].m_At + SGridPoint{1, 1};
-    EXPECT_EQ(First(SQUARES, &earlier).m_nHeight, GridFor(40.0).Count(10.0));
+    const SFreePacking packing = First(SQUARES, &earlier);
+    EXPECT_NE(packing.m_Placed[0].m_At, packing.m_Placed[1].m_At);
+    EXPECT_EQ(packing.m_Placed[2], earlier.m_Placed[2]);
+    EXPECT_EQ(packing.m_nHeight, GridFor(40.0).Count(23.0));
+}
+
+TEST(FirstPacking, LiftsTheOneThatOverlapsMostOthers) {
+    const std::vector<SPiece> pieces{support::Box(40, 2), Copies(support::Box(10, 10), 3)};
+    const SGrid grid = GridFor(STRIP.m_Width);
+    SFreePacking earlier{STRIP, grid, {{0, false, 0.0, {0, grid.Count(5.0)}}}, grid.Count(10.0)};
+    for (int i = 0; i < 3; ++i) {
+        earlier.m_Placed.push_back({1, false, 0.0, {grid.Count(12.0 * i), 0}});
+    }
+    const SFreePacking packing = First(pieces, &earlier);
+    EXPECT_TRUE(std::equal(packing.m_Placed.begin() + 1, packing.m_Placed.end(), earlier.m_Placed.begin() + 1,
+                           earlier.m_Placed.end()));
+    EXPECT_EQ(packing.m_nHeight, grid.Count(12.0));
+}
+
+TEST(FirstPacking, LiftsWhatIsOutOfTheStrip) {
+    SFreePacking earlier = Staircase();
+    earlier.m_Placed[0].m_At.m_nX = -1;
+    const SFreePacking packing = First(SQUARES, &earlier);
+    EXPECT_EQ(packing.m_Placed[1], earlier.m_Placed[1]);
+    EXPECT_EQ(packing.m_Placed[2], earlier.m_Placed[2]);
 }
 
 TEST(FirstPacking, DoesNotKeepAnEarlierOneThatIsTooWideOrTooCloseNow) {

@@ -68,6 +68,23 @@ std::vector<SPiece> TurnedSet() {
     return pieces;
 }
 
+std::vector<SPiece> Puzzle() {
+    const std::vector<CRing> rings{
+        {{0.0, 0.0}, {27.0, 0.0}, {22.0, 17.0}, {0.0, 36.0}},
+        {{27.0, 0.0}, {60.0, 0.0}, {60.0, 31.0}, {41.0, 25.0}, {22.0, 17.0}},
+        {{22.0, 17.0}, {41.0, 25.0}, {30.0, 44.0}},
+        {{41.0, 25.0}, {60.0, 31.0}, {60.0, 60.0}, {35.0, 60.0}, {30.0, 44.0}},
+        {{0.0, 36.0}, {22.0, 17.0}, {30.0, 44.0}, {35.0, 60.0}, {0.0, 60.0}},
+    };
+    std::vector<SPiece> pieces;
+    for (const CRing& ring : rings) {
+        SPiece piece;
+        piece.m_Shape.m_Outline = ring;
+        pieces.push_back(Copies(std::move(piece), 1, {0.0, 180.0}));
+    }
+    return pieces;
+}
+
 std::vector<SPiece> RandomBoxes(CSeededRandom& random, int nPieces, int nMost) {
     std::vector<SPiece> pieces;
     for (int i = 0; i < nPieces; ++i) {

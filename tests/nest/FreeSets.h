@@ -30,6 +30,9 @@ namespace nestrix::support {
 /// A few shapes in many turns, some mirrored.
 [[nodiscard]] std::vector<SPiece> TurnedSet();
 
+/// A square with sides of 60, cut into five pieces that may be turned by a half.
+[[nodiscard]] std::vector<SPiece> Puzzle();
+
 /// Boxes of 1 to nMost in whole units, some in several copies and turns.
 [[nodiscard]] std::vector<SPiece> RandomBoxes(CSeededRandom& random, int nPieces, int nMost);
 

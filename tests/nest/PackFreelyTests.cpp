@@ -58,6 +58,12 @@ TEST(PackFreely, PacksAMixedSetLowerThanByBoxes) {
     EXPECT_LT(HeightOf(PackAndExamine(pieces, STRIP, StepSettings(2000))), 0.95 * first);
 }
 
+TEST(PackFreely, PutsAPuzzleTogetherBeforeItSearches) {
+    const SPackResult result = PackAndExamine(support::Puzzle(), {60.0, 0.0, 0.0}, StepSettings(10 * 5 + 10));
+    EXPECT_EQ(HeightOf(result), 60.0);
+    EXPECT_EQ(result.m_eEnd, EPackEnd::NOTHING_TO_GAIN);
+}
+
 TEST(PackFreely, KeepsTheSpacingAndTheMargin) {
     const std::vector<SPiece> pieces = support::MixedSet();
     const double plain = HeightOf(PackAndExamine(pieces, STRIP, StepSettings(1000)));
