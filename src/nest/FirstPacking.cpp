@@ -84,10 +84,8 @@ std::vector<size_t> FindCulprits(std::vector<SViolation> violations, size_t nIte
         std::vector<int> shares(nItems, 0);
         for (const SViolation& violation : violations) {
             for (const int nItem : {violation.m_nFirst, violation.m_nSecond}) {
-                // One that is alone at fault has to go in any case.
                 if (nItem >= 0) {
-                    shares[static_cast<size_t>(nItem)] +=
-                        violation.m_nSecond < 0 ? static_cast<int>(PAIRS_NAMED_MOST) : 1;
+                    ++shares[static_cast<size_t>(nItem)];
                 }
             }
         }

@@ -82,15 +82,16 @@ TEST(FirstPacking, LiftsWhatOverlapsInAnEarlierOne) {
 }
 
 TEST(FirstPacking, LiftsTheOneThatOverlapsMostOthers) {
-    const std::vector<SPiece> pieces{support::Box(40, 2), Copies(support::Box(10, 10), 3)};
+    const std::vector<SPiece> pieces{Copies(support::Box(10, 10), 3), support::Box(40, 2)};
     const SGrid grid = GridFor(STRIP.m_Width);
-    SFreePacking earlier{STRIP, grid, {{0, false, 0.0, {0, grid.Count(5.0)}}}, grid.Count(10.0)};
+    SFreePacking earlier{STRIP, grid, {}, grid.Count(10.0)};
     for (int i = 0; i < 3; ++i) {
-        earlier.m_Placed.push_back({1, false, 0.0, {grid.Count(12.0 * i), 0}});
+        earlier.m_Placed.push_back({0, false, 0.0, {grid.Count(12.0 * i), 0}});
     }
+    earlier.m_Placed.push_back({1, false, 0.0, {0, grid.Count(5.0)}});
     const SFreePacking packing = First(pieces, &earlier);
-    EXPECT_TRUE(std::equal(packing.m_Placed.begin() + 1, packing.m_Placed.end(), earlier.m_Placed.begin() + 1,
-                           earlier.m_Placed.end()));
+    EXPECT_TRUE(std::equal(packing.m_Placed.begin(), packing.m_Placed.end() - 1, earlier.m_Placed.begin(),
+                           earlier.m_Placed.end() - 1));
     EXPECT_EQ(packing.m_nHeight, grid.Count(12.0));
 }
 
