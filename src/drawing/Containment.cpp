@@ -37,8 +37,9 @@ public:
         m_Bands.resize(static_cast<size_t>(std::clamp(most, 1.0, nEdges)));
         m_PerLength = height > 0.0 ? static_cast<double>(m_Bands.size()) / height : 0.0;
         for (size_t i = 0; i < ring.size(); ++i) {
-            const auto [low, high] = std::minmax(ring[i].m_Y, End(i).m_Y);
-            for (size_t nBand = BandOf(low); nBand <= BandOf(high); ++nBand) {
+            const size_t nFirst = BandOf(std::min(ring[i].m_Y, End(i).m_Y));
+            const size_t nLast = BandOf(std::max(ring[i].m_Y, End(i).m_Y));
+            for (size_t nBand = nFirst; nBand <= nLast; ++nBand) {
                 m_Bands[nBand].push_back(i);
             }
         }
