@@ -44,8 +44,26 @@ double LengthOf(const std::vector<SPoint>& points) {
     return length;
 }
 
-SDirectedLine Back(SDirectedLine line) {
-    return {line.m_nLine, !line.m_bBack};
+std::vector<size_t> LinesOf(const CLineWalk& walk) {
+    std::vector<size_t> lines;
+    for (const SDirectedLine line : walk) {
+        lines.push_back(line.m_nLine);
+    }
+    return lines;
+}
+
+/// Lines that a walk passes in both directions: they lead from one contour to another. Where lines cross
+/// without a node, others may be among them.
+std::vector<size_t> PassedTwice(const CLineWalk& walk) {
+    std::vector<size_t> lines = LinesOf(walk);
+    std::sort(lines.begin(), lines.end());
+    std::vector<size_t> twice;
+    for (size_t i = 1; i < lines.size(); ++i) {
+        if (lines[i] == lines[i - 1]) {
+            twice.push_back(lines[i]);
+        }
+    }
+    return twice;
 }
 
 }  // namespace
@@ -127,8 +145,12 @@ void CLineNet::SortAround(size_t nNode) {
         const SPoint away = PointAtDistance(line, start, radius) - start;
         order.emplace_back(std::atan2(away.m_Y, away.m_X), line);
     }
-    std::stable_sort(order.begin(), order.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::sort(order.begin(), order.end(), [this](const auto& a, const auto& b) {
+        // Lines over each other have the same angle; in some order they must be.
+        const SPoint first = m_Nodes[TargetOf(a.second)].m_At;
+        const SPoint second = m_Nodes[TargetOf(b.second)].m_At;
+        return std::tie(a.first, first.m_X, first.m_Y) < std::tie(b.first, second.m_X, second.m_Y);
+    });
     for (size_t i = 0; i < order.size(); ++i) {
         node.m_Leaving[i] = order[i].second;
         m_Lines[order[i].second.m_nLine].m_Places[order[i].second.m_bBack ? 1 : 0] = i;
@@ -142,14 +164,24 @@ void CLineNet::LeaveNet(size_t nLine) {
     }
 }
 
-/// Lines that lead nowhere leave the net, and those that lead to them only.
-void CLineNet::Prune(const std::vector<size_t>& nodes) {
-    for (size_t nNode : nodes) {
-        while (m_Nodes[nNode].m_nInNet == 1) {
-            const SDirectedLine last = FirstInNet(nNode, 0);
-            LeaveNet(last.m_nLine);
-            nNode = TargetOf(last);
+/// The lines leave the net, and others that lead nowhere without them.
+void CLineNet::TakeOut(const std::vector<size_t>& lines) {
+    for (const size_t nLine : lines) {
+        LeaveNet(nLine);
+    }
+    for (const size_t nLine : lines) {
+        for (const size_t nNode : m_Lines[nLine].m_Nodes) {
+            Prune(nNode);
         }
+    }
+}
+
+/// If a single line leads to a node, it leads nowhere: it leaves the net, and so on from its other end.
+void CLineNet::Prune(size_t nNode) {
+    while (m_Nodes[nNode].m_nInNet == 1) {
+        const SDirectedLine last = FirstInNet(nNode, 0);
+        LeaveNet(last.m_nLine);
+        nNode = TargetOf(last);
     }
 }
 
@@ -219,35 +251,56 @@ CLineWalk CLineNet::FromLowestLeft(CLineWalk cycle) const {
     return cycle;
 }
 
-std::vector<CLineWalk> CLineNet::TakeContours() {
-    std::vector<size_t> nodes(m_Nodes.size());
-    std::iota(nodes.begin(), nodes.end(), size_t{0});
-    Prune(nodes);
+CLineWalk CLineNet::CounterClockwise(CLineWalk cycle) const {
+    double twiceArea = 0.0;
+    for (const SDirectedLine line : cycle) {
+        const std::vector<SPoint>& points = m_Lines[line.m_nLine].m_Points;
+        const SPoint origin = m_Nodes[StartOf(cycle.front())].m_At;
+        for (size_t i = 0; i + 1 < points.size(); ++i) {
+            twiceArea += Cross(points[i] - origin, points[i + 1] - origin) * (line.m_bBack ? -1.0 : 1.0);
+        }
+    }
+    if (twiceArea < 0.0) {
+        std::reverse(cycle.begin(), cycle.end());
+        for (SDirectedLine& line : cycle) {
+            line.m_bBack = !line.m_bBack;
+        }
+    }
+    return cycle;
+}
+
+SLineWalks CLineNet::TakeWalks() {
+    SLineWalks walks;
+    TakeContours(walks);
+    TakeRest(walks);
+    return walks;
+}
+
+void CLineNet::TakeContours(SLineWalks& walks) {
+    for (size_t i = 0; i < m_Nodes.size(); ++i) {
+        Prune(i);
+    }
     std::vector<size_t> order(m_Lines.size());
     std::iota(order.begin(), order.end(), size_t{0});
     std::sort(order.begin(), order.end(),
               [this](size_t a, size_t b) { return IsBefore(LeftmostOf(a), LeftmostOf(b)); });
-    std::vector<CLineWalk> contours;
     for (const size_t nLine : order) {
         while (m_Lines[nLine].m_bInNet) {
-            for (CLineWalk& cycle : SimpleCycles(WalkFrom(OuterDirection(nLine)))) {
-                const bool bThereAndBack = cycle.size() == 2 && cycle[0] == Back(cycle[1]);
-                nodes.clear();
-                for (const SDirectedLine line : cycle) {
-                    nodes.push_back(StartOf(line));
-                    m_Lines[line.m_nLine].m_bTaken = !bThereAndBack;
-                }
-                for (size_t i = 0; i < (bThereAndBack ? 1 : cycle.size()); ++i) {
-                    LeaveNet(cycle[i].m_nLine);
-                }
-                if (!bThereAndBack) {
-                    contours.push_back(FromLowestLeft(std::move(cycle)));
-                }
+            const CLineWalk walk = WalkFrom(OuterDirection(nLine));
+            const std::vector<size_t> bridges = PassedTwice(walk);
+            if (!bridges.empty()) {
+                TakeOut(bridges);
+                continue;
             }
-            Prune(nodes);
+            for (CLineWalk& cycle : SimpleCycles(walk)) {
+                for (const SDirectedLine line : cycle) {
+                    m_Lines[line.m_nLine].m_bTaken = true;
+                }
+                walks.m_Closed.push_back(FromLowestLeft(std::move(cycle)));
+            }
+            TakeOut(LinesOf(walk));
         }
     }
-    return contours;
 }
 
 /// The walk from a line on through all nodes at which two open lines meet.
@@ -271,25 +324,30 @@ CLineWalk CLineNet::OpenWalk(SDirectedLine first, const std::vector<size_t>& cou
     }
 }
 
-std::vector<CLineWalk> CLineNet::TakeOpenLines() {
+void CLineNet::TakeRest(SLineWalks& walks) {
     std::vector<size_t> counts(m_Nodes.size());
     for (const SLine& line : m_Lines) {
         for (const size_t nNode : line.m_Nodes) {
             counts[nNode] += line.m_bTaken ? 0 : 1;
         }
     }
-    std::vector<CLineWalk> walks;
-    // Those in the middle of a longer one are taken along with it; what is closed all the same comes last.
+    // Those in the middle of a longer one are taken along with it; rings, which are left only where lines
+    // cross without a node, come last.
     for (const bool bAnywhere : {false, true}) {
         for (size_t i = 0; i < m_Lines.size(); ++i) {
             for (const SDirectedLine line : {SDirectedLine{i, false}, SDirectedLine{i, true}}) {
-                if (!m_Lines[i].m_bTaken && (bAnywhere || counts[StartOf(line)] != 2)) {
-                    walks.push_back(OpenWalk(line, counts));
+                if (m_Lines[i].m_bTaken || (!bAnywhere && counts[StartOf(line)] == 2)) {
+                    continue;
+                }
+                CLineWalk walk = OpenWalk(line, counts);
+                if (TargetOf(walk.back()) == StartOf(line)) {
+                    walks.m_Closed.push_back(FromLowestLeft(CounterClockwise(std::move(walk))));
+                } else {
+                    walks.m_Open.push_back(std::move(walk));
                 }
             }
         }
     }
-    return walks;
 }
 
 }  // namespace nestrix

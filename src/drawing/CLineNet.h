@@ -18,21 +18,22 @@ struct SDirectedLine {
 
 using CLineWalk = std::vector<SDirectedLine>;
 
-/// Loose lines and the nodes at which their ends meet.
-///
-/// Order of use: take the contours, then the open lines.
+struct SLineWalks {
+    std::vector<CLineWalk> m_Closed;
+    std::vector<CLineWalk> m_Open;
+};
+
+/// Loose lines and the nodes at which their ends meet. Good for one use.
 class CLineNet {
 public:
     /// @param lines finite.
     /// @param tolerance for the ends to be joined.
     CLineNet(std::span<const SPath> lines, double tolerance);
 
-    /// All contours, from the outside to the inside, each counter-clockwise as far as its lines do not cross;
-    /// each from the lowest of its leftmost nodes. What is left is open.
-    [[nodiscard]] std::vector<CLineWalk> TakeContours();
-
-    /// The lines that are part of no contour, joined where exactly two of them meet.
-    [[nodiscard]] std::vector<CLineWalk> TakeOpenLines();
+    /// First the contours, from the outside to the inside, each counter-clockwise and from the lowest of its
+    /// leftmost nodes. What is left is walked through all nodes at which just two such lines meet. Each line
+    /// is part of one walk.
+    [[nodiscard]] SLineWalks TakeWalks();
 
 private:
     struct SLine {
@@ -64,12 +65,16 @@ private:
     }
 
     void LeaveNet(size_t nLine);
-    void Prune(const std::vector<size_t>& nodes);
+    void TakeOut(const std::vector<size_t>& lines);
+    void Prune(size_t nNode);
     [[nodiscard]] SDirectedLine OuterDirection(size_t nLine) const;
     [[nodiscard]] SDirectedLine FirstInNet(size_t nNode, size_t nPlace) const;
     [[nodiscard]] CLineWalk WalkFrom(SDirectedLine first) const;
     [[nodiscard]] std::vector<CLineWalk> SimpleCycles(const CLineWalk& walk) const;
+    void TakeContours(SLineWalks& walks);
+    void TakeRest(SLineWalks& walks);
     [[nodiscard]] CLineWalk FromLowestLeft(CLineWalk cycle) const;
+    [[nodiscard]] CLineWalk CounterClockwise(CLineWalk cycle) const;
     [[nodiscard]] CLineWalk OpenWalk(SDirectedLine first, const std::vector<size_t>& counts);
 
     std::vector<SLine> m_Lines;

@@ -81,13 +81,13 @@ private:
 }  // namespace
 
 SJoinedLines JoinLines(std::span<const SPath> lines, double tolerance) {
-    CLineNet net(lines, tolerance);
+    const SLineWalks walks = CLineNet(lines, tolerance).TakeWalks();
     const CLineAssembly assembly(lines, ROUNDING_OF_TOLERANCE * tolerance);
     SJoinedLines joined;
-    for (const CLineWalk& walk : net.TakeContours()) {
+    for (const CLineWalk& walk : walks.m_Closed) {
         joined.m_Closed.push_back(assembly.Assemble(walk, true));
     }
-    for (const CLineWalk& walk : net.TakeOpenLines()) {
+    for (const CLineWalk& walk : walks.m_Open) {
         SJoinedLine line = assembly.Assemble(walk, false);
         const SPoint start = line.m_Path.m_Start;
         const SPoint end = EndOf(line.m_Path);
