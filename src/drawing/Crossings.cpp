@@ -48,6 +48,9 @@ public:
             const double to = Cross(a.m_To - a.m_From, b.m_To - a.m_From);
             return b.m_From + (b.m_To - b.m_From) * (from / (from - to));
         }
+        if (nFrom == 0 && nTo == 0) {
+            return MiddleOfRun(a, b);
+        }
         if (nFrom == 0 && AreSame(a.m_From, b.m_From)) {
             return CrossAtCorner(a, b) ? std::optional(b.m_From) : std::nullopt;
         }
@@ -74,6 +77,15 @@ private:
     [[nodiscard]] bool IsBetweenEnds(const SEdge& edge, SPoint point) const {
         return Dot(point - edge.m_From, point - edge.m_To) < 0.0 && !AreSame(point, edge.m_From) &&
                !AreSame(point, edge.m_To);
+    }
+
+    /// Where two edges of one line run over each other in the same direction.
+    [[nodiscard]] std::optional<SPoint> MiddleOfRun(const SEdge& a, const SEdge& b) const {
+        const SPoint along = (a.m_To - a.m_From) * (1.0 / Length(a.m_To - a.m_From));
+        const double from = std::max(0.0, Dot(along, b.m_From - a.m_From));
+        const double to = std::min(Dot(along, a.m_To - a.m_From), Dot(along, b.m_To - a.m_From));
+        const bool bRun = Dot(along, b.m_To - b.m_From) > 0.0 && to - from > 4.0 * m_Rounding;
+        return bRun ? std::optional(a.m_From + along * ((from + to) / 2.0)) : std::nullopt;
     }
 
     /// Whether the line through one corner goes from one side of the line through another at the same place

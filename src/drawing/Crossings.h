@@ -15,10 +15,11 @@ struct SCrossing {
     SPoint m_At;
 };
 
-/// Finds where rings cross themselves or each other, at their corners too. To touch is not to cross; of edges
-/// that run over each other nothing is told. What is as small as rounding beside the whole is none. Two rings
+/// Finds where rings cross themselves or each other, at their corners too. To touch is not to cross, nor is
+/// it to run over each other in opposite directions; in the same direction it is, since then there is
+/// material on the same side of both. What is as small as rounding beside the whole is no crossing. Two rings
 /// that cross are named once, however often they do, in the order of their indices.
-/// @param rings finite.
+/// @param rings finite, and walked with the material to their left.
 [[nodiscard]] std::vector<SCrossing> FindCrossings(std::span<const CRing> rings);
 
 }  // namespace nestrix

@@ -102,7 +102,18 @@ TEST(Oddities, AreHolesThatAreNotWithin) {
                 ElementsAre("fault: its hole 1 lies outside of its outline"));
     EXPECT_THAT(OdditiesOf(PieceOf(RectangleRing(0, 0, 9, 9),
                                    {RectangleRing(1, 1, 5, 5), RectangleRing(2, 2, 1, 1)})),
-                ElementsAre("fault: its outline or one of its holes lies over another part of it"));
+                ElementsAre("fault: its hole 2 lies in its hole 1"));
+}
+
+TEST(Oddities, AreSidesThatLieOverEachOther) {
+    EXPECT_THAT(OdditiesOf(PieceOf({{0, 0}, {9, 0}, {9, 5}, {6, 5}, {6, 0}, {8, 0}, {8, 3}, {0, 3}})),
+                testing::Contains("fault: its outline crosses itself at (7, 0)"));
+    EXPECT_THAT(OdditiesOf(PieceOf(RectangleRing(0, 0, 9, 9), {RectangleRing(9, 2, 3, 3)})),
+                ElementsAre("fault: its outline crosses its hole 1 at (9, 3.5)"));
+    EXPECT_THAT(OdditiesOf(PieceOf(RectangleRing(0, 0, 9, 9),
+                                   {RectangleRing(0, 2, 3, 3), Backwards(RectangleRing(3, 2, 3, 2))})),
+                IsEmpty())
+        << "of holes, on the outline and beside each other";
 }
 
 TEST(Oddities, ArePiecesThatAreTooWideInAllTheirTurns) {
