@@ -46,7 +46,7 @@ CCurve::CCurve(SPoint start, const SCurveTo& curve) {
 CCurve::CCurve(const SArcTo& arc)
     : m_Curve(SEllipse{arc.m_Centre, arc.m_FirstRadius, arc.m_SecondRadius}),
       m_From(arc.m_From),
-      m_To(arc.m_From + arc.m_Sweep) {
+      m_To(arc.m_From + std::clamp(arc.m_Sweep, -2.0 * std::numbers::pi, 2.0 * std::numbers::pi)) {
     const double first = Length(arc.m_FirstRadius);
     const double second = Length(arc.m_SecondRadius);
     m_Size = std::max(first, second);

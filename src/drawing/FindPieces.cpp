@@ -40,6 +40,9 @@ struct SNesting {
 /// Of the extent of a closed line, squared: less is no area.
 constexpr double NO_AREA = 1e-12;
 
+/// A length that is still finite after this factor can be squared, and more.
+constexpr double OVERFLOW_FACTOR = 1e200;
+
 /// Goes from a drawing to its pieces, step by step.
 class CPieceFinding {
 public:
@@ -97,8 +100,10 @@ std::vector<SFoundLine> CPieceFinding::FiniteLines() {
     for (size_t i = 0; i < m_Drawing.m_Paths.size(); ++i) {
         const SDrawnPath& drawn = m_Drawing.m_Paths[i];
         SFoundLine line{m_ToStrip(drawn.m_Path), i, drawn.m_Name, drawn.m_nLine};
-        if (!IsFinite(line.m_Path)) {
-            Say(line.m_nLine, FAULT, "a number of this line is not finite");
+        if (!IsFinite(SMap{OVERFLOW_FACTOR, 0.0, 0.0, OVERFLOW_FACTOR, 0.0, 0.0}(line.m_Path))) {
+            Say(line.m_nLine, FAULT,
+                IsFinite(line.m_Path) ? "a number of this line is too large to be calculated with"
+                                      : "a number of this line is not finite");
             continue;
         }
         const std::vector<SPoint> points = Chords(line.m_Path, m_Assembly.m_FlatTolerance);

@@ -20,6 +20,9 @@ constexpr double STRAIGHT = 1e-13;
 /// Of a path's extent: an end this near to the start is the start, but for the rounding of sums.
 constexpr double ROUNDING_OF_ENDS = 1e-12;
 
+/// Of a curve's parameters: in the tip of a cusp, or nearly one, a step so short comes to the other side.
+constexpr double SHORTEST_STEP = 1e-9;
+
 /// How edges follow a curve.
 enum class EEdges { CHORDS, TANGENTS };
 
@@ -200,8 +203,13 @@ private:
             const double edge = 0.05 * (high - low);
             at = SRange{low + edge, high - edge}.Clamped(guess);
         }
-        // In the tip of something nearly a cusp no part is short enough: such a short one is a point.
-        return low != range.m_From ? low : high;
+        const double shortest = SHORTEST_STEP * std::abs(m_Curve.To() - m_Curve.From());
+        if (std::abs(low - range.m_From) > shortest) {
+            return low;
+        }
+        const double step = std::copysign(shortest, range.m_To - range.m_From);
+        const double over = range.Clamped(range.m_From + step);
+        return over != range.m_From ? over : range.m_To;
     }
 
     void AppendEnd(SPoint end) {
