@@ -6,6 +6,7 @@
 #include <numeric>
 #include <set>
 
+#include "drawing/PathArea.h"
 #include "packing/PointVectors.h"
 
 namespace nestrix {
@@ -153,11 +154,7 @@ std::vector<int> InnermostAround(std::span<const CRing> rings, std::span<const S
 }
 
 double AreaOf(const CRing& ring) {
-    double twice = 0.0;
-    for (size_t i = 0; i + 1 < ring.size(); ++i) {
-        twice += Cross(ring[i] - ring[0], ring[i + 1] - ring[0]);
-    }
-    return std::abs(twice) / 2.0;
+    return std::abs(TwiceSignedArea(ring)) / 2.0;
 }
 
 SPoint InnerPointOf(const CRing& ring) {

@@ -5,7 +5,9 @@
 #include <cmath>
 #include <map>
 #include <optional>
+#include <tuple>
 
+#include "drawing/PathArea.h"
 #include "packing/PointVectors.h"
 
 namespace nestrix {
@@ -23,6 +25,10 @@ struct SEdge {
     size_t m_nRing = 0;
     SPlaneBox m_Box;  ///< in the coordinates of the sweep
 };
+
+bool IsBefore(SPoint a, SPoint b) {
+    return std::tie(a.m_X, a.m_Y) < std::tie(b.m_X, b.m_Y);
+}
 
 /// Whether b is within the turn counter-clockwise from a to c.
 bool IsWithin(SPoint a, SPoint b, SPoint c) {
@@ -138,7 +144,10 @@ public:
                     continue;
                 }
                 if (const std::optional<SPoint> at = test.Find(a, b); at.has_value()) {
-                    found.insert({std::minmax(a.m_nRing, b.m_nRing), *at});
+                    const auto [place, bNew] = found.insert({std::minmax(a.m_nRing, b.m_nRing), *at});
+                    if (!bNew && IsBefore(*at, place->second)) {
+                        place->second = *at;
+                    }
                 }
             }
         }
@@ -217,6 +226,17 @@ private:
 
 std::vector<SCrossing> FindCrossings(std::span<const CRing> rings) {
     return CCrossingSweep(rings).Find();
+}
+
+std::vector<SCrossing> FindCrossings(const SShape& shape) {
+    std::vector<CRing> rings{shape.m_Outline};
+    rings.insert(rings.end(), shape.m_Holes.begin(), shape.m_Holes.end());
+    for (size_t i = 0; i < rings.size(); ++i) {
+        if ((TwiceSignedArea(rings[i]) > 0.0) != (i == 0)) {
+            std::reverse(rings[i].begin(), rings[i].end());
+        }
+    }
+    return FindCrossings(rings);
 }
 
 }  // namespace nestrix

@@ -12,7 +12,7 @@ namespace nestrix {
 struct SCrossing {
     size_t m_nFirst = 0;   ///< index of a ring
     size_t m_nSecond = 0;  ///< the same for a ring that crosses itself, else a higher one
-    SPoint m_At;
+    SPoint m_At;           ///< the lowest of the leftmost places
 };
 
 /// Finds where rings cross themselves or each other, at their corners too. To touch is not to cross, nor is
@@ -21,5 +21,8 @@ struct SCrossing {
 /// that cross are named once, however often they do, in the order of their indices.
 /// @param rings finite, and walked with the material to their left.
 [[nodiscard]] std::vector<SCrossing> FindCrossings(std::span<const CRing> rings);
+
+/// The same for the rings of a shape in any winding: the outline is ring 0, the first hole ring 1.
+[[nodiscard]] std::vector<SCrossing> FindCrossings(const SShape& shape);
 
 }  // namespace nestrix

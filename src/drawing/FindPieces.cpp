@@ -6,13 +6,12 @@
 #include <utility>
 
 #include "drawing/Containment.h"
-#include "drawing/Doubles.h"
-#include "drawing/EndJoining.h"
+#include "drawing/Crossings.h"
 #include "drawing/FindingText.h"
 #include "drawing/Flattening.h"
-#include "drawing/LineJoining.h"
+#include "drawing/FoundLines.h"
+#include "drawing/OpenEnds.h"
 #include "drawing/PathArea.h"
-#include "drawing/SDrawnPiece.h"
 #include "drawing/SMap.h"
 #include "packing/PointVectors.h"
 
@@ -22,172 +21,71 @@ namespace {
 
 using enum SFinding::ESeverity;
 
-/// A line in the units of the strip.
-struct SFoundLine {
-    SPath m_Path;
-    size_t m_nDrawn = 0;  ///< the first of the drawing's lines that it is made of
-    std::string m_Name;
-    int m_nLine = 0;
-};
-
 /// A contour among the others.
 struct SNesting {
     int m_nAround = -1;  ///< the contour directly around it; −1 for none
     int m_nDepth = 0;    ///< how many are around it: an even number makes it an outline, an odd one a hole
-    int m_nPiece = -1;   ///< of an outline
+    int m_nPiece = -1;   ///< whose outline or hole it is
+
+    [[nodiscard]] bool IsHole() const { return m_nDepth % 2 == 1; }
 };
 
-/// Of the extent of a closed line, squared: less is no area.
-constexpr double NO_AREA = 1e-12;
-
-/// A length that is still finite after this factor can be squared, and more.
-constexpr double OVERFLOW_FACTOR = 1e200;
-
-/// Goes from a drawing to its pieces, step by step.
+/// Goes from contours and marks to pieces, step by step.
 class CPieceFinding {
 public:
     CPieceFinding(const SDrawing& drawing, const std::string& file, const SAssembly& assembly)
-        : m_Drawing(drawing), m_File(file), m_Assembly(assembly), m_ToStrip{assembly.m_Scale, 0.0, 0.0,
-                                                                            assembly.m_Scale, 0.0, 0.0} {}
+        : m_Drawing(drawing),
+          m_File(file),
+          m_Assembly(assembly),
+          m_Log(file),
+          m_Lines(FindLines(drawing, assembly, m_Log)) {}
 
     [[nodiscard]] SDrawnPieces Find() {
-        std::vector<SFoundLine> lines = FiniteLines();
-        DropDoubles(lines);
-        SortOut(Joined(std::move(lines)));
-        DropDoubles(m_Contours);
         Nest();
         MakePieces();
+        NamePieces();
         GiveMarks();
         GiveTexts();
-        NamePieces();
-        std::stable_sort(m_Found.m_Findings.begin(), m_Found.m_Findings.end(),
-                         [](const SFinding& a, const SFinding& b) { return a.m_nLine < b.m_nLine; });
+        CompareNeighbours();
+        m_Found.m_Findings = m_Log.Take();
         return std::move(m_Found);
     }
 
 private:
     using CPlaces = std::array<SPoint, 3>;
 
-    void Say(int nLine, SFinding::ESeverity eSeverity, std::string message) {
-        m_Found.m_Findings.push_back({m_File, nLine, eSeverity, std::move(message)});
-    }
-
-    [[nodiscard]] std::vector<SFoundLine> FiniteLines();
-    void DropDoubles(std::vector<SFoundLine>& lines);
-    [[nodiscard]] std::vector<SFoundLine> Joined(std::vector<SFoundLine> lines) const;
-    void SortOut(std::vector<SFoundLine> lines);
     void Nest();
     void MakePieces();
+    void NamePieces();
     [[nodiscard]] std::vector<int> PiecesUnder(const std::vector<CPlaces>& places) const;
     void GiveMarks();
     void GiveTexts();
-    void NamePieces();
+    void CompareNeighbours();
+
+    [[nodiscard]] SDrawnPiece& Piece(int nPiece) { return m_Found.m_Pieces[static_cast<size_t>(nPiece)]; }
 
     const SDrawing& m_Drawing;
     const std::string& m_File;
     const SAssembly& m_Assembly;
-    SMap m_ToStrip;
-    std::vector<SFoundLine> m_Contours;
+    CFindingLog m_Log;
+    SFoundLines m_Lines;
     std::vector<CRing> m_Rings;        ///< of the contours
     std::vector<SNesting> m_Nestings;  ///< of the contours
-    std::vector<SFoundLine> m_Marks;
     SDrawnPieces m_Found;
 };
 
-/// The drawing's lines, but for those that are a point.
-std::vector<SFoundLine> CPieceFinding::FiniteLines() {
-    std::vector<SFoundLine> lines;
-    for (size_t i = 0; i < m_Drawing.m_Paths.size(); ++i) {
-        const SDrawnPath& drawn = m_Drawing.m_Paths[i];
-        SFoundLine line{m_ToStrip(drawn.m_Path), i, drawn.m_Name, drawn.m_nLine};
-        if (!IsFinite(SMap{OVERFLOW_FACTOR, 0.0, 0.0, OVERFLOW_FACTOR, 0.0, 0.0}(line.m_Path))) {
-            Say(line.m_nLine, FAULT,
-                IsFinite(line.m_Path) ? "a number of this line is too large to be calculated with"
-                                      : "a number of this line is not finite");
-            continue;
-        }
-        const std::vector<SPoint> points = Chords(line.m_Path, m_Assembly.m_FlatTolerance);
-        if (std::any_of(points.begin(), points.end(), [&](SPoint point) { return point != points[0]; })) {
-            lines.push_back(std::move(line));
-        }
-    }
-    return lines;
-}
-
-void CPieceFinding::DropDoubles(std::vector<SFoundLine>& lines) {
-    std::vector<SPath> paths;
-    for (const SFoundLine& line : lines) {
-        paths.push_back(line.m_Path);
-    }
-    const std::vector<bool> doubles = FindDoubles(paths, ROUNDING_OF_TOLERANCE * m_Assembly.m_JoinTolerance);
-    std::vector<SFoundLine> kept;
-    for (size_t i = 0; i < lines.size(); ++i) {
-        if (doubles[i]) {
-            Say(lines[i].m_nLine, ODD,
-                "the line from " + InWords(lines[i].m_Path.m_Start) + " to " +
-                    InWords(EndOf(lines[i].m_Path)) + " is drawn twice; one is left out");
-        } else {
-            kept.push_back(std::move(lines[i]));
-        }
-    }
-    lines = std::move(kept);
-}
-
-/// The same lines with loose ones joined, in the order of the drawing.
-std::vector<SFoundLine> CPieceFinding::Joined(std::vector<SFoundLine> lines) const {
-    std::vector<SFoundLine> joined;
-    std::vector<SFoundLine> loose;
-    std::vector<SPath> paths;
-    for (SFoundLine& line : lines) {
-        if (line.m_Path.m_bClosed) {
-            joined.push_back(std::move(line));
-        } else {
-            paths.push_back(line.m_Path);
-            loose.push_back(std::move(line));
-        }
-    }
-    SJoinedLines found = JoinLines(paths, m_Assembly.m_JoinTolerance);
-    for (std::vector<SJoinedLine>* pLines : {&found.m_Closed, &found.m_Open}) {
-        for (SJoinedLine& line : *pLines) {
-            SFoundLine whole = loose[line.m_Sources.front()];
-            whole.m_Path = std::move(line.m_Path);
-            for (size_t i = 0; i < line.m_Sources.size() && whole.m_Name.empty(); ++i) {
-                whole.m_Name = loose[line.m_Sources[i]].m_Name;
-            }
-            joined.push_back(std::move(whole));
-        }
-    }
-    std::sort(joined.begin(), joined.end(),
-              [](const SFoundLine& a, const SFoundLine& b) { return a.m_nDrawn < b.m_nDrawn; });
-    return joined;
-}
-
-/// Tells contours, which enclose something, from marks.
-void CPieceFinding::SortOut(std::vector<SFoundLine> lines) {
-    for (SFoundLine& line : lines) {
-        const double area = SignedArea(line.m_Path);
-        double extent = 0.0;
-        for (const SPoint point : Chords(line.m_Path, m_Assembly.m_FlatTolerance)) {
-            extent = std::max(extent, Length(point - line.m_Path.m_Start));
-        }
-        if (!line.m_Path.m_bClosed || std::abs(area) <= NO_AREA * extent * extent) {
-            m_Marks.push_back(std::move(line));
-        } else {
-            m_Contours.push_back(std::move(line));
-        }
-    }
-}
-
+/// Outlines run counter-clockwise then, and holes clockwise.
 void CPieceFinding::Nest() {
     std::vector<SContainmentQuery> queries;
-    for (const SFoundLine& contour : m_Contours) {
+    for (const SFoundLine& contour : m_Lines.m_Contours) {
+        // Finer than pieces are flattened: those that are near to each other must not seem to cross.
         m_Rings.push_back(Chords(contour.m_Path, m_Assembly.m_FlatTolerance / 4.0));
         queries.push_back({InnerPointOf(m_Rings.back()), AreaOf(m_Rings.back())});
     }
-    m_Nestings.resize(m_Contours.size());
     const std::vector<int> around = InnermostAround(m_Rings, queries);
+    m_Nestings.resize(m_Rings.size());
     std::vector<size_t> order;
-    for (size_t i = 0; i < m_Contours.size(); ++i) {
+    for (size_t i = 0; i < m_Rings.size(); ++i) {
         m_Nestings[i].m_nAround = around[i];
         order.push_back(i);
     }
@@ -195,94 +93,29 @@ void CPieceFinding::Nest() {
     std::sort(order.begin(), order.end(),
               [&queries](size_t a, size_t b) { return queries[a].m_Area > queries[b].m_Area; });
     for (const size_t i : order) {
-        m_Nestings[i].m_nDepth = around[i] < 0 ? 0 : m_Nestings[static_cast<size_t>(around[i])].m_nDepth + 1;
+        SNesting& nesting = m_Nestings[i];
+        nesting.m_nDepth = around[i] < 0 ? 0 : m_Nestings[static_cast<size_t>(around[i])].m_nDepth + 1;
+        SPath& path = m_Lines.m_Contours[i].m_Path;
+        if ((SignedArea(path) > 0.0) == nesting.IsHole()) {
+            path = Reversed(path);
+            std::reverse(m_Rings[i].begin(), m_Rings[i].end());
+        }
     }
 }
 
-/// Outlines run counter-clockwise and holes clockwise.
 void CPieceFinding::MakePieces() {
-    for (size_t i = 0; i < m_Contours.size(); ++i) {
-        SFoundLine& contour = m_Contours[i];
-        const bool bHole = m_Nestings[i].m_nDepth % 2 == 1;
-        if ((SignedArea(contour.m_Path) > 0.0) == bHole) {
-            contour.m_Path = Reversed(contour.m_Path);
-        }
-        if (!bHole) {
+    for (size_t i = 0; i < m_Rings.size(); ++i) {
+        SFoundLine& contour = m_Lines.m_Contours[i];
+        if (!m_Nestings[i].IsHole()) {
             m_Nestings[i].m_nPiece = static_cast<int>(m_Found.m_Pieces.size());
             m_Found.m_Pieces.push_back(
                 {contour.m_Name, m_File, contour.m_nLine, std::move(contour.m_Path), {}, {}, {}});
         }
     }
-    for (size_t i = 0; i < m_Contours.size(); ++i) {
-        if (m_Nestings[i].m_nDepth % 2 == 1) {
-            const SNesting& around = m_Nestings[static_cast<size_t>(m_Nestings[i].m_nAround)];
-            m_Found.m_Pieces[static_cast<size_t>(around.m_nPiece)].m_Holes.push_back(
-                std::move(m_Contours[i].m_Path));
-        }
-    }
-}
-
-/// For each three places the piece on whose material the first of them is that is on any; −1 for none.
-std::vector<int> CPieceFinding::PiecesUnder(const std::vector<CPlaces>& places) const {
-    std::vector<SContainmentQuery> queries;
-    for (const CPlaces& three : places) {
-        for (const SPoint place : three) {
-            queries.push_back({place, 0.0});
-        }
-    }
-    const std::vector<int> around = InnermostAround(m_Rings, queries);
-    std::vector<int> pieces;
-    for (size_t i = 0; i < around.size(); i += 3) {
-        int nPiece = -1;
-        for (size_t k = i; k < i + 3 && nPiece < 0; ++k) {
-            nPiece = around[k] < 0 ? -1 : m_Nestings[static_cast<size_t>(around[k])].m_nPiece;
-        }
-        pieces.push_back(nPiece);
-    }
-    return pieces;
-}
-
-void CPieceFinding::GiveMarks() {
-    std::vector<CPlaces> places;
-    for (const SFoundLine& mark : m_Marks) {
-        const std::vector<SPoint> points = Chords(mark.m_Path, m_Assembly.m_FlatTolerance);
-        const auto middle = [&points](size_t i) { return (points[i] + points[i + 1]) * 0.5; };
-        places.push_back({middle((points.size() - 1) / 2), middle(0), middle(points.size() - 2)});
-    }
-    const std::vector<int> pieces = PiecesUnder(places);
-    for (size_t i = 0; i < m_Marks.size(); ++i) {
-        const SPath& path = m_Marks[i].m_Path;
-        if (pieces[i] >= 0) {
-            m_Found.m_Pieces[static_cast<size_t>(pieces[i])].m_Marks.push_back(path);
-            continue;
-        }
-        const std::string gap = InWords(Length(EndOf(path) - path.m_Start));
-        Say(m_Marks[i].m_nLine, ODD,
-            path.m_bClosed ? "a closed line without an inside lies on no piece, at " + InWords(path.m_Start)
-                           : "an open line lies on no piece; from its start at " + InWords(path.m_Start) +
-                                 " to its end at " + InWords(EndOf(path)) + " there is a gap of " + gap);
-    }
-}
-
-void CPieceFinding::GiveTexts() {
-    std::vector<SDrawnText> texts;
-    std::vector<CPlaces> places;
-    for (const SDrawnText& drawn : m_Drawing.m_Texts) {
-        const SDrawnText text = m_ToStrip(drawn);
-        const SDirection turn = DirectionOf(std::isfinite(text.m_Degrees) ? text.m_Degrees : 0.0);
-        // A letter is a little more than half as wide as it is high.
-        const double width = 0.6 * text.m_Height * static_cast<double>(text.m_Text.size());
-        const SPoint along = SPoint{turn.m_Cosine, turn.m_Sine} * (text.m_bMirrored ? -width : width);
-        const SPoint up = SPoint{-turn.m_Sine, turn.m_Cosine} * (text.m_Height / 2.0);
-        places.push_back({text.m_At + along * 0.5 + up, text.m_At, text.m_At + along + up});
-        texts.push_back(text);
-    }
-    const std::vector<int> pieces = PiecesUnder(places);
-    for (size_t i = 0; i < texts.size(); ++i) {
-        if (pieces[i] >= 0) {
-            m_Found.m_Pieces[static_cast<size_t>(pieces[i])].m_Texts.push_back(std::move(texts[i]));
-        } else {
-            Say(texts[i].m_nLine, ODD, "the text \"" + texts[i].m_Text + "\" lies on no piece");
+    for (size_t i = 0; i < m_Rings.size(); ++i) {
+        if (m_Nestings[i].IsHole()) {
+            m_Nestings[i].m_nPiece = m_Nestings[static_cast<size_t>(m_Nestings[i].m_nAround)].m_nPiece;
+            Piece(m_Nestings[i].m_nPiece).m_Holes.push_back(std::move(m_Lines.m_Contours[i].m_Path));
         }
     }
 }
@@ -302,6 +135,104 @@ void CPieceFinding::NamePieces() {
             if (names.insert(name).second) {
                 piece.m_Name = name;
             }
+        }
+    }
+}
+
+/// For each three places the piece on whose material the first of them is that is on any; −1 for none.
+std::vector<int> CPieceFinding::PiecesUnder(const std::vector<CPlaces>& places) const {
+    std::vector<SContainmentQuery> queries;
+    for (const CPlaces& three : places) {
+        for (const SPoint place : three) {
+            queries.push_back({place, 0.0});
+        }
+    }
+    const std::vector<int> around = InnermostAround(m_Rings, queries);
+    std::vector<int> pieces(places.size(), -1);
+    for (size_t i = 0; i < around.size(); ++i) {
+        int& nPiece = pieces[i / 3];
+        if (nPiece < 0 && around[i] >= 0 && !m_Nestings[static_cast<size_t>(around[i])].IsHole()) {
+            nPiece = m_Nestings[static_cast<size_t>(around[i])].m_nPiece;
+        }
+    }
+    return pieces;
+}
+
+void CPieceFinding::GiveMarks() {
+    std::vector<CPlaces> places;
+    for (const SFoundLine& mark : m_Lines.m_Marks) {
+        const std::vector<SPoint> points = Chords(mark.m_Path, m_Assembly.m_FlatTolerance);
+        const auto middle = [&points](size_t i) { return (points[i] + points[i + 1]) * 0.5; };
+        places.push_back({middle((points.size() - 1) / 2), middle(0), middle(points.size() - 2)});
+    }
+    const std::vector<int> pieces = PiecesUnder(places);
+    std::vector<SPath> lost;
+    std::vector<int> lines;
+    for (size_t i = 0; i < pieces.size(); ++i) {
+        SPath& path = m_Lines.m_Marks[i].m_Path;
+        if (pieces[i] >= 0) {
+            Piece(pieces[i]).m_Marks.push_back(std::move(path));
+        } else {
+            lost.push_back(std::move(path));
+            lines.push_back(m_Lines.m_Marks[i].m_nLine);
+        }
+    }
+    const std::vector<std::optional<SGap>> gaps = FindGaps(lost);
+    for (size_t i = 0; i < lost.size(); ++i) {
+        const std::string kind = lost[i].m_bClosed ? "a closed line without an inside" : "an open line";
+        const std::string gap =
+            lost[i].m_bClosed || !gaps[i].has_value()
+                ? ""
+                : "; there is a gap of " + InWords(gaps[i]->m_Width) + " at " + InWords(gaps[i]->m_At);
+        m_Log.Add(lines[i], ODD,
+                  kind + " from " + InWords(lost[i].m_Start) + " to " + InWords(EndOf(lost[i])) +
+                      " lies on no piece" + gap,
+                  "open lines that lie on no piece");
+    }
+}
+
+void CPieceFinding::GiveTexts() {
+    const SMap toStrip{m_Assembly.m_Scale, 0.0, 0.0, m_Assembly.m_Scale, 0.0, 0.0};
+    std::vector<SDrawnText> texts;
+    std::vector<CPlaces> places;
+    for (const SDrawnText& drawn : m_Drawing.m_Texts) {
+        const double sum = drawn.m_At.m_X + drawn.m_At.m_Y + drawn.m_Height + drawn.m_Degrees;
+        if (!std::isfinite(1e200 * sum)) {
+            m_Log.Add(drawn.m_nLine, FAULT,
+                      "a number of the text \"" + drawn.m_Text + "\" is not finite or too large",
+                      "texts with numbers that are not finite or too large");
+            continue;
+        }
+        const SDrawnText text = toStrip(drawn);
+        const SDirection turn = DirectionOf(text.m_Degrees);
+        // A letter is a little more than half as wide as it is high.
+        const double width = 0.6 * text.m_Height * static_cast<double>(text.m_Text.size());
+        const SPoint along = SPoint{turn.m_Cosine, turn.m_Sine} * (text.m_bMirrored ? -width : width);
+        const SPoint up = SPoint{-turn.m_Sine, turn.m_Cosine} * (text.m_Height / 2.0);
+        places.push_back({text.m_At + along * 0.5 + up, text.m_At, text.m_At + along + up});
+        texts.push_back(text);
+    }
+    const std::vector<int> pieces = PiecesUnder(places);
+    for (size_t i = 0; i < texts.size(); ++i) {
+        if (pieces[i] >= 0) {
+            Piece(pieces[i]).m_Texts.push_back(std::move(texts[i]));
+        } else {
+            m_Log.Add(texts[i].m_nLine, ODD, "the text \"" + texts[i].m_Text + "\" lies on no piece",
+                      "texts that lie on no piece");
+        }
+    }
+}
+
+/// Where one piece crosses another, at least one of them is not what it was meant to be.
+void CPieceFinding::CompareNeighbours() {
+    for (const SCrossing& crossing : FindCrossings(m_Rings)) {
+        const int nFirst = m_Nestings[crossing.m_nFirst].m_nPiece;
+        const int nSecond = m_Nestings[crossing.m_nSecond].m_nPiece;
+        if (nFirst != nSecond) {
+            m_Log.Add(Piece(nFirst).m_nLine, ODD,
+                      Piece(nFirst).m_Name + ": it crosses " + Piece(nSecond).m_Name + " at " +
+                          InWords(crossing.m_At),
+                      "pieces that cross others");
         }
     }
 }

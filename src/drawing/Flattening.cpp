@@ -12,7 +12,7 @@ namespace nestrix {
 namespace {
 
 /// Of a curve's size: finer than this nothing is flattened, so that a huge arc does not fill the memory.
-constexpr double FINEST = 1e-8;
+constexpr double FINEST = 1e-7;
 
 /// Of a curve's size: what is nearer than this to a straight line is one.
 constexpr double STRAIGHT = 1e-13;

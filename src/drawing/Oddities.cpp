@@ -8,6 +8,7 @@
 #include "drawing/Containment.h"
 #include "drawing/Crossings.h"
 #include "drawing/FindingText.h"
+#include "drawing/PathArea.h"
 #include "packing/PointVectors.h"
 
 namespace nestrix {
@@ -61,14 +62,6 @@ bool IsQuickToExamine(const SShape& shape) {
     return edges * std::min(lengths.m_X / extent.m_X, lengths.m_Y / extent.m_Y) <= MOST_PAIRS;
 }
 
-double TwiceSignedArea(const CRing& ring) {
-    double twice = 0.0;
-    for (size_t i = 0; i + 1 < ring.size(); ++i) {
-        twice += Cross(ring[i] - ring[0], ring[i + 1] - ring[0]);
-    }
-    return twice;
-}
-
 /// Examines one piece.
 class CExamination {
 public:
@@ -77,12 +70,6 @@ public:
         : m_Piece(piece), m_Strip(strip), m_File(file), m_nLine(nLine) {
         m_Rings.push_back(piece.m_Shape.m_Outline);
         m_Rings.insert(m_Rings.end(), piece.m_Shape.m_Holes.begin(), piece.m_Shape.m_Holes.end());
-        for (size_t i = 0; i < m_Rings.size(); ++i) {
-            m_Walked.push_back(m_Rings[i]);
-            if ((TwiceSignedArea(m_Rings[i]) > 0.0) != (i == 0)) {
-                std::reverse(m_Walked[i].begin(), m_Walked[i].end());
-            }
-        }
     }
 
     [[nodiscard]] std::vector<SFinding> Find() {
@@ -121,8 +108,7 @@ private:
     const std::optional<SFreeStrip>& m_Strip;
     const std::string& m_File;
     int m_nLine;
-    std::vector<CRing> m_Rings;   ///< the outline, then the holes
-    std::vector<CRing> m_Walked;  ///< the same with the material to their left
+    std::vector<CRing> m_Rings;  ///< the outline, then the holes
     std::vector<SFinding> m_Findings;
 };
 
@@ -152,7 +138,7 @@ bool CExamination::ExamineInside() {
     }
     const bool bNoArea = std::abs(area) <= ROUNDING * Dot(extent, extent);
     // A figure of eight has none either, but crosses itself; that is told elsewhere.
-    if (bNoArea && FindCrossings(m_Walked).empty()) {
+    if (bNoArea && FindCrossings(m_Piece.m_Shape).empty()) {
         Say(FAULT, "its outline has no inside");
         return false;
     }
@@ -205,7 +191,7 @@ void CExamination::ExamineCorners() {
 
 /// @return whether there are none.
 bool CExamination::ExamineCrossings() {
-    const std::vector<SCrossing> crossings = FindCrossings(m_Walked);
+    const std::vector<SCrossing> crossings = FindCrossings(m_Piece.m_Shape);
     for (const SCrossing& crossing : crossings) {
         const std::string other =
             crossing.m_nFirst == crossing.m_nSecond ? "itself" : NameOf(crossing.m_nSecond);

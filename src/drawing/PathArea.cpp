@@ -40,4 +40,12 @@ double SignedArea(const SPath& path) {
     return twice / 2.0;
 }
 
+double TwiceSignedArea(const CRing& ring) {
+    double twice = 0.0;
+    for (size_t i = 0; i + 1 < ring.size(); ++i) {
+        twice += Cross(ring[i] - ring[0], ring[i + 1] - ring[0]);
+    }
+    return twice;
+}
+
 }  // namespace nestrix

@@ -8,4 +8,7 @@ namespace nestrix {
 /// where it runs counter-clockwise.
 [[nodiscard]] double SignedArea(const SPath& path);
 
+/// Twice the area of a ring, positive where it runs counter-clockwise.
+[[nodiscard]] double TwiceSignedArea(const CRing& ring);
+
 }  // namespace nestrix

@@ -40,7 +40,8 @@ struct SDrawnPieces {
                                       const SAssembly& assembly);
 
 /// The outline and the holes as polygons whose edges leave the curves by at most the tolerance, and always
-/// away from the material: so nothing is cut too small.
+/// away from the material: so nothing is cut too small. Finer where an outline or a hole that does not cross
+/// itself would do so as polygon.
 [[nodiscard]] SShape Flattened(const SDrawnPiece& piece, double tolerance);
 
 }  // namespace nestrix
