@@ -43,12 +43,6 @@ struct SRange {
     [[nodiscard]] double Middle() const { return (m_From + m_To) / 2.0; }
 };
 
-/// What stands for a part of a curve.
-struct SFlatPart {
-    std::optional<SPoint> m_Corner;  ///< of two tangents; absent: a straight line to the part's end
-    double m_Error = 0.0;
-};
-
 constexpr int NEWTON_STEPS = 4;
 
 /// How far a curve that turns one way is from the chord of a part.
@@ -94,30 +88,33 @@ SPoint Unit(SPoint vector) {
     return length > 0.0 ? vector * (1.0 / length) : vector;
 }
 
-/// @return nothing if the part turns too far to be flattened as one.
-std::optional<SFlatPart> Flat(const CCurve& curve, SRange part, EEdges eEdges) {
-    const SPoint from = curve.At(part.m_From);
-    const SPoint to = curve.At(part.m_To);
+/// What stands for a part of a curve.
+struct SFlatPart {
+    bool m_bTurnsTooFar = false;     ///< to be flattened as one
+    std::optional<SPoint> m_Corner;  ///< of two tangents; absent: a straight line to the part's end
+};
+
+SFlatPart Flat(const CCurve& curve, SRange part, EEdges eEdges) {
     const SPoint out = Unit(curve.Direction(part.m_From, true));
     const SPoint in = -Unit(curve.Direction(part.m_To, false));
     if (Dot(out, in) < 0.0) {
-        return std::nullopt;
+        return {true, std::nullopt};
     }
     if (eEdges == EEdges::CHORDS) {
-        return SFlatPart{std::nullopt, ChordError(curve, part)};
+        return {};
     }
+    const SPoint from = curve.At(part.m_From);
+    const SPoint chord = curve.At(part.m_To) - from;
     const double turn = Cross(out, in);
-    const double along = turn == 0.0 ? 0.0 : Cross(to - from, in) / turn;
-    const double back = turn == 0.0 ? 0.0 : Cross(out, to - from) / turn;
-    const double height = std::abs(Cross(out, to - from));
-    if (height <= STRAIGHT * curve.Size() || turn == 0.0) {
-        return SFlatPart{std::nullopt, ChordError(curve, part)};
+    if (std::abs(Cross(out, chord)) <= STRAIGHT * curve.Size() || turn == 0.0) {
+        return {};
     }
+    const double along = Cross(chord, in) / turn;
+    const double back = Cross(out, chord) / turn;
     if (along <= 0.0 || back <= 0.0) {
-        return std::nullopt;
+        return {true, std::nullopt};
     }
-    const SPoint corner = from + out * along;
-    return SFlatPart{corner, DistanceTo(curve, part, corner)};
+    return {false, from + out * along};
 }
 
 /// Flattens one curve into a list of vertices that ends with the curve's start.
@@ -159,10 +156,10 @@ private:
             const double to = nEqual == 0   ? Farthest({from, part.m_To}, eEdges)
                               : i == nEqual ? part.m_To
                                             : part.m_From + (part.m_To - part.m_From) * i / nEqual;
-            const std::optional<SFlatPart> flat = Flat(m_Curve, {from, to}, eEdges);
-            if (flat.has_value() && flat->m_Corner.has_value()) {
-                m_Vertices.push_back({*flat->m_Corner});
-            } else if (to != part.m_To && (!flat.has_value() || eEdges == EEdges::CHORDS)) {
+            const SFlatPart flat = eEdges == EEdges::CHORDS ? SFlatPart() : Flat(m_Curve, {from, to}, eEdges);
+            if (flat.m_Corner.has_value()) {
+                m_Vertices.push_back({*flat.m_Corner});
+            } else if (to != part.m_To && (flat.m_bTurnsTooFar || eEdges == EEdges::CHORDS)) {
                 m_Vertices.push_back({m_Curve.At(to)});
             }
             from = to;
@@ -180,8 +177,12 @@ private:
     }
 
     [[nodiscard]] double ErrorOf(SRange part, EEdges eEdges) const {
-        const std::optional<SFlatPart> flat = Flat(m_Curve, part, eEdges);
-        return flat.has_value() ? flat->m_Error : HUGE_VAL;
+        const SFlatPart flat = Flat(m_Curve, part, eEdges);
+        if (flat.m_bTurnsTooFar) {
+            return HUGE_VAL;
+        }
+        return flat.m_Corner.has_value() ? DistanceTo(m_Curve, part, *flat.m_Corner)
+                                         : ChordError(m_Curve, part);
     }
 
     /// How far an edge, or two tangents, can reach from the start of the range.

@@ -56,7 +56,7 @@ public:
                           "the drawing is too large: with this line it has more than " +
                               std::to_string(POINTS_MOST) + " points",
                           "lines too many");
-                break;
+                return {};
             }
             if (std::any_of(points.begin(), points.end(),
                             [&points](SPoint point) { return !(point == points[0]); })) {

@@ -106,8 +106,6 @@ TEST(Oddities, AreHolesThatAreNotWithin) {
 }
 
 TEST(Oddities, AreSidesThatLieOverEachOther) {
-    EXPECT_THAT(OdditiesOf(PieceOf({{0, 0}, {9, 0}, {9, 5}, {6, 5}, {6, 0}, {8, 0}, {8, 3}, {0, 3}})),
-                testing::Contains("fault: its outline crosses itself at (7, 0)"));
     EXPECT_THAT(OdditiesOf(PieceOf(RectangleRing(0, 0, 9, 9), {RectangleRing(9, 2, 3, 3)})),
                 ElementsAre("fault: its outline crosses its hole 1 at (9, 3.5)"));
     EXPECT_THAT(OdditiesOf(PieceOf(RectangleRing(0, 0, 9, 9),
