@@ -8,6 +8,7 @@
 
 #include "drawing/EndJoining.h"
 #include "drawing/Flattening.h"
+#include "drawing/LineOrder.h"
 #include "packing/PointVectors.h"
 
 namespace nestrix {
@@ -95,65 +96,18 @@ CLineNet::CLineNet(std::span<const SPath> lines, double tolerance) {
     }
 }
 
-/// The greatest distance that a line reaches from where it leaves a node.
-double CLineNet::ReachOf(SDirectedLine line, SPoint from) const {
-    double reach = 0.0;
-    for (const SPoint point : m_Lines[line.m_nLine].m_Points) {
-        reach = std::max(reach, Length(point - from));
-    }
-    return reach;
-}
-
-/// Where a line leaving a node is first so far away from it; the line reaches farther.
-SPoint CLineNet::PointAtDistance(SDirectedLine line, SPoint from, double distance) const {
-    const std::vector<SPoint>& points = m_Lines[line.m_nLine].m_Points;
-    SPoint before = from;
-    for (size_t i = 0; i < points.size(); ++i) {
-        const SPoint point = points[line.m_bBack ? points.size() - 1 - i : i];
-        if (Length(point - from) >= distance) {
-            // |before + share · step − from| = distance, for the share from 0 to 1.
-            const SPoint step = point - before;
-            const SPoint offset = before - from;
-            const double a = Dot(step, step);
-            if (a == 0.0) {
-                return point;
-            }
-            const double b = Dot(step, offset);
-            const double c = Dot(offset, offset) - distance * distance;
-            const double share = (-b + std::sqrt(std::max(b * b - a * c, 0.0))) / a;
-            return before + step * share;
-        }
-        before = point;
-    }
-    return before;
-}
-
 void CLineNet::SortAround(size_t nNode) {
     SNode& node = m_Nodes[nNode];
-    const auto startOf = [this](SDirectedLine line) {
-        const std::vector<SPoint>& points = m_Lines[line.m_nLine].m_Points;
-        return line.m_bBack ? points.back() : points.front();
-    };
-    double radius = HUGE_VAL;
+    std::vector<SLeavingLine> lines;
     for (const SDirectedLine line : node.m_Leaving) {
-        radius = std::min(radius, ReachOf(line, startOf(line)) / 2.0);
+        lines.push_back({m_Lines[line.m_nLine].m_Points, line.m_bBack, m_Nodes[TargetOf(line)].m_At});
     }
-    // By the angle at which they cross a circle: lines that leave along a common tangent are told apart, too.
-    std::vector<std::pair<double, SDirectedLine>> order;
-    for (const SDirectedLine line : node.m_Leaving) {
-        const SPoint start = startOf(line);
-        const SPoint away = PointAtDistance(line, start, radius) - start;
-        order.emplace_back(std::atan2(away.m_Y, away.m_X), line);
-    }
-    std::sort(order.begin(), order.end(), [this](const auto& a, const auto& b) {
-        // Lines over each other have the same angle; in some order they must be.
-        const SPoint first = m_Nodes[TargetOf(a.second)].m_At;
-        const SPoint second = m_Nodes[TargetOf(b.second)].m_At;
-        return std::tie(a.first, first.m_X, first.m_Y) < std::tie(b.first, second.m_X, second.m_Y);
-    });
+    const std::vector<SDirectedLine> leaving = node.m_Leaving;
+    const std::vector<size_t> order = CounterClockwiseOrder(lines);
     for (size_t i = 0; i < order.size(); ++i) {
-        node.m_Leaving[i] = order[i].second;
-        m_Lines[order[i].second.m_nLine].m_Places[order[i].second.m_bBack ? 1 : 0] = i;
+        const SDirectedLine line = leaving[order[i]];
+        node.m_Leaving[i] = line;
+        m_Lines[line.m_nLine].m_Places[line.m_bBack ? 1 : 0] = i;
     }
 }
 

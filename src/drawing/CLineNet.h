@@ -51,8 +51,6 @@ private:
     };
 
     void SortAround(size_t nNode);
-    [[nodiscard]] double ReachOf(SDirectedLine line, SPoint from) const;
-    [[nodiscard]] SPoint PointAtDistance(SDirectedLine line, SPoint from, double distance) const;
 
     [[nodiscard]] size_t StartOf(SDirectedLine line) const {
         return m_Lines[line.m_nLine].m_Nodes[line.m_bBack ? 1 : 0];

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "drawing/CCurve.h"
+#include "drawing/FlatPart.h"
 #include "packing/PointVectors.h"
 
 namespace nestrix {
@@ -14,108 +15,17 @@ namespace {
 /// Of a curve's size: finer than this nothing is flattened, so that a huge arc does not fill the memory.
 constexpr double FINEST = 1e-7;
 
-/// Of a curve's size: what is nearer than this to a straight line is one.
-constexpr double STRAIGHT = 1e-13;
-
 /// Of a path's extent: an end this near to the start is the start, but for the rounding of sums.
 constexpr double ROUNDING_OF_ENDS = 1e-12;
 
 /// Of a curve's parameters: in the tip of a cusp, or nearly one, a step so short comes to the other side.
 constexpr double SHORTEST_STEP = 1e-9;
 
-/// How edges follow a curve.
-enum class EEdges { CHORDS, TANGENTS };
-
 /// A vertex of a flattened path.
 struct SVertex {
     SPoint m_At;
     bool m_bJoint = false;  ///< the end of a tangent: of no use where the line goes straight on
 };
-
-/// Within which parameters an iteration for a part of a curve stays.
-struct SRange {
-    double m_From;
-    double m_To;
-
-    [[nodiscard]] double Clamped(double t) const {
-        return std::clamp(t, std::min(m_From, m_To), std::max(m_From, m_To));
-    }
-    [[nodiscard]] double Middle() const { return (m_From + m_To) / 2.0; }
-};
-
-constexpr int NEWTON_STEPS = 4;
-
-/// How far a curve that turns one way is from the chord of a part.
-double ChordError(const CCurve& curve, SRange part) {
-    const SPoint from = curve.At(part.m_From);
-    const SPoint chord = curve.At(part.m_To) - from;
-    const double length = Length(chord);
-    if (length == 0.0) {
-        return Length(curve.At(part.Middle()) - from);
-    }
-    // Where the curve runs along the chord, it is farthest from it.
-    double t = part.Middle();
-    for (int i = 0; i < NEWTON_STEPS; ++i) {
-        const double slope = Cross(curve.Second(t), chord);
-        if (slope == 0.0) {
-            break;
-        }
-        t = part.Clamped(t - Cross(curve.First(t), chord) / slope);
-    }
-    const double middle = std::abs(Cross(chord, curve.At(part.Middle()) - from));
-    return std::max(middle, std::abs(Cross(chord, curve.At(t) - from))) / length;
-}
-
-/// How far a point is from a part of a curve, or a little more.
-double DistanceTo(const CCurve& curve, SRange part, SPoint point) {
-    double t = part.Middle();
-    double least = Length(curve.At(t) - point);
-    for (int i = 0; i < NEWTON_STEPS; ++i) {
-        const SPoint first = curve.First(t);
-        const SPoint away = curve.At(t) - point;
-        const double slope = Dot(first, first) + Dot(away, curve.Second(t));
-        if (!(slope > 0.0)) {
-            break;
-        }
-        t = part.Clamped(t - Dot(away, first) / slope);
-        least = std::min(least, Length(curve.At(t) - point));
-    }
-    return least;
-}
-
-SPoint Unit(SPoint vector) {
-    const double length = Length(vector);
-    return length > 0.0 ? vector * (1.0 / length) : vector;
-}
-
-/// What stands for a part of a curve.
-struct SFlatPart {
-    bool m_bTurnsTooFar = false;     ///< to be flattened as one
-    std::optional<SPoint> m_Corner;  ///< of two tangents; absent: a straight line to the part's end
-};
-
-SFlatPart Flat(const CCurve& curve, SRange part, EEdges eEdges) {
-    const SPoint out = Unit(curve.Direction(part.m_From, true));
-    const SPoint in = -Unit(curve.Direction(part.m_To, false));
-    if (Dot(out, in) < 0.0) {
-        return {true, std::nullopt};
-    }
-    if (eEdges == EEdges::CHORDS) {
-        return {};
-    }
-    const SPoint from = curve.At(part.m_From);
-    const SPoint chord = curve.At(part.m_To) - from;
-    const double turn = Cross(out, in);
-    if (std::abs(Cross(out, chord)) <= STRAIGHT * curve.Size() || turn == 0.0) {
-        return {};
-    }
-    const double along = Cross(chord, in) / turn;
-    const double back = Cross(out, chord) / turn;
-    if (along <= 0.0 || back <= 0.0) {
-        return {true, std::nullopt};
-    }
-    return {false, from + out * along};
-}
 
 /// Flattens one curve into a list of vertices that ends with the curve's start.
 class CCurveFlattening {
@@ -176,22 +86,13 @@ private:
         return std::max(1, static_cast<int>(std::ceil(std::abs(part.m_To - part.m_From) / most - 1e-9)));
     }
 
-    [[nodiscard]] double ErrorOf(SRange part, EEdges eEdges) const {
-        const SFlatPart flat = Flat(m_Curve, part, eEdges);
-        if (flat.m_bTurnsTooFar) {
-            return HUGE_VAL;
-        }
-        return flat.m_Corner.has_value() ? DistanceTo(m_Curve, part, *flat.m_Corner)
-                                         : ChordError(m_Curve, part);
-    }
-
     /// How far an edge, or two tangents, can reach from the start of the range.
     [[nodiscard]] double Farthest(SRange range, EEdges eEdges) const {
         double low = range.m_From;
         double high = range.m_To;
         double at = high;
         for (int i = 0; i < 60; ++i) {
-            const double error = ErrorOf({range.m_From, at}, eEdges);
+            const double error = ErrorOf(m_Curve, {range.m_From, at}, eEdges);
             (error <= m_Tolerance ? low : high) = at;
             if (low == range.m_To || (error <= m_Tolerance && error >= 0.9 * m_Tolerance)) {
                 break;
