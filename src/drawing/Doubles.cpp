@@ -1,21 +1,16 @@
 #include "drawing/Doubles.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "drawing/CCurve.h"
 #include "drawing/CPointGrid.h"
+#include "drawing/PathArea.h"
 #include "packing/PointVectors.h"
 
 namespace nestrix {
 
 namespace {
-
-/// A line as its corners, with a point of the stretch between every two: what tells it from others.
-struct SOutlined {
-    std::vector<SPoint> m_Points;
-    bool m_bClosed = false;
-    SPlaneBox m_Box;
-};
 
 SPoint MiddleOf(SPoint start, const CStretch& stretch) {
     if (const auto* pArc = std::get_if<SArcTo>(&stretch)) {
@@ -27,71 +22,23 @@ SPoint MiddleOf(SPoint start, const CStretch& stretch) {
     return (start + EndOf(stretch)) * 0.5;
 }
 
-SOutlined Outlined(const SPath& path, double distance) {
-    SOutlined line;
-    line.m_bClosed = path.m_bClosed;
-    line.m_Points.push_back(path.m_Start);
+/// A line as its corners, with a point of the stretch between every two: what tells it from others.
+std::vector<SPoint> Outlined(const SPath& path) {
+    std::vector<SPoint> points{path.m_Start};
     for (const CStretch& stretch : path.m_Stretches) {
-        const SPoint middle = MiddleOf(line.m_Points.back(), stretch);
-        line.m_Points.insert(line.m_Points.end(), {middle, EndOf(stretch)});
+        const SPoint middle = MiddleOf(points.back(), stretch);
+        points.insert(points.end(), {middle, EndOf(stretch)});
     }
-    if (path.m_bClosed && line.m_Points.size() > 1) {
-        // Closed or not by a straight line of its own, it comes to the same.
-        if (Length(line.m_Points.back() - path.m_Start) <= distance) {
-            line.m_Points.pop_back();
-        } else {
-            line.m_Points.push_back((line.m_Points.back() + path.m_Start) * 0.5);
-        }
-    }
-    for (const SPoint point : line.m_Points) {
-        line.m_Box.Include(point);
-    }
-    return line;
+    return points;
 }
 
-class CSameness {
-public:
-    explicit CSameness(double distance) : m_Distance(distance) {}
-
-    [[nodiscard]] bool AreSame(const SOutlined& a, const SOutlined& b) const {
-        if (a.m_Points.size() != b.m_Points.size() || a.m_bClosed != b.m_bClosed ||
-            !AreSame(a.m_Box.m_Low, b.m_Box.m_Low) || !AreSame(a.m_Box.m_High, b.m_Box.m_High)) {
-            return false;
-        }
-        const size_t nLast = b.m_Points.size() - 1;
-        if (!a.m_bClosed) {
-            return AreSameFrom(a, b, 0, true) || AreSameFrom(a, b, nLast, false);
-        }
-        // Corners are at even places. A few corners at one place are all that a sensible line has.
-        int nTried = 0;
-        for (size_t i = 0; i <= nLast && nTried < TRIED_MOST; i += 2) {
-            if (AreSame(a.m_Points[0], b.m_Points[i])) {
-                ++nTried;
-                if (AreSameFrom(a, b, i, true) || AreSameFrom(a, b, i, false)) {
-                    return true;
-                }
-            }
-        }
-        return false;
+SPlaneBox BoxOf(const std::vector<SPoint>& points) {
+    SPlaneBox box;
+    for (const SPoint point : points) {
+        box.Include(point);
     }
-
-private:
-    static constexpr int TRIED_MOST = 8;
-
-    [[nodiscard]] bool AreSame(SPoint a, SPoint b) const { return Length(a - b) <= m_Distance; }
-
-    [[nodiscard]] bool AreSameFrom(const SOutlined& a, const SOutlined& b, size_t nStart, bool bOn) const {
-        const size_t nPoints = a.m_Points.size();
-        for (size_t i = 0; i < nPoints; ++i) {
-            if (!AreSame(a.m_Points[i], b.m_Points[(nStart + (bOn ? i : nPoints - i)) % nPoints])) {
-                return false;
-            }
-        }
-        return true;
-    }
-
-    double m_Distance;
-};
+    return box;
+}
 
 /// Nearly the same for nearly the same boxes, and far apart for most others.
 SPoint KeyOf(const SPlaneBox& box) {
@@ -99,35 +46,92 @@ SPoint KeyOf(const SPlaneBox& box) {
     return box.m_Low * IRRATIONAL + box.m_High;
 }
 
+/// Compares each with all earlier ones that have about the same box.
+template <class TIsSame>
+std::vector<bool> FindAgain(std::span<const std::vector<SPoint>> outlines, double distance,
+                            const TIsSame& isSame) {
+    std::vector<bool> again(outlines.size());
+    std::vector<SPlaneBox> boxes;
+    std::vector<SPoint> keys;
+    SPlaneBox extent;
+    for (const std::vector<SPoint>& outline : outlines) {
+        boxes.push_back(BoxOf(outline));
+        keys.push_back(KeyOf(boxes.back()));
+        extent.Include(keys.back());
+    }
+    if (outlines.empty()) {
+        return again;
+    }
+    const double least = std::max(1e-12 * Length(extent.m_High - extent.m_Low), 1e-300);
+    const CPointGrid grid(keys, std::max(2.0 * distance, least));
+    const auto isNear = [distance](SPoint a, SPoint b) { return Length(a - b) <= distance; };
+    for (size_t i = 0; i < outlines.size(); ++i) {
+        grid.VisitNear(keys[i], [&](size_t k) {
+            again[i] = again[i] || (k < i && !again[k] && isNear(boxes[i].m_Low, boxes[k].m_Low) &&
+                                    isNear(boxes[i].m_High, boxes[k].m_High) && isSame(i, k));
+        });
+    }
+    return again;
+}
+
+double DistanceOf(SPoint point, SPoint from, SPoint to) {
+    const SPoint along = to - from;
+    const double square = Dot(along, along);
+    const double share = square > 0.0 ? std::clamp(Dot(point - from, along) / square, 0.0, 1.0) : 0.0;
+    return Length(point - from - along * share);
+}
+
+bool IsNear(SPoint point, const CRing& ring, double distance) {
+    for (size_t i = 0; i < ring.size(); ++i) {
+        if (DistanceOf(point, ring[i], ring[(i + 1) % ring.size()]) <= distance) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Whether some corners of one ring, a hundred at most, are all near another.
+bool RunsAlong(const CRing& ring, const CRing& other, double distance) {
+    const size_t nStep = 1 + ring.size() / 100;
+    for (size_t i = 0; i < ring.size(); i += nStep) {
+        if (!IsNear(ring[i], other, distance)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+double PerimeterOf(const CRing& ring) {
+    double length = 0.0;
+    for (size_t i = 0; i < ring.size(); ++i) {
+        length += Length(ring[(i + 1) % ring.size()] - ring[i]);
+    }
+    return length;
+}
+
 }  // namespace
 
 std::vector<bool> FindDoubles(std::span<const SPath> lines, double distance) {
-    std::vector<SOutlined> outlined;
-    std::vector<SPoint> keys;
+    std::vector<std::vector<SPoint>> outlines;
+    outlines.reserve(lines.size());
     for (const SPath& line : lines) {
-        outlined.push_back(Outlined(line, distance));
-        keys.push_back(KeyOf(outlined.back().m_Box));
+        outlines.push_back(Outlined(line));
     }
-    SPlaneBox extent;
-    for (const SPoint key : keys) {
-        extent.Include(key);
-    }
-    std::vector<bool> doubles(lines.size());
-    if (lines.empty()) {
-        return doubles;
-    }
-    const double least = 1e-12 * Length(extent.m_High - extent.m_Low);
-    const double cell = std::max({2.0 * distance, least, 1e-300});
-    const CPointGrid grid(keys, cell);
-    const CSameness sameness(distance);
-    for (size_t i = 0; i < lines.size(); ++i) {
-        grid.VisitNear(keys[i], [&](size_t k) {
-            if (k < i && !doubles[i] && !doubles[k]) {
-                doubles[i] = sameness.AreSame(outlined[i], outlined[k]);
-            }
-        });
-    }
-    return doubles;
+    const auto isNear = [distance](SPoint a, SPoint b) { return Length(a - b) <= distance; };
+    return FindAgain(outlines, distance, [&](size_t i, size_t k) {
+        const std::vector<SPoint>& a = outlines[i];
+        const std::vector<SPoint>& b = outlines[k];
+        return std::equal(a.begin(), a.end(), b.begin(), b.end(), isNear) ||
+               std::equal(a.begin(), a.end(), b.rbegin(), b.rend(), isNear);
+    });
+}
+
+std::vector<bool> FindDoubleRings(std::span<const CRing> rings, double distance) {
+    return FindAgain(rings, distance, [&](size_t i, size_t k) {
+        const double difference = std::abs(TwiceSignedArea(rings[i])) - std::abs(TwiceSignedArea(rings[k]));
+        return std::abs(difference) <= 2.0 * distance * PerimeterOf(rings[i]) &&
+               RunsAlong(rings[i], rings[k], distance) && RunsAlong(rings[k], rings[i], distance);
+    });
 }
 
 }  // namespace nestrix

@@ -51,10 +51,10 @@ public:
             }
             const std::vector<SPoint> points = PointsOf(line.m_Path);
             nPoints += points.size();
-            if (nPoints > POINTS_MOST) {
+            if (nPoints > m_Assembly.m_nPointsMost) {
                 m_Log.Add(line.m_nLine, FAULT,
                           "the drawing is too large: with this line it has more than " +
-                              std::to_string(POINTS_MOST) + " points",
+                              std::to_string(m_Assembly.m_nPointsMost) + " points",
                           "lines too many");
                 return {};
             }
@@ -66,26 +66,30 @@ public:
         return lines;
     }
 
-    void DropDoubles(std::vector<SFoundLine>& lines) const {
+    /// Open lines that are drawn twice would be in each other's way when they are joined.
+    void DropDoubleLines(std::vector<SFoundLine>& lines) const {
         std::vector<SPath> paths;
-        paths.reserve(lines.size());
-        for (const SFoundLine& line : lines) {
-            paths.push_back(line.m_Path);
-        }
-        const std::vector<bool> doubles =
-            FindDoubles(paths, ROUNDING_OF_TOLERANCE * m_Assembly.m_JoinTolerance);
-        std::vector<SFoundLine> kept;
+        std::vector<size_t> places;
         for (size_t i = 0; i < lines.size(); ++i) {
-            if (doubles[i]) {
-                m_Log.Add(lines[i].m_nLine, ODD,
-                          "the line from " + InWords(lines[i].m_Path.m_Start) + " to " +
-                              InWords(EndOf(lines[i].m_Path)) + " is drawn twice; one is left out",
-                          "lines that are drawn twice");
-            } else {
-                kept.push_back(std::move(lines[i]));
+            if (!lines[i].m_Path.m_bClosed) {
+                paths.push_back(lines[i].m_Path);
+                places.push_back(i);
             }
         }
-        lines = std::move(kept);
+        const std::vector<bool> open = FindDoubles(paths, ROUNDING_OF_TOLERANCE * m_Assembly.m_JoinTolerance);
+        std::vector<bool> doubles(lines.size());
+        for (size_t i = 0; i < places.size(); ++i) {
+            doubles[places[i]] = open[i];
+        }
+        DropDoubles(lines, doubles);
+    }
+
+    void DropDoubleContours(std::vector<SFoundLine>& contours) const {
+        std::vector<CRing> rings;
+        for (const SFoundLine& contour : contours) {
+            rings.push_back(Chords(contour.m_Path, m_Assembly.m_FlatTolerance / 4.0));
+        }
+        DropDoubles(contours, FindDoubleRings(rings, m_Assembly.m_FlatTolerance / 2.0));
     }
 
     /// Loose lines joined and sorted in.
@@ -126,6 +130,21 @@ public:
     }
 
 private:
+    void DropDoubles(std::vector<SFoundLine>& lines, const std::vector<bool>& doubles) const {
+        std::vector<SFoundLine> kept;
+        for (size_t i = 0; i < lines.size(); ++i) {
+            if (doubles[i]) {
+                m_Log.Add(lines[i].m_nLine, ODD,
+                          "the line from " + InWords(lines[i].m_Path.m_Start) + " to " +
+                              InWords(EndOf(lines[i].m_Path)) + " is drawn twice; one is left out",
+                          "lines that are drawn twice");
+            } else {
+                kept.push_back(std::move(lines[i]));
+            }
+        }
+        lines = std::move(kept);
+    }
+
     [[nodiscard]] std::vector<SPoint> PointsOf(const SPath& path) const {
         return Chords(path, m_Assembly.m_FlatTolerance);
     }
@@ -139,13 +158,12 @@ private:
 SFoundLines FindLines(const SDrawing& drawing, const SAssembly& assembly, CFindingLog& log) {
     const CLineFinding finding(assembly, log);
     std::vector<SFoundLine> lines = finding.Usable(drawing);
-    finding.DropDoubles(lines);
+    finding.DropDoubleLines(lines);
     SFoundLines found;
     for (SFoundLine& line : finding.Joined(std::move(lines))) {
         (finding.HasInside(line.m_Path) ? found.m_Contours : found.m_Marks).push_back(std::move(line));
     }
-    // Drawn once as a whole and once in parts, they are the same only now.
-    finding.DropDoubles(found.m_Contours);
+    finding.DropDoubleContours(found.m_Contours);
     return found;
 }
 

@@ -26,7 +26,4 @@ struct SFoundLines {
 /// calculated with.
 [[nodiscard]] SFoundLines FindLines(const SDrawing& drawing, const SAssembly& assembly, CFindingLog& log);
 
-/// A drawing with more points than this, once its curves are flattened, is not taken.
-inline constexpr size_t POINTS_MOST = 10'000'000;
-
 }  // namespace nestrix

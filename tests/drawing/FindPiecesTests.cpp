@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numbers>
 #include <utility>
 
 #include "drawing/PathArea.h"
@@ -14,6 +15,7 @@ namespace nestrix {
 
 namespace {
 
+using std::numbers::pi;
 using support::CSeededRandom;
 using support::DrawingOf;
 using support::DrawnCircle;
@@ -134,10 +136,15 @@ TEST(FoundPieces, HaveNoLinesThatCannotBeCalculatedWith) {
 }
 
 TEST(FoundPieces, AreNoneOfADrawingOfTooManyPoints) {
-    const std::vector<SPath> circles(10000, DrawnCircle({0, 0}, 1e80));
-    const SDrawnPieces found = Found(circles);
-    EXPECT_THAT(found.m_Findings,
-                testing::Contains(testing::Field(&SFinding::m_Message, HasSubstr("too large"))));
+    SAssembly assembly;
+    assembly.m_nPointsMost = 100;
+    EXPECT_THAT(FindPieces(DrawingOf({DrawnCircle({0, 0}, 3)}), "a.dxf", assembly).m_Pieces, SizeIs(1));
+    const SDrawnPieces found =
+        FindPieces(DrawingOf({DrawnCircle({0, 0}, 3), DrawnCircle({9, 0}, 1e7)}), "a.dxf", assembly);
+    EXPECT_THAT(found.m_Pieces, IsEmpty());
+    ASSERT_THAT(found.m_Findings, SizeIs(1));
+    EXPECT_EQ(InWords(found.m_Findings[0]),
+              "a.dxf:2: the drawing is too large: with this line it has more than 100 points");
 }
 
 TEST(FoundPieces, MayTouchButNotCrossEachOther) {
@@ -257,12 +264,44 @@ TEST(RandomScenes, AreTheSameMirroredTurnedAndShifted) {
     }
 }
 
-TEST(FoundPieces, LeaveOutLinesThatAreDrawnTwice) {
-    const SDrawnPieces found = Found({DrawnRectangle(0, 0, 5, 5), DrawnRectangle(0, 0, 5, 5)});
-    EXPECT_THAT(found.m_Pieces, SizeIs(1));
-    EXPECT_THAT(found.m_Pieces[0].m_Holes, IsEmpty());
-    ASSERT_THAT(found.m_Findings, SizeIs(1));
+TEST(FoundPieces, AreOneWhereTheyAreDrawnTwice) {
+    const SPath plate = DrawnRectangle(0, 0, 5, 5);
+    const SPath elsewhere{{5, 5}, {SLineTo{{5, 0}}, SLineTo{{0, 0}}, SLineTo{{0, 5}}}, true};
+    const SPath disc = DrawnCircle({20, 0}, 3);
+    const SPath halves{
+        {17, 0},
+        {SArcTo{{20, 0}, {3, 0}, {0, 3}, -pi, pi, {23, 0}}, SArcTo{{20, 0}, {3, 0}, {0, 3}, 0, pi, {17, 0}}},
+        true};
+    for (const std::vector<SPath>& twice : {std::vector{plate, plate},
+                                            {plate, Reversed(plate)},
+                                            {plate, elsewhere},
+                                            {disc, halves},
+                                            {DrawnLine({0, 0}, {5, 0}), DrawnLine({5, 0}, {5, 5}), plate,
+                                             DrawnLine({5, 5}, {0, 5}), DrawnLine({0, 0}, {0, 5})}}) {
+        const SDrawnPieces found = Found(twice);
+        ASSERT_THAT(found.m_Pieces, SizeIs(1));
+        EXPECT_THAT(found.m_Pieces[0].m_Holes, IsEmpty());
+        ASSERT_THAT(found.m_Findings, SizeIs(1));
+        EXPECT_EQ(found.m_Findings[0].m_eSeverity, SFinding::ESeverity::ODD);
+        EXPECT_THAT(found.m_Findings[0].m_Message, HasSubstr("is drawn twice"));
+    }
+}
+
+TEST(FoundPieces, AreMadeOfLooseLinesOfWhichSomeAreDrawnTwice) {
+    const SDrawnPieces found =
+        Found({DrawnLine({0, 0}, {5, 0}), DrawnLine({5, 0}, {0, 0}), DrawnLine({5, 0}, {5, 5}),
+               DrawnLine({5, 5}, {0, 0}), DrawnLine({5, 5}, {0, 0})});
+    ASSERT_THAT(found.m_Pieces, SizeIs(1));
+    EXPECT_THAT(found.m_Pieces[0].m_Marks, IsEmpty());
+    ASSERT_THAT(found.m_Findings, SizeIs(2));
     EXPECT_EQ(found.m_Findings[0].m_nLine, 2);
+    EXPECT_EQ(found.m_Findings[1].m_nLine, 5);
+}
+
+TEST(FoundPieces, AreTwoWhereOnlyTheirExtentIsTheSame) {
+    const SPath up{{0, 0}, {SLineTo{{6, 0}}, SLineTo{{3, 6}}}, true};
+    const SPath down{{0, 6}, {SLineTo{{6, 6}}, SLineTo{{3, 0}}}, true};
+    EXPECT_THAT(Found({up, down}).m_Pieces, SizeIs(2));
 }
 
 }  // namespace

@@ -86,7 +86,7 @@ TEST(LargeDrawings, HaveAllTheirLinesAtOnePoint) {
     std::vector<SPath> lines;
     for (int i = 0; i < RandomCases(10000); ++i) {
         const double angle = 4e-4 * i;
-        const SPoint tip{std::cos(angle), std::sin(angle)};
+        const SPoint tip{1000 * std::cos(angle), 1000 * std::sin(angle)};
         lines.push_back(DrawnLine({0, 0}, tip));
         if (i % 2 == 1) {
             lines.push_back(DrawnLine(tip, EndOf(lines[lines.size() - 2])));
