@@ -274,8 +274,12 @@ TEST(FlattenedCurves, OfAnySizeHaveNoMorePointsThanFitTheMemory) {
     EXPECT_LE(FlattenedAway(DrawnCircle({0, 0}, 1e90), ESide::LEFT, 0.05).size(), 30000U);
     EXPECT_LE(FlattenedAway(DrawnCircle({0, 0}, 5), ESide::LEFT, 0.0).size(), 30000U);
     EXPECT_LE(FlattenedAway(DrawnCircle({0, 0}, 5), ESide::LEFT, -1.0).size(), 30000U);
-    const SArcTo wound{{0, 0}, {5, 0}, {0, 4}, 1e17, 1e300, {5, 0}};
-    EXPECT_LE(FlattenedAway({{5, 0}, {wound}, true}, ESide::LEFT, 0.05).size(), 30000U);
+    for (const double second : {4.0, 5.0}) {
+        const SArcTo wound{{0, 0}, {5, 0}, {0, second}, 0, 1e300, {5, 0}};
+        EXPECT_LE(FlattenedAway({{5, 0}, {wound}, true}, ESide::LEFT, 0.05).size(), 100U);
+        const SArcTo far{{0, 0}, {5, 0}, {0, second}, 1e17, 1, {5, 0}};
+        EXPECT_LE(FlattenedAway({{5, 0}, {far}, true}, ESide::LEFT, 0.05).size(), 100U);
+    }
 }
 
 TEST(FlattenedPieces, DoNotCloseTheirNarrowSlots) {
