@@ -107,6 +107,15 @@ TEST(JoinedLines, BelongToTheNearestEnd) {
     EXPECT_THAT(joined.m_Open[1].m_Sources, ElementsAre(1));
 }
 
+TEST(JoinedLines, BelongToTheNearestEndByALittle) {
+    const std::vector<SPath> lines{DrawnLine({0, 0}, {5, 0}), DrawnLine({5, 0.09}, {0, 9}),
+                                   DrawnLine({5, 0.16}, {9, 9})};
+    const SJoinedLines joined = JoinLines(lines, TOLERANCE);
+    ASSERT_THAT(joined.m_Open, SizeIs(2));
+    EXPECT_THAT(joined.m_Open[0].m_Sources, ElementsAre(0));
+    EXPECT_THAT(joined.m_Open[1].m_Sources, ElementsAre(1, 2));
+}
+
 TEST(JoinedLines, MayBeShorterThanTheTolerance) {
     std::vector<SPoint> circle;
     for (int i = 0; i <= 1000; ++i) {
