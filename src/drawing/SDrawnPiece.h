@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,9 @@ struct SAssembly {
     double m_Scale = 1.0;           ///< a length of the drawing times this is one of the strip
     double m_JoinTolerance = 0.1;   ///< ends of lines this near each other are one point
     double m_FlatTolerance = 0.05;  ///< how far a flattened outline may lie outside the curve
+
+    /// A drawing that has more once its curves are flattened is not taken: it would fill the memory.
+    size_t m_nPointsMost = 10'000'000;
 };
 
 /// Pieces found, and what there is to say about them.
@@ -40,7 +44,8 @@ struct SDrawnPieces {
                                       const SAssembly& assembly);
 
 /// The outline and the holes as polygons whose edges leave the curves by at most the tolerance, and always
-/// away from the material: so nothing is cut too small.
+/// away from the material: so nothing is cut too small. Finer where an outline or a hole that does not cross
+/// itself would do so as polygon.
 [[nodiscard]] SShape Flattened(const SDrawnPiece& piece, double tolerance);
 
 }  // namespace nestrix

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "drawing/SPath.h"
+
+namespace nestrix {
+
+/// The area that a path encloses with the straight line from its end to its start, curves and all; positive
+/// where it runs counter-clockwise.
+[[nodiscard]] double SignedArea(const SPath& path);
+
+/// Twice the area of a ring, positive where it runs counter-clockwise.
+[[nodiscard]] double TwiceSignedArea(const CRing& ring);
+
+}  // namespace nestrix
