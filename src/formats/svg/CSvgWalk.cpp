@@ -16,8 +16,12 @@ namespace {
 
 constexpr size_t MOST_NESTED = 1000;
 
-/// As many characters of an attribute cost as much as a point.
-constexpr size_t CHARACTERS_A_POINT = 64;
+// What reading takes of time and memory, counted in points.
+constexpr size_t POINTS_AN_ELEMENT = 5;
+constexpr size_t CHARACTERS_A_POINT = 32;
+
+/// Times as much: a large file is large by itself, but what is copied to be as large was made for it.
+constexpr size_t COST_OF_COPIES = 4;
 
 /// No drawing is so large in any unit, and squares and products of such coordinates are finite by far.
 constexpr double FARTHEST = 1e12;
@@ -123,11 +127,12 @@ void CSvgWalk::Run() {
         SFrame& frame = m_Frames.back();
         const pugi::xml_node node = frame.m_Next;
         if (!node) {
+            m_nCopies -= frame.m_eChildren == EChildren::COPY ? 1 : 0;
             m_Frames.pop_back();
             continue;
         }
-        frame.m_Next = frame.m_bCopying ? pugi::xml_node() : node.next_sibling();
-        Visit(node, SSvgContext(frame.m_Inside), frame.m_bCopying);
+        frame.m_Next = frame.m_eChildren == EChildren::ALL ? node.next_sibling() : pugi::xml_node();
+        Visit(node, SSvgContext(frame.m_Inside), frame.m_eChildren == EChildren::COPY);
     }
 }
 
@@ -140,7 +145,7 @@ void CSvgWalk::Visit(pugi::xml_node node, const SSvgContext& around, bool bCopie
         return;
     }
     if (FindProperty(node, "display") == "none" ||
-        !Afford(node, 1 + LengthOfAttributes(node) / CHARACTERS_A_POINT)) {
+        !Afford(node, POINTS_AN_ELEMENT + LengthOfAttributes(node) / CHARACTERS_A_POINT)) {
         return;
     }
     SSvgContext context = around;
@@ -173,6 +178,7 @@ void CSvgWalk::Visit(pugi::xml_node node, const SSvgContext& around, bool bCopie
 
 void CSvgWalk::Push(SFrame frame) {
     if (m_Frames.size() < MOST_NESTED) {
+        m_nCopies += frame.m_eChildren == EChildren::COPY ? 1 : 0;
         m_Frames.push_back(std::move(frame));
     } else if (!m_bTooDeep) {
         m_bTooDeep = true;
@@ -183,7 +189,7 @@ void CSvgWalk::Push(SFrame frame) {
 
 void CSvgWalk::Descend(pugi::xml_node node, const SSvgContext& inside) {
     if (node.first_child()) {
-        Push({node, node.first_child(), inside, false});
+        Push({node, node.first_child(), inside, EChildren::ALL});
     }
 }
 
@@ -193,7 +199,7 @@ void CSvgWalk::DescendIntoSwitch(pugi::xml_node node, const SSvgContext& inside)
         const std::string_view name = m_File.NameOf(child);
         if (!name.empty() && name != "foreignObject" && !child.attribute("requiredExtensions") &&
             !child.attribute("systemLanguage")) {
-            Push({node, child, inside, true});
+            Push({node, child, inside, EChildren::ONE});
             return;
         }
     }
@@ -223,7 +229,7 @@ void CSvgWalk::Copy(const CSvgElement& use) {
     inside.m_Map =
         inside.m_Map *
         SMap{1.0, 0.0, 0.0, 1.0, use.Length("x", EDirection::ACROSS), use.Length("y", EDirection::DOWN)};
-    Push({use.Node(), copied, inside, true});
+    Push({use.Node(), copied, inside, EChildren::COPY});
 }
 
 bool CSvgWalk::IsBeingDrawn(pugi::xml_node node) const {
@@ -311,15 +317,15 @@ void CSvgWalk::WriteText(const CSvgElement& element) {
 
 /// @return whether there was room for so many points, in all that is read.
 bool CSvgWalk::Afford(pugi::xml_node node, size_t nPoints) {
-    if (nPoints > m_nPointsLeft) {
+    const size_t nCost = nPoints * (m_nCopies > 0 ? COST_OF_COPIES : 1);
+    if (nCost >= m_nPointsLeft) {
         if (m_nPointsLeft > 0) {
-            m_Findings.Fault(
-                node, "with all its copies, the drawing has more than five million points and elements");
+            m_Findings.Fault(node, "with all its copies, the drawing has too many points: millions");
         }
         m_nPointsLeft = 0;
         return false;
     }
-    m_nPointsLeft -= nPoints;
+    m_nPointsLeft -= nCost;
     return true;
 }
 

@@ -20,12 +20,19 @@ public:
     void Run();
 
 private:
+    /// What is visited inside an element.
+    enum class EChildren {
+        ALL,
+        ONE,  ///< of its children
+        COPY  ///< what a "use" shows, which stands elsewhere in the file
+    };
+
     /// An element whose children are being visited.
     struct SFrame {
         pugi::xml_node m_Element;
-        pugi::xml_node m_Next;    ///< the child that comes next; none when all are done
-        SSvgContext m_Inside;     ///< what the children have from here
-        bool m_bCopying = false;  ///< a "use": it has one child, which stands elsewhere in the file
+        pugi::xml_node m_Next;  ///< the child that comes next; none when all are done
+        SSvgContext m_Inside;   ///< what the children have from here
+        EChildren m_eChildren = EChildren::ALL;
     };
 
     void Visit(pugi::xml_node node, const SSvgContext& around, bool bCopied);
@@ -47,6 +54,7 @@ private:
     SDrawing& m_Drawing;
     std::vector<SFrame> m_Frames;
     std::unordered_map<std::string_view, pugi::xml_node> m_ById;  ///< filled when first asked
+    size_t m_nCopies = 0;  ///< that are being drawn, one inside the other
     size_t m_nPointsLeft = 5'000'000;
     bool m_bTooDeep = false;
 };

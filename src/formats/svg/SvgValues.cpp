@@ -1,7 +1,7 @@
 #include "formats/svg/SvgValues.h"
 
-#include <cmath>
-#include <numbers>
+#include <algorithm>
+#include <string>
 #include <svgpp/parser/external_function/parse_misc_impl.hpp>
 #include <svgpp/parser/external_function/parse_preserveAspectRatio_impl.hpp>
 #include <svgpp/parser/grammar/coordinate_pair.hpp>
@@ -98,7 +98,7 @@ private:
     SMap m_Map;
 };
 
-using CLengthGrammar = svgpp::percentage_or_length_css_grammar<char const*, SLengthFactory>;
+using CLengthGrammar = svgpp::length_grammar<svgpp::tag::source::attribute, char const*, SLengthFactory>;
 using CTransformGrammar =
     svgpp::transform_grammar<char const*, CTransforms, double,
                              svgpp::policy::transform_events::forward_to_method<CTransforms>>;
@@ -142,8 +142,11 @@ double AlongY(svgpp::preserveAspectRatio_value::align_type eAlign) {
 std::optional<SSvgLength> ParseLength(std::string_view text) {
     static const CLengthGrammar GRAMMAR;
     static const SLengthFactory FACTORY;
+    std::string lower(text);  // units may be written in capitals, too
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     SSvgLength length;
-    const bool bWhole = IsWhole(text, [&length](char const*& pAt, char const* pEnd) {
+    const bool bWhole = IsWhole(lower, [&length](char const*& pAt, char const* pEnd) {
         return qi::parse(pAt, pEnd, GRAMMAR(boost::phoenix::cref(FACTORY)), length);
     });
     return bWhole ? std::optional(length) : std::nullopt;
