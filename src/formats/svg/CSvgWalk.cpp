@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "formats/svg/SvgPathData.h"
+#include "formats/svg/SvgPlan.h"
 #include "formats/svg/SvgShapes.h"
 #include "formats/svg/SvgStyle.h"
 #include "formats/svg/SvgText.h"
@@ -144,7 +145,7 @@ void CSvgWalk::Visit(pugi::xml_node node, const SSvgContext& around, bool bCopie
         }
         return;
     }
-    if (FindProperty(node, "display") == "none" ||
+    if (FindProperty(node, "display") == "none" || node.attribute(ADDED_BY_PLAN) ||
         !Afford(node, POINTS_AN_ELEMENT + LengthOfAttributes(node) / CHARACTERS_A_POINT)) {
         return;
     }
