@@ -321,7 +321,8 @@ bool CSvgWalk::Afford(pugi::xml_node node, size_t nPoints) {
     const size_t nCost = nPoints * (m_nCopies > 0 ? COST_OF_COPIES : 1);
     if (nCost >= m_nPointsLeft) {
         if (m_nPointsLeft > 0) {
-            m_Findings.Fault(node, "with all its copies, the drawing has too many points: millions");
+            m_Findings.Fault(node,
+                             "with all its copies, the drawing has too many points and elements to be read");
         }
         m_nPointsLeft = 0;
         return false;

@@ -14,8 +14,9 @@ namespace nestrix {
 /// and a few lines of copies of copies amount to more elements than there are atoms.
 class CSvgWalk {
 public:
-    CSvgWalk(const CSvgFile& file, CSvgFindings& findings, SDrawing& drawing)
-        : m_File(file), m_Findings(findings), m_Drawing(drawing) {}
+    /// @param nMostPoints see ReadSvg.
+    CSvgWalk(const CSvgFile& file, size_t nMostPoints, CSvgFindings& findings, SDrawing& drawing)
+        : m_File(file), m_Findings(findings), m_Drawing(drawing), m_nPointsLeft(nMostPoints) {}
 
     void Run();
 
@@ -54,8 +55,8 @@ private:
     SDrawing& m_Drawing;
     std::vector<SFrame> m_Frames;
     std::unordered_map<std::string_view, pugi::xml_node> m_ById;  ///< filled when first asked
+    size_t m_nPointsLeft;
     size_t m_nCopies = 0;  ///< that are being drawn, one inside the other
-    size_t m_nPointsLeft = 5'000'000;
     bool m_bTooDeep = false;
 };
 

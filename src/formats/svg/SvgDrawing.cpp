@@ -4,7 +4,7 @@
 
 namespace nestrix {
 
-SDrawing ReadSvg(const std::string& path) {
+SDrawing ReadSvg(const std::string& path, size_t nMostPoints) {
     SDrawing drawing;
     const CSvgFile file(path);
     if (!file.Fault().empty()) {
@@ -12,7 +12,7 @@ SDrawing ReadSvg(const std::string& path) {
         return drawing;
     }
     CSvgFindings findings(file, path);
-    CSvgWalk(file, findings, drawing).Run();
+    CSvgWalk(file, nMostPoints, findings, drawing).Run();
     drawing.m_Findings = findings.Finish();
     return drawing;
 }

@@ -6,6 +6,9 @@
 
 namespace nestrix {
 
+/// Far more than any drawing has, in less than a gigabyte.
+inline constexpr size_t MOST_SVG_POINTS = 5'000'000;
+
 /// Reads an SVG file: paths with all commands, the basic shapes and texts, with groups, copies, viewports and
 /// transforms resolved. Curves stay curves and arcs arcs.
 ///
@@ -16,7 +19,9 @@ namespace nestrix {
 /// layer instead. What is hidden by "display" or "visibility" is left out, and so is what only serves others:
 /// definitions, clips, masks, patterns, markers. What else is left out is told once for each kind.
 ///
+/// @param nMostPoints how much a drawing may hold with all its copies: a file of a few lines can ask for
+/// billions. An element counts as five points, and what is copied four times.
 /// @return what could be read. With a fault among the findings that is not all.
-[[nodiscard]] SDrawing ReadSvg(const std::string& path);
+[[nodiscard]] SDrawing ReadSvg(const std::string& path, size_t nMostPoints = MOST_SVG_POINTS);
 
 }  // namespace nestrix
