@@ -17,7 +17,9 @@ inline constexpr size_t MOST_SVG_POINTS = 5'000'000;
 ///
 /// A line's name is the nearest "inkscape:label", else the nearest "id"; those of Inkscape's layers name its
 /// layer instead. What is hidden by "display" or "visibility" is left out, and so is what only serves others:
-/// definitions, clips, masks, patterns, markers. What else is left out is told once for each kind.
+/// definitions, clips, masks, patterns, markers. What else is left out is told once for each kind. Outlines
+/// are taken whole: nothing is clipped, at the edge of a viewport neither. What stands on a group that
+/// WriteSvgPlan adds to the pieces is none of the drawing.
 ///
 /// @param nMostPoints how much a drawing may hold with all its copies: a file of a few lines can ask for
 /// billions. An element counts as five points, and what is copied four times.

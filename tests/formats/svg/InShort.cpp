@@ -4,7 +4,6 @@
 #include <numbers>
 
 #include "base/NumberText.h"
-#include "formats/svg/SvgDrawing.h"
 #include "tests/support/CTemporaryFolder.h"
 
 namespace nestrix {
@@ -65,9 +64,9 @@ std::string InShort(const std::vector<SFinding>& findings) {
     return text;
 }
 
-SDrawing ReadSvgText(const std::string& text) {
+SDrawing ReadSvgText(const std::string& text, size_t nMostPoints) {
     const support::CTemporaryFolder folder;
-    return ReadSvg(folder.Write("drawing.svg", text));
+    return ReadSvg(folder.Write("drawing.svg", text), nMostPoints);
 }
 
 SDrawing ReadSvgContent(const std::string& content) {

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "drawing/SDrawing.h"
+#include "formats/svg/SvgDrawing.h"
 
 namespace nestrix {
 
@@ -17,7 +18,7 @@ namespace nestrix {
 [[nodiscard]] std::string InShort(const std::vector<SFinding>& findings);
 
 /// What an SVG file reads as that has this text.
-[[nodiscard]] SDrawing ReadSvgText(const std::string& text);
+[[nodiscard]] SDrawing ReadSvgText(const std::string& text, size_t nMostPoints = MOST_SVG_POINTS);
 
 /// What this content of an "svg" element reads as, in which y counts from -100 below to 0, and lengths have
 /// no unit. The note that says so is taken out of the findings.
