@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 
+#include "formats/svg/ElementContext.h"
 #include "formats/svg/SvgPathData.h"
 #include "formats/svg/SvgPlan.h"
 #include "formats/svg/SvgShapes.h"
@@ -54,42 +55,6 @@ size_t LengthOfAttributes(pugi::xml_node node) {
     return nLength;
 }
 
-/// Its label, or its id.
-void TakeNames(pugi::xml_node node, SSvgContext& context) {
-    const bool bLayer = std::string_view(node.attribute("inkscape:groupmode").value()) == "layer";
-    const pugi::xml_attribute label = node.attribute("inkscape:label");
-    const pugi::xml_attribute id = node.attribute("id");
-    if (bLayer) {
-        context.m_Layer = *label.value() != '\0' ? label : id;
-        return;
-    }
-    if (*label.value() != '\0') {
-        context.m_Label = label;
-    }
-    if (*id.value() != '\0') {
-        context.m_Id = id;
-    }
-}
-
-void TakeVisibility(pugi::xml_node node, SSvgContext& context) {
-    const std::string_view visibility = FindProperty(node, "visibility");
-    if (!visibility.empty() && visibility != "inherit") {
-        context.m_bVisible = visibility == "visible";
-    }
-}
-
-void TakeTransform(pugi::xml_node node, SSvgContext& context, CSvgFindings& findings) {
-    const std::string_view text = node.attribute("transform").value();
-    if (text.empty() || text == "none") {
-        return;
-    }
-    if (const std::optional<SMap> transform = ParseTransform(text)) {
-        context.m_Map = context.m_Map * *transform;
-    } else {
-        findings.Fault(node, "transform is not understood: " + Quoted(text));
-    }
-}
-
 bool IsNear(SPoint point) {
     return std::abs(point.m_X) <= FARTHEST && std::abs(point.m_Y) <= FARTHEST;  // and is a number
 }
@@ -120,9 +85,9 @@ std::string NameIn(const SSvgContext& context) {
 void CSvgWalk::Run() {
     const SSvgPage page = ReadPage(m_File.Root(), m_Findings);
     m_Drawing.m_Unit = page.m_Unit;
-    SSvgContext inside = page.m_Inside;
-    TakeTransform(m_File.Root(), inside, m_Findings);
-    TakeVisibility(m_File.Root(), inside);
+    SSvgContext inside = ContextOf(m_File.Root(), page.m_Inside, m_Findings);
+    inside.m_Id = pugi::xml_attribute();  // programs give the page one, which would name everything
+    inside.m_Label = pugi::xml_attribute();
     Descend(m_File.Root(), inside);
     while (!m_Frames.empty() && m_nPointsLeft > 0) {
         SFrame& frame = m_Frames.back();
@@ -141,7 +106,7 @@ void CSvgWalk::Visit(pugi::xml_node node, const SSvgContext& around, bool bCopie
     const std::string_view name = m_File.NameOf(node);
     if (name.empty() || (IsOneOf(UNSEEN, name) && !(bCopied && name == "symbol"))) {
         if (name == "style") {
-            MentionOddities(node, name);
+            MentionStyleSheet(node, m_Findings);
         }
         return;
     }
@@ -149,12 +114,8 @@ void CSvgWalk::Visit(pugi::xml_node node, const SSvgContext& around, bool bCopie
         !Afford(node, POINTS_AN_ELEMENT + LengthOfAttributes(node) / CHARACTERS_A_POINT)) {
         return;
     }
-    SSvgContext context = around;
-    TakeTransform(node, context, m_Findings);
-    TakeVisibility(node, context);
-    TakeFont(node, context);
-    TakeNames(node, context);
-    MentionOddities(node, name);
+    const SSvgContext context = ContextOf(node, around, m_Findings);
+    MentionOddities(node, m_Findings);
     const CSvgElement element(node, context, m_Findings);
     if (IsOneOf(GROUPS, name)) {
         Descend(node, context);
@@ -177,10 +138,10 @@ void CSvgWalk::Visit(pugi::xml_node node, const SSvgContext& around, bool bCopie
     }
 }
 
-void CSvgWalk::Push(SFrame frame) {
+void CSvgWalk::Push(const SFrame& frame) {
     if (m_Frames.size() < MOST_NESTED) {
         m_nCopies += frame.m_eChildren == EChildren::COPY ? 1 : 0;
-        m_Frames.push_back(std::move(frame));
+        m_Frames.push_back(frame);
     } else if (!m_bTooDeep) {
         m_bTooDeep = true;
         m_Findings.Fault(frame.m_Element, "more than " + std::to_string(MOST_NESTED) +
@@ -329,26 +290,6 @@ bool CSvgWalk::Afford(pugi::xml_node node, size_t nPoints) {
     }
     m_nPointsLeft -= nCost;
     return true;
-}
-
-/// What others would show differently.
-void CSvgWalk::MentionOddities(pugi::xml_node node, std::string_view name) {
-    if (name == "style") {
-        const std::string_view sheet = node.child_value();
-        if (sheet.find("display") != sheet.npos || sheet.find("visibility") != sheet.npos) {
-            m_Findings.Odd(node, "style sheets are not read: what they hide is not left out");
-        }
-        return;
-    }
-    for (char const* pName : {"clip-path", "mask"}) {
-        const std::string_view value = FindProperty(node, pName);
-        if (!value.empty() && value != "none") {
-            m_Findings.Odd(node, std::string(pName) + " is not looked at: outlines are taken whole");
-        }
-    }
-    if (node.attribute("transform-origin") || FindProperty(node, "transform-origin") != "") {
-        m_Findings.Odd(node, "transform-origin is not looked at");
-    }
 }
 
 }  // namespace nestrix

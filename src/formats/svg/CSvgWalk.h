@@ -44,8 +44,7 @@ private:
     void DrawPathData(const CSvgElement& element);
     void Draw(const CSvgElement& element, const SPath& path);
     void WriteText(const CSvgElement& element);
-    void MentionOddities(pugi::xml_node node, std::string_view name);
-    void Push(SFrame frame);
+    void Push(const SFrame& frame);
     bool Afford(pugi::xml_node node, size_t nPoints);
     [[nodiscard]] bool IsBeingDrawn(pugi::xml_node node) const;
     [[nodiscard]] pugi::xml_node FindById(std::string_view id);

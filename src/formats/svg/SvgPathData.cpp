@@ -10,6 +10,8 @@ namespace nestrix {
 
 namespace {
 
+// NOLINTBEGIN(readability-identifier-naming): the library has named these operations
+
 /// Absolute coordinates, no shorthands, no quadratic curves; but arcs stay arcs.
 struct SPathPolicy : svgpp::policy::path::minimal {
     static const bool arc_as_cubic_bezier = false;
@@ -17,7 +19,7 @@ struct SPathPolicy : svgpp::policy::path::minimal {
 
 using CAbsolute = svgpp::tag::coordinate::absolute;
 
-/// Takes what the grammar finds. The names of its operations are the library's.
+/// Takes what the grammar finds.
 class CPathCollector {
 public:
     explicit CPathCollector(size_t nMostStretches) : m_nMostStretches(nMostStretches) {}
@@ -72,6 +74,8 @@ private:
     SSvgPathData m_Data;
 };
 
+// NOLINTEND(readability-identifier-naming)
+
 using CAdapter = svgpp::path_adapter<CPathCollector, SPathPolicy, double>;
 using CEvents = svgpp::detail::path_adapter_path_events_policy<CAdapter, SPathPolicy, double>;
 using CGrammar = svgpp::path_data_grammar<char const*, CAdapter, double, CEvents>;
@@ -79,12 +83,12 @@ using CGrammar = svgpp::path_data_grammar<char const*, CAdapter, double, CEvents
 }  // namespace
 
 SSvgPathData ParsePathData(std::string_view text, size_t nMostStretches) {
-    static const CGrammar GRAMMAR;
+    static const CGrammar s_Grammar;
     CPathCollector collector(nMostStretches);
     CAdapter adapter(collector);
     const size_t nSound = SoundNumbersUpTo(text);
     char const* pAt = text.data();
-    boost::spirit::qi::phrase_parse(pAt, text.data() + nSound, GRAMMAR(boost::phoenix::ref(adapter)),
+    boost::spirit::qi::phrase_parse(pAt, text.data() + nSound, s_Grammar(boost::phoenix::ref(adapter)),
                                     CGrammar::skipper_type());
     SSvgPathData data = std::move(collector.Data());
     data.m_nUnderstood = static_cast<size_t>(pAt - text.data());

@@ -40,6 +40,8 @@ bool IsWhole(std::string_view text, TParse parse) {
     return parse(pAt, pEnd) && pAt == pEnd;
 }
 
+// NOLINTBEGIN(readability-identifier-naming): the library has named these operations
+
 /// Makes the lengths that the library's grammar finds.
 struct SLengthFactory {
     using length_type = SSvgLength;
@@ -65,8 +67,7 @@ struct SLengthFactory {
     }
 };
 
-/// Takes what the grammar of transforms finds; the first of a list is the outermost. The names of its
-/// operations are the library's.
+/// Takes what the grammar of transforms finds; the first of a list is the outermost.
 class CTransforms {
 public:
     void transform_matrix(const boost::array<double, 6>& m) { Append({m[0], m[2], m[1], m[3], m[4], m[5]}); }
@@ -97,6 +98,8 @@ private:
 
     SMap m_Map;
 };
+
+// NOLINTEND(readability-identifier-naming)
 
 using CLengthGrammar = svgpp::length_grammar<svgpp::tag::source::attribute, char const*, SLengthFactory>;
 using CTransformGrammar =
@@ -140,14 +143,14 @@ double AlongY(svgpp::preserveAspectRatio_value::align_type eAlign) {
 }  // namespace
 
 std::optional<SSvgLength> ParseLength(std::string_view text) {
-    static const CLengthGrammar GRAMMAR;
-    static const SLengthFactory FACTORY;
+    static const CLengthGrammar s_Grammar;
+    static const SLengthFactory s_Factory;
     std::string lower(text);  // units may be written in capitals, too
     std::transform(lower.begin(), lower.end(), lower.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     SSvgLength length;
     const bool bWhole = IsWhole(lower, [&length](char const*& pAt, char const* pEnd) {
-        return qi::parse(pAt, pEnd, GRAMMAR(boost::phoenix::cref(FACTORY)), length);
+        return qi::parse(pAt, pEnd, s_Grammar(boost::phoenix::cref(s_Factory)), length);
     });
     return bWhole ? std::optional(length) : std::nullopt;
 }
@@ -173,27 +176,27 @@ std::optional<SSvgAspect> ParseAspect(std::string_view text) {
 }
 
 std::optional<SMap> ParseTransform(std::string_view text) {
-    static const CTransformGrammar GRAMMAR;
+    static const CTransformGrammar s_Grammar;
     CTransforms transforms;
     const bool bWhole = IsWhole(text, [&transforms](char const*& pAt, char const* pEnd) {
-        return qi::phrase_parse(pAt, pEnd, GRAMMAR(boost::phoenix::ref(transforms)),
+        return qi::phrase_parse(pAt, pEnd, s_Grammar(boost::phoenix::ref(transforms)),
                                 CTransformGrammar::skipper_type());
     });
     return bWhole ? std::optional(transforms.Map()) : std::nullopt;
 }
 
 std::optional<std::vector<SPoint>> ParsePoints(std::string_view text) {
-    static const CPointGrammar PAIR;
-    static const CSeparator SEPARATOR;
+    static const CPointGrammar s_Pair;
+    static const CSeparator s_Separator;
     std::vector<SPoint> points;
     const bool bWhole = IsWhole(text, [&points](char const*& pAt, char const* pEnd) {
         do {
             std::pair<double, double> pair;
-            if (!qi::parse(pAt, pEnd, PAIR, pair)) {
+            if (!qi::parse(pAt, pEnd, s_Pair, pair)) {
                 return false;
             }
             points.push_back({pair.first, pair.second});
-        } while (qi::parse(pAt, pEnd, SEPARATOR));
+        } while (qi::parse(pAt, pEnd, s_Separator));
         return true;
     });
     return bWhole ? std::optional(std::move(points)) : std::nullopt;

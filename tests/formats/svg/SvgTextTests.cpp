@@ -32,6 +32,11 @@ TEST(SvgTexts, HaveAPlaceAndTheHeightOfCapitals) {
     EXPECT_EQ(Texts("<g font-size='20'><text font-size='50%'>A</text></g>"), "A at 0,0 height 7");
 }
 
+TEST(SvgTexts, HaveTheSizeThatThePageTells) {
+    const SDrawing drawing = ReadSvgText("<svg font-size='10'><text>A</text></svg>");
+    EXPECT_NEAR(drawing.m_Texts.at(0).m_Height, 7.0, 1e-12);
+}
+
 TEST(SvgTexts, AreTurnedAndMirroredWithWhatTheyLieOn) {
     EXPECT_EQ(Texts("<text font-size='10' transform='rotate(-90)'>A</text>"), "A at 0,0 height 7 turned 90");
     EXPECT_EQ(Texts("<text font-size='10' transform='scale(-1 1)'>A</text>"), "A at 0,0 height 7 mirrored");
