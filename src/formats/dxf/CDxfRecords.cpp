@@ -73,6 +73,9 @@ bool CDxfRecords::ReadGroup() {
         m_Fault = Quoted(code) + " is no group code of a DXF file";
         return false;
     }
+    if (m_Rest.empty()) {
+        return false;  // the text ends before the value
+    }
     const std::string_view value = ReadLine();
     m_Ahead.m_Value = Trimmed(value);
     m_Ahead.m_nLine = m_nLine;

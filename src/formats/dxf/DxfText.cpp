@@ -121,8 +121,11 @@ public:
 
     /// One that "%%" may begin; such that switch lines above and below the text on and off are dropped.
     void CopySpecial(std::string& text) {
-        if (!Skip("%%") || m_Rest.empty()) {
+        if (!Skip("%%")) {
             Copy(text);
+            return;
+        }
+        if (m_Rest.empty()) {
             return;
         }
         constexpr std::string_view LETTERS = "dDcCpPuUoOkK%";
