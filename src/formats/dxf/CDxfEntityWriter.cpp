@@ -62,15 +62,7 @@ void CDxfEntityWriter::Write(const SPath& path, const SDxfEntityStyle& style) {
     if (path.m_Stretches.empty() || WriteWholeEllipse(path, style)) {
         return;
     }
-    std::vector<SLeg> legs;
-    SPoint start = path.m_Start;
-    for (const CStretch& stretch : path.m_Stretches) {
-        legs.push_back({start, stretch});
-        start = EndOf(stretch);
-    }
-    if (path.m_bClosed && start != path.m_Start) {
-        legs.push_back({start, SLineTo{path.m_Start}});
-    }
+    const std::vector<SLeg> legs = LegsOf(path);
     for (auto begin = legs.begin(); begin != legs.end();) {
         const EKind eKind = KindOf(begin->m_Stretch);
         auto end = std::find_if(begin, legs.end(),
@@ -86,6 +78,26 @@ void CDxfEntityWriter::Write(const SPath& path, const SDxfEntityStyle& style) {
         }
         begin = end;
     }
+}
+
+/// A closed path begins where one kind of entity ends: in the middle of one it would be two.
+std::vector<CDxfEntityWriter::SLeg> CDxfEntityWriter::LegsOf(const SPath& path) {
+    std::vector<SLeg> legs;
+    SPoint start = path.m_Start;
+    for (const CStretch& stretch : path.m_Stretches) {
+        legs.push_back({start, stretch});
+        start = EndOf(stretch);
+    }
+    if (path.m_bClosed && start != path.m_Start) {
+        legs.push_back({start, SLineTo{path.m_Start}});
+    }
+    if (path.m_bClosed && KindOf(legs.front().m_Stretch) == KindOf(legs.back().m_Stretch)) {
+        const EKind eKind = KindOf(legs.front().m_Stretch);
+        const auto change = std::find_if(legs.begin(), legs.end(),
+                                         [eKind](const SLeg& leg) { return KindOf(leg.m_Stretch) != eKind; });
+        std::rotate(legs.begin(), change, legs.end());
+    }
+    return legs;
 }
 
 void CDxfEntityWriter::Write(const SDrawnText& text, const SDxfEntityStyle& style) {

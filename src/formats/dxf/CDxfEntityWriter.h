@@ -39,6 +39,7 @@ private:
     };
     using CLegs = std::span<const SLeg>;
 
+    static std::vector<SLeg> LegsOf(const SPath& path);
     CDxfWriter& Begin(std::string_view name, const SDxfEntityStyle& style);
     void End(const SDxfEntityStyle& style);
     bool WriteWholeEllipse(const SPath& path, const SDxfEntityStyle& style);

@@ -18,10 +18,6 @@ SPoint LeftOf(SPoint direction) {
 
 }  // namespace
 
-SPoint PointAt(const SArcTo& arc, double parameter) {
-    return arc.m_Centre + arc.m_FirstRadius * std::cos(parameter) + arc.m_SecondRadius * std::sin(parameter);
-}
-
 double SeenSweep(const SArcTo& arc) {
     return Cross(arc.m_FirstRadius, arc.m_SecondRadius) < 0.0 ? -arc.m_Sweep : arc.m_Sweep;
 }

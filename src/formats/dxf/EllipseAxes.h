@@ -22,9 +22,6 @@ struct SEllipseArc {
 /// Whether both are parts of one ellipse that is walked the same way, but for rounding.
 [[nodiscard]] bool AreOfOneEllipse(const SArcTo& a, const SArcTo& b);
 
-/// The point of the arc for a value of its parameter.
-[[nodiscard]] SPoint PointAt(const SArcTo& arc, double parameter);
-
 /// The sweep as it is seen: positive counter-clockwise.
 [[nodiscard]] double SeenSweep(const SArcTo& arc);
 
