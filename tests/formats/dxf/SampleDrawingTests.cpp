@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -6,6 +7,7 @@
 #include <ostream>
 #include <sstream>
 
+#include "drawing/SDrawnPiece.h"
 #include "formats/dxf/DxfDrawing.h"
 #include "packing/PointVectors.h"
 #include "tests/formats/dxf/DxfTexts.h"
@@ -94,6 +96,24 @@ INSTANTIATE_TEST_SUITE_P(All, Sample,
                              std::erase(name, '-');
                              return name;
                          });
+
+/// The pieces of a drawing, by the number of stretches of their outlines, with the number of their holes.
+std::vector<std::pair<size_t, size_t>> PiecesOf(const char* pName) {
+    const SDrawing drawing = ReadDxf(SAMPLES / pName);
+    EXPECT_TRUE(drawing.m_Findings.empty());
+    std::vector<std::pair<size_t, size_t>> pieces;
+    for (const SDrawnPiece& piece : FindPieces(drawing, pName, {}).m_Pieces) {
+        pieces.emplace_back(piece.m_Outline.m_Stretches.size(), piece.m_Holes.size());
+    }
+    return pieces;
+}
+
+TEST(DrawingOfInkscape, HasItsPiecesWithTheirHoles) {
+    using testing::Pair;
+    EXPECT_THAT(PiecesOf("inkscape-r14.dxf"),
+                testing::UnorderedElementsAre(Pair(4U, 1U), Pair(4U, 0U), Pair(3U, 0U), Pair(6U, 0U)));
+    EXPECT_THAT(PiecesOf("inkscape-r12.dxf"), testing::UnorderedElementsAre(Pair(19U, 0U), Pair(3U, 0U)));
+}
 
 }  // namespace
 
