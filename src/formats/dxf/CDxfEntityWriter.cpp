@@ -181,11 +181,13 @@ void CDxfEntityWriter::WritePolyline(CLegs legs, bool bClosed, const SDxfEntityS
     for (const SLeg& leg : legs) {
         AddBulges(leg.m_Start, leg.m_Stretch, vertices);
     }
-    if (!bClosed) {
+    // Of one point only, nobody would know that it is closed.
+    const bool bAsClosed = bClosed && vertices.size() > 1;
+    if (!bAsClosed) {
         vertices.push_back({EndOf(legs.back().m_Stretch), 0.0});
     }
     Begin("LWPOLYLINE", style).Text(100, "AcDbPolyline");
-    m_Writer.Whole(90, static_cast<int64_t>(vertices.size())).Whole(70, bClosed ? 1 : 0);
+    m_Writer.Whole(90, static_cast<int64_t>(vertices.size())).Whole(70, bAsClosed ? 1 : 0);
     for (const SBulgeVertex& vertex : vertices) {
         m_Writer.FlatPoint(10, vertex.m_At);
         if (vertex.m_Bulge != 0.0) {
