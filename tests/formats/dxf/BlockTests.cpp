@@ -108,7 +108,7 @@ TEST(Block, ThatIsNotThereIsAFaultOnceOnly) {
     const SDrawing drawing =
         ReadEntities("0 INSERT 2 A 10 0 20 0 0 INSERT 2 A 10 9 20 0 0 CIRCLE 10 0 20 0 40 1");
     EXPECT_EQ(drawing.m_Paths.size(), 1U);
-    EXPECT_THAT(FindingsOf(drawing), ElementsAre("18: the block \"A\" is not in the file"));
+    ASSERT_THAT(FindingsOf(drawing), ElementsAre("18: the block \"A\" is not in the file"));
     EXPECT_EQ(drawing.m_Findings[0].m_eSeverity, SFinding::ESeverity::FAULT);
 }
 
@@ -208,7 +208,7 @@ TEST(Layer, ThatIsFrozenOrOffHidesWhatIsOnIt) {
         const SDrawing drawing =
             ReadWithLayers(layers, "0 CIRCLE 8 " + std::string(pLayer) + " 10 0 20 0 40 1", "");
         EXPECT_THAT(drawing.m_Paths, IsEmpty());
-        EXPECT_THAT(FindingsOf(drawing), ElementsAre(HasSubstr("is left out: it is")));
+        ASSERT_THAT(FindingsOf(drawing), ElementsAre(HasSubstr("is left out: it is")));
         EXPECT_EQ(drawing.m_Findings[0].m_eSeverity, SFinding::ESeverity::NOTE);
     }
     EXPECT_EQ(ReadWithLayers(layers, "0 CIRCLE 8 LOCKED 10 0 20 0 40 1", "").m_Paths.size(), 1U);

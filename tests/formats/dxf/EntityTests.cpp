@@ -151,7 +151,7 @@ TEST(HeavyPolyline, ThatIsAMeshIsLeftOut) {
 TEST(Polyline, OfOneVertexIsOdd) {
     const SDrawing drawing = ReadEntities("0 LWPOLYLINE 90 1 10 1 20 2");
     EXPECT_THAT(drawing.m_Paths, IsEmpty());
-    EXPECT_THAT(FindingsOf(drawing), ElementsAre("18: a polyline has fewer than two vertices"));
+    ASSERT_THAT(FindingsOf(drawing), ElementsAre("18: a polyline has fewer than two vertices"));
     EXPECT_EQ(drawing.m_Findings[0].m_eSeverity, SFinding::ESeverity::ODD);
 }
 
@@ -177,7 +177,7 @@ TEST(WhatIsTilted, IsLeftOut) {
 TEST(OtherKinds, AreNamedOnceEach) {
     const SDrawing drawing = ReadEntities("0 HATCH 8 0 0 RAY 8 0 0 HATCH 8 0 0 CIRCLE 10 0 20 0 40 1");
     EXPECT_EQ(drawing.m_Paths.size(), 1U);
-    EXPECT_THAT(FindingsOf(drawing), ElementsAre("18: 2 \"HATCH\" are left out: this kind is not read",
+    ASSERT_THAT(FindingsOf(drawing), ElementsAre("18: 2 \"HATCH\" are left out: this kind is not read",
                                                  "22: 1 \"RAY\" is left out: this kind is not read"));
     EXPECT_EQ(drawing.m_Findings[0].m_eSeverity, SFinding::ESeverity::ODD);
     EXPECT_EQ(drawing.m_Findings[0].m_File, "test.dxf");
@@ -187,7 +187,7 @@ TEST(PaperSpaceAndInvisibleEntities, AreLeftOut) {
     const SDrawing drawing =
         ReadEntities("0 CIRCLE 67 1 10 0 20 0 40 1 0 VIEWPORT 67 1 0 CIRCLE 60 1 10 0 20 0 40 2");
     EXPECT_THAT(drawing.m_Paths, IsEmpty());
-    EXPECT_THAT(FindingsOf(drawing), ElementsAre("32: what is invisible is left out"));
+    ASSERT_THAT(FindingsOf(drawing), ElementsAre("32: what is invisible is left out"));
     EXPECT_EQ(drawing.m_Findings[0].m_eSeverity, SFinding::ESeverity::NOTE);
 }
 
