@@ -46,9 +46,8 @@ bool AllPointsOf(const SPath& path, CPredicate isGood) {
 }
 
 bool IsWithin(const SPath& path, double most) {
-    return AllPointsOf(path, [most](SPoint point) {
-        return std::abs(point.m_X) <= most && std::abs(point.m_Y) <= most;
-    });
+    return AllPointsOf(
+        path, [most](SPoint point) { return std::abs(point.m_X) <= most && std::abs(point.m_Y) <= most; });
 }
 
 bool HasFault(const SDrawing& drawing) {
@@ -88,8 +87,10 @@ void CheckPlan(const SDrawing& drawing) {
             piece.m_Name = path.m_Name;
             piece.m_Outline = path.m_Path;
             piece.m_Marks.push_back(path.m_Path);
-            packing.m_Placed.push_back({static_cast<int>(drawn.size()), path.m_nLine % 2 == 0,
-                                        static_cast<double>(path.m_nLine % 360), {}});
+            packing.m_Placed.push_back({static_cast<int>(drawn.size()),
+                                        path.m_nLine % 2 == 0,
+                                        static_cast<double>(path.m_nLine % 360),
+                                        {}});
             pieces.push_back({path.m_Name, {{path.m_Path.m_Start, EndOf(path.m_Path)}, {}}, 1, {}, true});
             drawn.push_back(std::move(piece));
         }
