@@ -119,7 +119,8 @@ std::vector<SJobPiece> ReadPieces(CMemberReader& members, const std::string& job
 }
 
 /// Refuses members that only free packing knows: they would do nothing.
-void RefuseOfFree(const CJsonValue& object, std::span<const std::string_view> names, CJsonFindings& findings) {
+void RefuseOfFree(const CJsonValue& object, std::span<const std::string_view> names,
+                  CJsonFindings& findings) {
     for (const std::string_view name : names) {
         if (const std::optional<CJsonValue> value = object.Find(name)) {
             findings.Miss(*value, "only the method \"free\" has this");

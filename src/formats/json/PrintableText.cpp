@@ -10,17 +10,28 @@ bool IsContinued(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
-/// The library escapes the control characters that JSON forbids; these others act on terminals, too.
-std::string WithoutOtherControls(const std::string& text) {
+/// The number of the character that begins with this byte, if it is a control character that JSON allows, and
+/// the library therefore lets through; otherwise 0.
+unsigned int ControlAt(std::string_view text, size_t nAt) {
+    constexpr unsigned int DELETE = 0x7F;
+    constexpr unsigned int CONTROLS_END = 0xA0;
+    const auto byteAt = [text](size_t i) {
+        return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
+    };
+    if (byteAt(nAt) == DELETE) {
+        return DELETE;
+    }
+    return byteAt(nAt) == 0xC2U && byteAt(nAt + 1) < CONTROLS_END ? byteAt(nAt + 1) : 0U;
+}
+
+std::string WithoutOtherControls(std::string_view text) {
+    constexpr std::string_view DIGITS = "0123456789abcdef";
     std::string plain;
     plain.reserve(text.size());
     for (size_t i = 0; i < text.size(); ++i) {
-        const bool bUpperControl =
-            text[i] == '\xC2' && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0U;
-        if (bUpperControl) {
-            constexpr std::string_view DIGITS = "0123456789abcdef";
-            const auto nByte = static_cast<unsigned char>(text[++i]);
-            plain.append("\\u00").append({DIGITS[nByte >> 4U], DIGITS[nByte & 15U]});
+        if (const unsigned int nControl = ControlAt(text, i); nControl != 0) {
+            plain.append("\\u00").append({DIGITS[nControl >> 4U], DIGITS[nControl & 15U]});
+            i += static_cast<unsigned char>(text[i]) == nControl ? 0 : 1;
         } else {
             plain += text[i];
         }
@@ -31,7 +42,7 @@ std::string WithoutOtherControls(const std::string& text) {
 }  // namespace
 
 std::string QuotedText(std::string_view text) {
-    // Not as ASCII: names are to be read. Deletes come escaped from the library all the same.
+    // Not as ASCII: names are to be read.
     return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 

@@ -46,7 +46,9 @@ TEST(ForeignPacking, NeedsOutlinesAndPlacesOnly) {
 }
 
 TEST(ForeignPacking, IsNamedWhereItOverlaps) {
-    const SCertificate certificate = CertifyText(Replaced(TWO_TRIANGLES, "\"x\": 15", "\"x\": 14.9"));
+    const std::string wider = Replaced(TWO_TRIANGLES, "\"width\": 10", "\"width\": 11");
+    EXPECT_TRUE(CertifyText(wider).IsValid());
+    const SCertificate certificate = CertifyText(Replaced(wider, "\"x\": -5", "\"x\": -4.9"));
     ASSERT_EQ(certificate.m_Violations.size(), 1U);
     EXPECT_EQ(certificate.m_Violations[0].m_eKind, SViolation::EKind::OVERLAP);
 }

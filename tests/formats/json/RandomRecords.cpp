@@ -19,7 +19,7 @@ double RandomNumber(CSeededRandom& random) {
         case 2:
             return whole / 7.0;
         default:
-            return std::ldexp(whole / 7.0, random.Range(-60, 20));
+            return std::ldexp(whole / 7.0, random.Range(-60, 10));
     }
 }
 
