@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 #include "nest/CRandom.h"
-#include "nest/Vectors.h"
+#include "packing/PointVectors.h"
 
 namespace nestrix::bench {
 

@@ -6,11 +6,9 @@
 
 #include "drawing/SFinding.h"
 #include "drawing/SPath.h"
+#include "drawing/Unit.h"
 
 namespace nestrix {
-
-/// What lengths of a drawing are counted in.
-enum class EUnit { MILLIMETRE, CENTIMETRE, METRE, INCH, FOOT, POINT, PIXEL };
 
 /// A line of a drawing, with what is known of it.
 struct SDrawnPath {

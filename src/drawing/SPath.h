@@ -51,7 +51,16 @@ struct SPath {
 
 [[nodiscard]] SPoint EndOf(const CStretch& stretch);
 
+/// Of an arc, for t in radians.
+[[nodiscard]] SPoint PointAt(const SArcTo& arc, double t);
+
 /// Where the path ends: its start, if nothing follows it.
 [[nodiscard]] SPoint EndOf(const SPath& path);
+
+/// The same line walked from its end to its start.
+[[nodiscard]] SPath Reversed(const SPath& path);
+
+/// Whether all its numbers are finite.
+[[nodiscard]] bool IsFinite(const SPath& path);
 
 }  // namespace nestrix

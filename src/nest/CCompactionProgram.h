@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "nest/Vectors.h"
+#include "packing/PointVectors.h"
 
 class ClpSimplex;
 

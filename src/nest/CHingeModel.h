@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "nest/Vectors.h"
+#include "packing/PointVectors.h"
 
 namespace nestrix {
 

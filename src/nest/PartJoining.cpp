@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "nest/GridGeometry.h"
-#include "nest/Vectors.h"
+#include "packing/PointVectors.h"
 
 namespace nestrix {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "nest/GridGeometry.h"
-#include "nest/Vectors.h"
+#include "packing/PointVectors.h"
 
 namespace nestrix {
 

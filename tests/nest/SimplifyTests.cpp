@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "nest/GridGeometry.h"
-#include "nest/Vectors.h"
+#include "packing/PointVectors.h"
 #include "tests/support/FreePieces.h"
 #include "tests/support/GridShapes.h"
 #include "tests/support/RandomCases.h"

@@ -7,7 +7,7 @@
 
 namespace nestrix {
 
-// Points as vectors, in units of the grid but not on it.
+// Points as vectors: lengths, or units of the grid but not on it.
 
 [[nodiscard]] inline SPoint operator+(SPoint a, SPoint b) {
     return {a.m_X + b.m_X, a.m_Y + b.m_Y};

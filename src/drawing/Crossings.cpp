@@ -1,0 +1,210 @@
+#include "drawing/Crossings.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <optional>
+
+#include "packing/PointVectors.h"
+
+namespace nestrix {
+
+namespace {
+
+/// Of the extent of all rings: points this near to each other, or to an edge, are on it.
+constexpr double ROUNDING = 1e-11;
+
+/// An edge of a ring, with the corners before and behind it.
+struct SEdge {
+    SPoint m_Before;
+    SPoint m_From;
+    SPoint m_To;
+    size_t m_nRing = 0;
+    SPlaneBox m_Box;  ///< in the coordinates of the sweep
+};
+
+/// Whether b is within the turn counter-clockwise from a to c.
+bool IsWithin(SPoint a, SPoint b, SPoint c) {
+    if (Cross(a, c) > 0.0) {
+        return Cross(a, b) > 0.0 && Cross(b, c) > 0.0;
+    }
+    return !(Cross(c, b) >= 0.0 && Cross(b, a) >= 0.0);
+}
+
+/// Tells whether two edges cross.
+class CCrossingTest {
+public:
+    explicit CCrossingTest(double rounding) : m_Rounding(rounding) {}
+
+    /// @return where they do.
+    [[nodiscard]] std::optional<SPoint> Find(const SEdge& a, const SEdge& b) const {
+        const int nFrom = Side(a, b.m_From);
+        const int nTo = Side(a, b.m_To);
+        const int nOtherFrom = Side(b, a.m_From);
+        const int nOtherTo = Side(b, a.m_To);
+        if (nFrom * nTo < 0 && nOtherFrom * nOtherTo < 0) {
+            const double from = Cross(a.m_To - a.m_From, b.m_From - a.m_From);
+            const double to = Cross(a.m_To - a.m_From, b.m_To - a.m_From);
+            return b.m_From + (b.m_To - b.m_From) * (from / (from - to));
+        }
+        if (nFrom == 0 && AreSame(a.m_From, b.m_From)) {
+            return CrossAtCorner(a, b) ? std::optional(b.m_From) : std::nullopt;
+        }
+        if (nFrom == 0 && IsBetweenEnds(a, b.m_From) && Side(a, b.m_Before) * nTo < 0) {
+            return b.m_From;
+        }
+        if (nOtherFrom == 0 && IsBetweenEnds(b, a.m_From) && Side(b, a.m_Before) * nOtherTo < 0) {
+            return a.m_From;
+        }
+        return std::nullopt;
+    }
+
+private:
+    [[nodiscard]] bool AreSame(SPoint a, SPoint b) const { return Length(a - b) <= m_Rounding; }
+
+    [[nodiscard]] int Side(const SEdge& edge, SPoint point) const {
+        const SPoint along = edge.m_To - edge.m_From;
+        const double cross = Cross(along, point - edge.m_From);
+        const double least = m_Rounding * Length(along);
+        return cross > least ? 1 : cross < -least ? -1 : 0;
+    }
+
+    /// Of a point on the edge's line.
+    [[nodiscard]] bool IsBetweenEnds(const SEdge& edge, SPoint point) const {
+        return Dot(point - edge.m_From, point - edge.m_To) < 0.0 && !AreSame(point, edge.m_From) &&
+               !AreSame(point, edge.m_To);
+    }
+
+    /// Whether the line through one corner goes from one side of the line through another at the same place
+    /// to its other side.
+    [[nodiscard]] bool CrossAtCorner(const SEdge& a, const SEdge& b) const {
+        const SPoint in = a.m_Before - a.m_From;
+        const SPoint out = a.m_To - a.m_From;
+        const std::array<SPoint, 2> others{b.m_Before - b.m_From, b.m_To - b.m_From};
+        for (const SPoint other : others) {
+            for (const SPoint mine : {in, out}) {
+                const double least = m_Rounding * std::max(Length(mine), Length(other));
+                if (std::abs(Cross(mine, other)) <= least && Dot(mine, other) >= 0.0) {
+                    return false;
+                }
+            }
+        }
+        return IsWithin(out, others[0], in) != IsWithin(out, others[1], in);
+    }
+
+    double m_Rounding;
+};
+
+/// Goes over edges in one direction and compares those only that lie side by side.
+class CCrossingSweep {
+public:
+    explicit CCrossingSweep(std::span<const CRing> rings) {
+        SPlaneBox extent;
+        for (size_t i = 0; i < rings.size(); ++i) {
+            AddRing(rings[i], i);
+            for (const SPoint point : rings[i]) {
+                extent.Include(point);
+            }
+        }
+        m_Rounding = extent.IsEmpty() ? 0.0 : ROUNDING * Length(extent.m_High - extent.m_Low);
+    }
+
+    [[nodiscard]] std::vector<SCrossing> Find() {
+        Project(BestDirection());
+        std::sort(m_Edges.begin(), m_Edges.end(),
+                  [](const SEdge& a, const SEdge& b) { return a.m_Box.m_Low.m_X < b.m_Box.m_Low.m_X; });
+        const CCrossingTest test(m_Rounding);
+        std::map<std::pair<size_t, size_t>, SPoint> found;
+        for (size_t i = 0; i < m_Edges.size(); ++i) {
+            const SEdge& a = m_Edges[i];
+            const double reach = a.m_Box.m_High.m_X + m_Rounding;
+            for (size_t k = i + 1; k < m_Edges.size() && m_Edges[k].m_Box.m_Low.m_X <= reach; ++k) {
+                const SEdge& b = m_Edges[k];
+                if (b.m_Box.m_Low.m_Y > a.m_Box.m_High.m_Y + m_Rounding ||
+                    a.m_Box.m_Low.m_Y > b.m_Box.m_High.m_Y + m_Rounding) {
+                    continue;
+                }
+                if (const std::optional<SPoint> at = test.Find(a, b); at.has_value()) {
+                    found.insert({std::minmax(a.m_nRing, b.m_nRing), *at});
+                }
+            }
+        }
+        std::vector<SCrossing> crossings;
+        for (const auto& [rings, at] : found) {
+            crossings.push_back({rings.first, rings.second, at});
+        }
+        return crossings;
+    }
+
+private:
+    /// Repeated corners are left out: an edge has a direction.
+    void AddRing(const CRing& ring, size_t nRing) {
+        CRing corners;
+        for (const SPoint point : ring) {
+            if (corners.empty() || !(corners.back() == point)) {
+                corners.push_back(point);
+            }
+        }
+        while (corners.size() > 1 && corners.back() == corners.front()) {
+            corners.pop_back();
+        }
+        const size_t nCorners = corners.size();
+        for (size_t i = 0; i < nCorners; ++i) {
+            m_Edges.push_back({corners[(i + nCorners - 1) % nCorners], corners[i],
+                               corners[(i + 1) % nCorners], nRing, SPlaneBox()});
+        }
+    }
+
+    void Project(SPoint along) {
+        for (SEdge& edge : m_Edges) {
+            edge.m_Box = SPlaneBox();
+            for (const SPoint point : {edge.m_From, edge.m_To}) {
+                edge.m_Box.Include({Dot(along, point), Cross(along, point)});
+            }
+        }
+    }
+
+    /// How many edges a line across the direction meets on average.
+    [[nodiscard]] double CrowdAlong(SPoint along) const {
+        double sum = 0.0;
+        double low = HUGE_VAL;
+        double high = -HUGE_VAL;
+        for (const SEdge& edge : m_Edges) {
+            const double from = Dot(along, edge.m_From);
+            const double to = Dot(along, edge.m_To);
+            sum += std::abs(to - from);
+            low = std::min({low, from, to});
+            high = std::max({high, from, to});
+        }
+        return high > low ? sum / (high - low) : HUGE_VAL;
+    }
+
+    /// Along an axis, or across the direction of most edges: those of a comb.
+    [[nodiscard]] SPoint BestDirection() const {
+        SPoint doubled;  // the sum of the edges with their angles doubled: opposite ones are the same
+        for (const SEdge& edge : m_Edges) {
+            const SPoint along = edge.m_To - edge.m_From;
+            const double length = std::max(Length(along), 1e-300);
+            doubled =
+                doubled + SPoint{along.m_X * along.m_X - along.m_Y * along.m_Y, 2.0 * along.m_X * along.m_Y} *
+                              (1.0 / length);
+        }
+        const double angle = std::atan2(doubled.m_Y, doubled.m_X) / 2.0;
+        const std::array<SPoint, 3> directions{SPoint{1.0, 0.0}, SPoint{0.0, 1.0},
+                                               SPoint{-std::sin(angle), std::cos(angle)}};
+        return *std::min_element(directions.begin(), directions.end(),
+                                 [this](SPoint a, SPoint b) { return CrowdAlong(a) < CrowdAlong(b); });
+    }
+
+    std::vector<SEdge> m_Edges;
+    double m_Rounding = 0.0;
+};
+
+}  // namespace
+
+std::vector<SCrossing> FindCrossings(std::span<const CRing> rings) {
+    return CCrossingSweep(rings).Find();
+}
+
+}  // namespace nestrix
