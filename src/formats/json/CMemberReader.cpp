@@ -59,6 +59,11 @@ std::optional<std::string> CMemberReader::Text(std::string_view name) {
     return found ? json::ReadText(*found, m_Findings) : std::nullopt;
 }
 
+std::optional<EUnit> CMemberReader::Unit(std::string_view name) {
+    const std::optional<CJsonValue> found = Find(name);
+    return found ? json::ReadUnit(*found, m_Findings) : std::nullopt;
+}
+
 std::optional<STurns> CMemberReader::Turns(std::string_view name) {
     const std::optional<CJsonValue> found = Find(name);
     return found ? json::ReadTurns(*found, m_Findings) : std::nullopt;

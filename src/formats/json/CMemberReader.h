@@ -28,6 +28,7 @@ public:
     [[nodiscard]] std::optional<int> Int(std::string_view name, int nLeast, int nMost);  ///< neither below 0
     [[nodiscard]] std::optional<bool> Flag(std::string_view name);
     [[nodiscard]] std::optional<std::string> Text(std::string_view name);
+    [[nodiscard]] std::optional<EUnit> Unit(std::string_view name);
     [[nodiscard]] std::optional<STurns> Turns(std::string_view name);
     [[nodiscard]] std::optional<CRing> Ring(std::string_view name);
     [[nodiscard]] std::optional<std::vector<CRing>> Rings(std::string_view name);

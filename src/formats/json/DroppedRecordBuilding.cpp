@@ -101,6 +101,9 @@ SDroppedRecord DroppedRecordOf(const SWrittenPacking& written, CMemberReader& me
     }
     const std::optional<double> height = ReadHeight(members, findings);
     record.m_Packing.m_fHeight = height ? static_cast<float>(*height) : HeightOf(record);
+    if (!std::isfinite(record.m_Packing.m_fHeight)) {
+        findings.Miss(members.Find("placements").value(), "they are too high for single precision");
+    }
     return record;
 }
 

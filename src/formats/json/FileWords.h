@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "drawing/SDrawing.h"
 #include "formats/json/EPackMethod.h"
 #include "formats/json/NamedValues.h"
 #include "nest/PackFreely.h"
@@ -10,14 +9,6 @@
 namespace nestrix {
 
 // Words in our JSON files. The schemas in docs know them, too.
-
-inline constexpr CNamedValues<EUnit, 7> UNIT_NAMES{{{EUnit::MILLIMETRE, "mm"},
-                                                    {EUnit::CENTIMETRE, "cm"},
-                                                    {EUnit::METRE, "m"},
-                                                    {EUnit::INCH, "in"},
-                                                    {EUnit::FOOT, "ft"},
-                                                    {EUnit::POINT, "pt"},
-                                                    {EUnit::PIXEL, "px"}}};
 
 inline constexpr CNamedValues<EPackMethod, 2> METHOD_NAMES{
     {{EPackMethod::FREE, "free"}, {EPackMethod::DROP, "drop"}}};

@@ -139,7 +139,8 @@ std::optional<int64_t> ReadHeight(CMemberReader& members, const SGrid& grid, CJs
     }
     const std::optional<CJsonValue> value = CMemberReader(*statistics, findings).Find("height");
     const std::optional<double> height = value ? ReadNumber(*value, ANY_KIND, findings) : std::nullopt;
-    if (height && std::abs(*height) > grid.Length(GRID_LENGTH_MOST)) {
+    // The largest piece that is allowed reaches higher than its place, turned by any angle.
+    if (height && std::abs(*height) > 4.0 * grid.Length(GRID_LENGTH_MOST)) {
         findings.Refuse(*value, "is too great for the grid");
         return std::nullopt;
     }

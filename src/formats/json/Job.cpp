@@ -151,7 +151,7 @@ SJob Read(const CJsonValue& root, const std::string& path, CJsonFindings& findin
     if (const std::optional<CJsonValue> strip = members.Find("strip")) {
         job.m_Strip = ReadStrip(*strip, findings);
     }
-    job.m_Unit = members.Named("unit", UNIT_NAMES);
+    job.m_Unit = members.Unit("unit");
     job.m_Scale = members.Number("scale", json::POSITIVE_KIND);
     job.m_eMethod = members.Named("method", METHOD_NAMES);
     if (const auto seed = members.Whole("seed", 0, std::numeric_limits<unsigned int>::max())) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "drawing/SDrawing.h"
+#include "drawing/Unit.h"
 #include "formats/json/EPackMethod.h"
 #include "formats/json/SReading.h"
 #include "nest/PackFreely.h"

@@ -49,7 +49,7 @@ void WriteRun(CJsonWriter& writer, const SPackingRecord& record) {
     WriteWhole(writer, "steps", record.m_nSteps);
     WriteText(writer, "ended", record.m_eEnd ? NameOf(END_NAMES, *record.m_eEnd) : "");
     WriteOptions(writer, record.m_Options);
-    WriteText(writer, "unit", record.m_Unit ? NameOf(UNIT_NAMES, *record.m_Unit) : "");
+    WriteText(writer, "unit", record.m_Unit ? NameOf(*record.m_Unit) : "");
 }
 
 void WriteHeight(CJsonWriter& writer, const SFreePacking& packing) {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/ProgramVersion.h"
-#include "drawing/SDrawing.h"
+#include "drawing/Unit.h"
 #include "formats/json/SReading.h"
 #include "nest/PackFreely.h"
 #include "packing/SFreePacking.h"

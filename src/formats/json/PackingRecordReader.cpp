@@ -50,7 +50,7 @@ void ReadRun(CMemberReader& members, SPackingRecord& record, CJsonFindings& find
     record.m_nSteps = members.Whole("steps", 0, std::numeric_limits<uint64_t>::max());
     record.m_eEnd = members.Named("ended", END_NAMES);
     record.m_Options = ReadOptions(members, findings);
-    record.m_Unit = members.Named("unit", UNIT_NAMES);
+    record.m_Unit = members.Unit("unit");
     record.m_Time = ReadTime(members, findings);
 }
 

@@ -104,6 +104,14 @@ std::optional<std::string> ReadText(const CJsonValue& value, CJsonFindings& find
     return std::string(value.Text());
 }
 
+std::optional<EUnit> ReadUnit(const CJsonValue& value, CJsonFindings& findings) {
+    const std::optional<EUnit> unit = value.Kind() == EKind::TEXT ? FindUnit(value.Text()) : std::nullopt;
+    if (!unit) {
+        findings.Refuse(value, "is none of the units mm, cm, m, in, ft, pt, px");
+    }
+    return unit;
+}
+
 std::optional<STurns> ReadTurns(const CJsonValue& value, CJsonFindings& findings) {
     if (value.Kind() == EKind::TEXT && value.Text() == "any") {
         return STurns{true, {}};

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "drawing/Unit.h"
 #include "formats/json/CJsonFindings.h"
 #include "formats/json/NamedValues.h"
 #include "packing/SPiece.h"
@@ -41,6 +42,9 @@ inline constexpr SNumberKind PROBABILITY_KIND{0.0, 1.0, true, "a number from 0 t
                                                 CJsonFindings& findings);
 [[nodiscard]] std::optional<bool> ReadFlag(const CJsonValue& value, CJsonFindings& findings);
 [[nodiscard]] std::optional<std::string> ReadText(const CJsonValue& value, CJsonFindings& findings);
+
+/// "mm", "cm", "m", "in", "ft", "pt" or "px".
+[[nodiscard]] std::optional<EUnit> ReadUnit(const CJsonValue& value, CJsonFindings& findings);
 
 /// One of some words.
 template <class T, size_t nCount>

@@ -190,7 +190,7 @@ INSTANTIATE_TEST_SUITE_P(
         SFault{"\"strip\"", "\"method\": \"magic\", \"strip\"",
                "2: /method: \"magic\" is none of free, drop"},
         SFault{"\"strip\"", "\"unit\": \"miles\", \"strip\"",
-               "2: /unit: \"miles\" is none of mm, cm, m, in, ft, pt, px"},
+               "2: /unit: \"miles\" is none of the units mm, cm, m, in, ft, pt, px"},
         SFault{"\"strip\"", "\"reference\": \"middle\", \"strip\"",
                "2: /reference: \"middle\" is none of corner, origin"},
         SFault{"\"strip\"", "\"format\": \"other\", \"strip\"",

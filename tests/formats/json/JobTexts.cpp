@@ -33,7 +33,7 @@ std::vector<SJobFault> JobFaults() {
         {"\"quantity\"", "\"quantiti\"",
          "13: /pieces/0/quantiti: there is no member \"quantiti\"; is \"quantity\" meant?"},
         {"\"keep_holes_empty\"", "\"keep-holes-empty\"", "is \"keep_holes_empty\" meant?"},
-        {"\"unit\": \"mm\"", "\"unit\": \"mile\"", "3: /unit: \"mile\" is none of mm, cm, m, in, ft, pt, px"},
+        {"\"unit\": \"mm\"", "\"unit\": \"mile\"", "3: /unit: \"mile\" is none of the units mm, cm, m, in, ft, pt, px"},
         {"25.4", "0", "4: /scale: 0 is not a number above 0"},
         {"25.4", "-1e-9", "4: /scale: -0.000000001 is not a number above 0"},
         {"\"free\"", "\"both\"", "5: /method: \"both\" is none of free, drop"},
