@@ -4,9 +4,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
-#include <new>
 #include <nlohmann/json.hpp>
-#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -263,17 +261,13 @@ SReading<CJsonDocument> CJsonDocument::Read(const std::string& path) {
     const auto fault = [&path](int nLine, const std::string& message) {
         return SReading<CJsonDocument>{std::nullopt, {{path, nLine, SFinding::ESeverity::FAULT, message}}};
     };
-    try {
-        const SFileText file = ReadFileText(path, BYTES_MOST);
-        if (!file.m_Fault.empty()) {
-            return fault(0, file.m_Fault);
-        }
-        SReading<CJsonDocument> reading{CJsonDocument(), {}};
-        CJsonBuilder builder(file.m_Text, *reading.m_Value);
-        return builder.Parse() ? std::move(reading) : fault(builder.FaultLine(), builder.Fault());
-    } catch (const std::bad_alloc&) {
-        return fault(0, "there is not enough memory to read it");
+    const SFileText file = ReadFileText(path, BYTES_MOST);
+    if (!file.m_Fault.empty()) {
+        return fault(0, file.m_Fault);
     }
+    SReading<CJsonDocument> reading{CJsonDocument(), {}};
+    CJsonBuilder builder(file.m_Text, *reading.m_Value);
+    return builder.Parse() ? std::move(reading) : fault(builder.FaultLine(), builder.Fault());
 }
 
 }  // namespace nestrix

@@ -80,7 +80,7 @@ struct CJsonValue::SStep {
 class CJsonDocument {
 public:
     /// Reads a file. Faults: no file, no JSON, a member twice in an object, deeper nesting or more values
-    /// than any file of ours has. Never throws.
+    /// than any file of ours has. Throws nothing but std::bad_alloc.
     [[nodiscard]] static SReading<CJsonDocument> Read(const std::string& path);
 
     /// The outermost value.

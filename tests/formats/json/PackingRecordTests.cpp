@@ -51,7 +51,7 @@ public:
 
 TEST(PackingRecord, ComesBackToTheLastDigitAndIsWrittenInTheSameBytes) {
     CSeededRandom random(1);
-    for (int i = 0; i < support::RandomCases(4000); ++i) {
+    for (int i = 0; i < support::RandomCases(2500); ++i) {
         const SPackingRecord record = support::RandomFreeRecord(random);
         const std::string text = WriteJson(record);
         const SPackingRecord read = ReadBack(text);
@@ -62,7 +62,7 @@ TEST(PackingRecord, ComesBackToTheLastDigitAndIsWrittenInTheSameBytes) {
 
 TEST(PackingRecord, OfADroppedPackingComesBackToTheLastBit) {
     CSeededRandom random(2);
-    for (int i = 0; i < support::RandomCases(2000); ++i) {
+    for (int i = 0; i < support::RandomCases(1000); ++i) {
         const SPackingRecord record = support::RandomDroppedRecord(random);
         const std::string text = WriteJson(record);
         const SPackingRecord read = ReadBack(text);
