@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "base/CNumericLocale.h"
 #include "base/NumberText.h"
 #include "formats/json/CCountedText.h"
 #include "formats/json/FileText.h"
@@ -60,7 +59,6 @@ public:
 
     /// @return whether it is JSON.
     bool Parse() {
-        const CNumericLocale numericLocale;
         return nlohmann::json::sax_parse(m_Counted.Begin(), m_Counted.End(), this);
     }
 

@@ -210,6 +210,8 @@ TEST(FaultyDroppedPacking, IsRefusedWithItsLineAndPlace) {
                 HasSubstr("2: /pieces/0: it is too large for single"));
     EXPECT_THAT(FaultsOf(Replaced(text, "1.5", "1e39")),
                 HasSubstr("3: /placements/0: its place is too far away"));
+    EXPECT_THAT(FaultsOf(Replaced(Replaced(text, "20, 20", "20, 3e38"), "\"y\": 2", "\"y\": 3e38")),
+                HasSubstr("3: /placements: they are too high for single precision"));
     EXPECT_THAT(FaultsOf(Replaced(text, "{\"outline\"", "{\"quantity\": 2, \"outline\"")),
                 HasSubstr("is there once"));
     EXPECT_THAT(FaultsOf(Replaced(text, "{\"outline\"", "{\"box\": [[0, 0]], \"outline\"")),

@@ -116,6 +116,8 @@ TEST(FaultyJob, HasNoPieces) {
 }
 
 TEST(FaultyJob, AsksTooMuchOfDropping) {
+    EXPECT_THAT(FaultsOf(Replaced(DROP_JOB, "mutation", "mutations")),
+                HasSubstr("4: /drop/mutations: there is no member \"mutations\"; is \"mutation\" meant?"));
     EXPECT_THAT(FaultsOf(Replaced(DROP_JOB, "0.25", "1.5")),
                 HasSubstr("4: /drop/mutation: 1.5 is not a number from 0 to 1"));
     EXPECT_THAT(FaultsOf(Replaced(DROP_JOB, "50", "0")),

@@ -44,6 +44,7 @@ std::vector<SJobFault> JobFaults() {
         {"\"threads\": 4", "\"threads\": 0", "7: /threads: 0 is not a whole number from 1 to 1024"},
         {"true,\n", "1,\n", "8: /keep_holes_empty: 1 is neither true nor false"},
         {"\"time\": 90", "\"time\": \"90s\"", "9: /limits/time: \"90s\" is not a number of seconds above 0"},
+        {"\"time\"", "\"tiem\"", "9: /limits/tiem: there is no member \"tiem\"; is \"time\" meant?"},
         {"100000", "1.5", "9: /limits/steps: 1.5 is not a whole number"},
         {"0.85", "85", "9: /limits/target_density: 85 is not a share above 0 and up to 1, such as 0.85"},
         {"\"patience\": 30", "\"patience\": 0", "9: /limits/patience: 0 is not a number of seconds above 0"},
