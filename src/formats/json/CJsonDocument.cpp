@@ -58,9 +58,7 @@ public:
         : m_Text(text), m_Counted(text), m_Document(document) {}
 
     /// @return whether it is JSON.
-    bool Parse() {
-        return nlohmann::json::sax_parse(m_Counted.Begin(), m_Counted.End(), this);
-    }
+    bool Parse() { return nlohmann::json::sax_parse(m_Counted.Begin(), m_Counted.End(), this); }
 
     [[nodiscard]] const std::string& Fault() const { return m_Fault; }
     [[nodiscard]] int FaultLine() const { return m_nFaultLine; }

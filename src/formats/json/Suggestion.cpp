@@ -23,20 +23,22 @@ std::string Plain(std::string_view word) {
     return plain;
 }
 
-/// How many letters have to be put in, left out or replaced (Levenshtein 1966).
+/// How many letters have to be put in, left out, replaced, or exchanged with the next one (Damerau 1964).
 size_t DistanceBetween(const std::string& a, const std::string& b) {
-    std::vector<size_t> row(b.size() + 1);
-    std::iota(row.begin(), row.end(), size_t{0});
-    for (size_t i = 0; i < a.size(); ++i) {
-        size_t nDiagonal = row[0];
-        row[0] = i + 1;
-        for (size_t j = 0; j < b.size(); ++j) {
-            const size_t nReplaced = nDiagonal + (a[i] == b[j] ? 0 : 1);
-            nDiagonal = row[j + 1];
-            row[j + 1] = std::min({nReplaced, row[j] + 1, row[j + 1] + 1});
+    // Row i holds the distances of the first i letters of a to the first 0, 1, 2... of b.
+    std::vector<std::vector<size_t>> rows(a.size() + 1, std::vector<size_t>(b.size() + 1));
+    std::iota(rows[0].begin(), rows[0].end(), size_t{0});
+    for (size_t i = 1; i <= a.size(); ++i) {
+        rows[i][0] = i;
+        for (size_t j = 1; j <= b.size(); ++j) {
+            const size_t nReplaced = rows[i - 1][j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1);
+            rows[i][j] = std::min({nReplaced, rows[i - 1][j] + 1, rows[i][j - 1] + 1});
+            if (i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1]) {
+                rows[i][j] = std::min(rows[i][j], rows[i - 2][j - 2] + 1);
+            }
         }
     }
-    return row[b.size()];
+    return rows[a.size()][b.size()];
 }
 
 }  // namespace

@@ -14,6 +14,7 @@ TEST(Suggestion, IsTheWordThatIsMissedByALetter) {
     EXPECT_EQ(FindLikeliest("quantiti", KNOWN), "quantity");
     EXPECT_EQ(FindLikeliest("quanity", KNOWN), "quantity");
     EXPECT_EQ(FindLikeliest("turn", KNOWN), "turns");
+    EXPECT_EQ(FindLikeliest("fiel", KNOWN), "file");
 }
 
 TEST(Suggestion, DoesNotMindHowWordsAreJoined) {
