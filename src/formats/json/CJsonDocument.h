@@ -129,8 +129,10 @@ public:
     };
 
     CJsonElements(CJsonValue first, CJsonValue behind) : m_First(first), m_Behind(behind) {}
+    // NOLINTBEGIN(readability-identifier-naming): the names that a loop over a range wants
     [[nodiscard]] CIterator begin() const { return CIterator(m_First); }
     [[nodiscard]] CIterator end() const { return CIterator(m_Behind); }
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     CJsonValue m_First;
@@ -161,8 +163,10 @@ public:
     };
 
     CJsonMembers(CJsonValue first, CJsonValue behind) : m_First(first), m_Behind(behind) {}
+    // NOLINTBEGIN(readability-identifier-naming): the names that a loop over a range wants
     [[nodiscard]] CIterator begin() const { return CIterator(m_First); }
     [[nodiscard]] CIterator end() const { return CIterator(m_Behind); }
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     CJsonValue m_First;
