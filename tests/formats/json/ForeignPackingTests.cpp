@@ -7,6 +7,7 @@
 
 using namespace nestrix;
 using support::Replaced;
+using support::STextFault;
 using testing::HasSubstr;
 
 // Packings that other programs made, and wrote with as little as is needed.
@@ -143,13 +144,7 @@ TEST(ForeignPacking, OfDroppedPiecesNeedsNoMoreEither) {
     EXPECT_TRUE(Certify(record.m_Pieces, record.m_Packing).IsValid());
 }
 
-struct SFault {
-    std::string m_Part;
-    std::string m_Other;
-    std::string m_Message;
-};
-
-class FaultyPacking : public testing::TestWithParam<SFault> {};
+class FaultyPacking : public testing::TestWithParam<support::STextFault> {};
 
 TEST_P(FaultyPacking, IsRefusedWithItsLineAndPlace) {
     EXPECT_THAT(FaultsOf(Replaced(TWO_TRIANGLES, GetParam().m_Part, GetParam().m_Other)),
@@ -159,47 +154,52 @@ TEST_P(FaultyPacking, IsRefusedWithItsLineAndPlace) {
 INSTANTIATE_TEST_SUITE_P(
     Each, FaultyPacking,
     testing::Values(
-        SFault{"\"strip\": {\"width\": 10},", "", "1: the member \"strip\" is missing"},
-        SFault{"\"width\": 10", "\"wide\": 10", "2: /strip: the member \"width\" is missing"},
-        SFault{"10}", "0}", "2: /strip/width: 0 is not a number from 1e-14 to 1e28"},
-        SFault{"10}", "\"10\"}", "2: /strip/width: \"10\" is not a number from 1e-14 to 1e28"},
-        SFault{"10}", "10, \"margin\": -1}", "2: /strip/margin: -1 is not a number from 0 to 1e28"},
-        SFault{"{\"width\": 10}", "400", "2: /strip: 400 is not an object {...}"},
-        SFault{"\"outline\"", "\"outlines\"", "4: /pieces/0: the member \"outline\" is missing"},
-        SFault{"[15, 5]", "[15]", "4: /pieces/0/outline/1: an array is not a pair [x, y]"},
-        SFault{"[15, 5]", "[15, 5, 0]", "4: /pieces/0/outline/1: an array is not a pair [x, y]"},
-        SFault{"[15, 5]", "[15, null]", "4: /pieces/0/outline/1/1: null is not a number"},
-        SFault{"[[5, 5], [15, 5], [5, 15]]", "\"M 5 5\"",
-               "4: /pieces/0/outline: \"M 5 5\" is not a list of points [x, y]"},
-        SFault{"[15, 5]", "[1e25, 5]", "4: /pieces/0: it is too large for a grid whose unit is 1e-6"},
-        SFault{"[5, 15]]", "[5, 15]], \"holes\": [[1, 2]]", "4: /pieces/0/holes/0/0: 1 is not a pair [x, y]"},
-        SFault{"\"name\"", "\"quantity\": 1.5, \"name\"",
-               "4: /pieces/0/quantity: 1.5 is not a whole number from 0 to 2147483647"},
-        SFault{"\"name\"", "\"turns\": \"all\", \"name\"",
-               "4: /pieces/0/turns: \"all\" is neither \"any\" nor a list of degrees"},
-        SFault{"\"x\": -5, ", "", "7: /placements/0: the member \"x\" is missing"},
-        SFault{"-5, \"y\"", "1e300, \"y\"",
-               "7: /placements/0: its place is too far away for a grid whose unit is 1e-6"},
-        SFault{"\"piece\": 0", "\"piece\": 1",
-               "7: /placements/0/piece: there is no piece 1: they are counted from 0, and there are 1"},
-        SFault{"\"piece\": 0", "\"piece\": -1", "7: /placements/0/piece: -1 is not a whole number"},
-        SFault{"\"turn\": 180", "\"turn\": \"180\"", "8: /placements/1/turn: \"180\" is not a number"},
-        SFault{"\"turn\": 180", "\"mirror\": 1", "8: /placements/1/mirror: 1 is neither true nor false"},
-        SFault{"\"strip\"", "\"grid\": 0.5, \"strip\"", "2: /grid: 0.5 is not a whole number from -22 to 22"},
-        SFault{"\"strip\"", "\"grid\": -23, \"strip\"", "2: /grid: -23 is not a whole number from -22 to 22"},
-        SFault{"\"strip\"", "\"method\": \"magic\", \"strip\"",
-               "2: /method: \"magic\" is none of free, drop"},
-        SFault{"\"strip\"", "\"unit\": \"miles\", \"strip\"",
-               "2: /unit: \"miles\" is none of the units mm, cm, m, in, ft, pt, px"},
-        SFault{"\"strip\"", "\"reference\": \"middle\", \"strip\"",
-               "2: /reference: \"middle\" is none of corner, origin"},
-        SFault{"\"strip\"", "\"format\": \"other\", \"strip\"",
-               "2: /format: \"other\" is not the format \"nestrix-packing\""},
-        SFault{"\"strip\"", "\"options\": {\"a\": []}, \"strip\"",
-               "2: /options/a: an array is neither a number"},
-        SFault{"\"strip\"", "\"statistics\": {\"height\": 1e300}, \"strip\"", "2: /statistics/height: 1000"},
-        SFault{"\"strip\"", "\"method\": \"drop\", \"strip\"",
-               "8: /placements/1: a dropped piece is neither turned nor mirrored"}));
+        STextFault{"\"strip\": {\"width\": 10},", "", "1: the member \"strip\" is missing"},
+        STextFault{"\"width\": 10", "\"wide\": 10", "2: /strip: the member \"width\" is missing"},
+        STextFault{"10}", "0}", "2: /strip/width: 0 is not a number from 1e-14 to 1e28"},
+        STextFault{"10}", "\"10\"}", "2: /strip/width: \"10\" is not a number from 1e-14 to 1e28"},
+        STextFault{"10}", "10, \"margin\": -1}", "2: /strip/margin: -1 is not a number from 0 to 1e28"},
+        STextFault{"{\"width\": 10}", "400", "2: /strip: 400 is not an object {...}"},
+        STextFault{"\"outline\"", "\"outlines\"", "4: /pieces/0: the member \"outline\" is missing"},
+        STextFault{"[15, 5]", "[15]", "4: /pieces/0/outline/1: an array is not a pair [x, y]"},
+        STextFault{"[15, 5]", "[15, 5, 0]", "4: /pieces/0/outline/1: an array is not a pair [x, y]"},
+        STextFault{"[15, 5]", "[15, null]", "4: /pieces/0/outline/1/1: null is not a number"},
+        STextFault{"[[5, 5], [15, 5], [5, 15]]", "\"M 5 5\"",
+                   "4: /pieces/0/outline: \"M 5 5\" is not a list of points [x, y]"},
+        STextFault{"[15, 5]", "[1e25, 5]", "4: /pieces/0: it is too large for a grid whose unit is 1e-6"},
+        STextFault{"[5, 15]]", "[5, 15]], \"holes\": [[1, 2]]",
+                   "4: /pieces/0/holes/0/0: 1 is not a pair [x, y]"},
+        STextFault{"\"name\"", "\"quantity\": 1.5, \"name\"",
+                   "4: /pieces/0/quantity: 1.5 is not a whole number from 0 to 2147483647"},
+        STextFault{"\"name\"", "\"turns\": \"all\", \"name\"",
+                   "4: /pieces/0/turns: \"all\" is neither \"any\" nor a list of degrees"},
+        STextFault{"\"x\": -5, ", "", "7: /placements/0: the member \"x\" is missing"},
+        STextFault{"-5, \"y\"", "1e300, \"y\"",
+                   "7: /placements/0: its place is too far away for a grid whose unit is 1e-6"},
+        STextFault{"\"piece\": 0", "\"piece\": 1",
+                   "7: /placements/0/piece: there is no piece 1: they are counted from 0, and there are 1"},
+        STextFault{"\"piece\": 0", "\"piece\": -1", "7: /placements/0/piece: -1 is not a whole number"},
+        STextFault{"\"turn\": 180", "\"turn\": \"180\"", "8: /placements/1/turn: \"180\" is not a number"},
+        STextFault{"\"turn\": 180", "\"mirror\": 1", "8: /placements/1/mirror: 1 is neither true nor false"},
+        STextFault{"\"strip\"", "\"grid\": 0.5, \"strip\"",
+                   "2: /grid: 0.5 is not a whole number from -22 to 22"},
+        STextFault{"\"strip\"", "\"grid\": -23, \"strip\"",
+                   "2: /grid: -23 is not a whole number from -22 to 22"},
+        STextFault{"\"strip\"", "\"method\": \"magic\", \"strip\"",
+                   "2: /method: \"magic\" is none of free, drop"},
+        STextFault{"\"strip\"", "\"unit\": \"miles\", \"strip\"",
+                   "2: /unit: \"miles\" is none of the units mm, cm, m, in, ft, pt, px"},
+        STextFault{"\"strip\"", "\"reference\": \"middle\", \"strip\"",
+                   "2: /reference: \"middle\" is none of corner, origin"},
+        STextFault{"\"strip\"", "\"format\": \"other\", \"strip\"",
+                   "2: /format: \"other\" is not the format \"nestrix-packing\""},
+        STextFault{"\"strip\"", "\"options\": {\"a\": []}, \"strip\"",
+                   "2: /options/a: an array is neither a number"},
+        STextFault{"\"strip\"", "\"statistics\": {\"height\": 1e300}, \"strip\"",
+                   "2: /statistics/height: 1000"},
+        STextFault{"\"strip\"", "\"method\": \"drop\", \"strip\"",
+                   "8: /placements/1: a dropped piece is neither turned nor mirrored"}),
+    support::FaultTestName);
 
 TEST(FaultyDroppedPacking, IsRefusedWithItsLineAndPlace) {
     const std::string text = R"({"method": "drop", "strip": {"width": 30},

@@ -12,6 +12,7 @@
 
 using namespace nestrix;
 using support::Replaced;
+using support::STextFault;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -120,13 +121,7 @@ TEST(Instance, SaysWhatThePublishedFormHasNoWordsFor) {
     EXPECT_EQ(LostInInstance(instance).size(), 3U);
 }
 
-struct SFault {
-    std::string m_Part;
-    std::string m_Other;
-    std::string m_Message;
-};
-
-class FaultyInstance : public testing::TestWithParam<SFault> {};
+class FaultyInstance : public testing::TestWithParam<support::STextFault> {};
 
 TEST_P(FaultyInstance, IsRefusedWithItsLineAndPlace) {
     EXPECT_THAT(FaultsOf(Replaced(ONE_TRIANGLE, GetParam().m_Part, GetParam().m_Other)),
@@ -136,19 +131,21 @@ TEST_P(FaultyInstance, IsRefusedWithItsLineAndPlace) {
 INSTANTIATE_TEST_SUITE_P(
     Each, FaultyInstance,
     testing::Values(
-        SFault{"\"strip_height\"", "\"height\"", "1: the member \"strip_height\" is missing"},
-        SFault{"25.5", "0", "9: /strip_height: 0 is not a number from 1e-14 to 1e28"},
-        SFault{"\"items\"", "\"item\"", "1: the member \"items\" is missing"},
-        SFault{"\"id\": 4, ", "", "4: /items/0: the member \"id\" is missing"},
-        SFault{"\"id\": 4", "\"id\": {}", "5: /items/0/id: an object is not a whole number"},
-        SFault{"\"demand\": 2, ", "", "4: /items/0: the member \"demand\" is missing"},
-        SFault{"\"demand\": 2", "\"demand\": -2", "5: /items/0/demand: -2 is not a whole number from 0"},
-        SFault{"[0.0, 90.0]", "[0.0, \"x\"]", "5: /items/0/allowed_orientations/1: \"x\" is not a number"},
-        SFault{"\"shape\"", "\"shapes\"", "4: /items/0: the member \"shape\" is missing"},
-        SFault{"simple_polygon", "spline",
-               "6: /items/0/shape/type: \"spline\" is none of simple_polygon, polygon"},
-        SFault{"[10.0, 4.0], ", "", "6: /items/0/shape/data: an outline has three points at least"},
-        SFault{"\"data\"", "\"date\"", "6: /items/0/shape: the member \"data\" is missing"},
-        SFault{"\"dxf/i_4.dxf\"", "1", "5: /items/0/dxf: 1 is not a text"}));
+        STextFault{"\"strip_height\"", "\"height\"", "1: the member \"strip_height\" is missing"},
+        STextFault{"25.5", "0", "9: /strip_height: 0 is not a number from 1e-14 to 1e28"},
+        STextFault{"\"items\"", "\"item\"", "1: the member \"items\" is missing"},
+        STextFault{"\"id\": 4, ", "", "4: /items/0: the member \"id\" is missing"},
+        STextFault{"\"id\": 4", "\"id\": {}", "5: /items/0/id: an object is not a whole number"},
+        STextFault{"\"demand\": 2, ", "", "4: /items/0: the member \"demand\" is missing"},
+        STextFault{"\"demand\": 2", "\"demand\": -2", "5: /items/0/demand: -2 is not a whole number from 0"},
+        STextFault{"[0.0, 90.0]", "[0.0, \"x\"]",
+                   "5: /items/0/allowed_orientations/1: \"x\" is not a number"},
+        STextFault{"\"shape\"", "\"shapes\"", "4: /items/0: the member \"shape\" is missing"},
+        STextFault{"simple_polygon", "spline",
+                   "6: /items/0/shape/type: \"spline\" is none of simple_polygon, polygon"},
+        STextFault{"[10.0, 4.0], ", "", "6: /items/0/shape/data: an outline has three points at least"},
+        STextFault{"\"data\"", "\"date\"", "6: /items/0/shape: the member \"data\" is missing"},
+        STextFault{"\"dxf/i_4.dxf\"", "1", "5: /items/0/dxf: 1 is not a text"}),
+    support::FaultTestName);
 
 }  // namespace

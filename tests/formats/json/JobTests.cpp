@@ -99,14 +99,15 @@ TEST(FaultyJob, IsRefusedForAllOfItsFaultsAtOnce) {
               "6: /seed: true is not a whole number from 0 to 4294967295\n");
 }
 
-class FaultyJobPart : public testing::TestWithParam<support::SJobFault> {};
+class FaultyJobPart : public testing::TestWithParam<support::STextFault> {};
 
 TEST_P(FaultyJobPart, IsNamedWithItsLineAndPlace) {
     EXPECT_THAT(FaultsOf(Replaced(WHOLE_JOB, GetParam().m_Part, GetParam().m_Other)),
                 HasSubstr(GetParam().m_Message));
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, FaultyJobPart, testing::ValuesIn(support::JobFaults()));
+INSTANTIATE_TEST_SUITE_P(Each, FaultyJobPart, testing::ValuesIn(support::JobFaults()),
+                         support::FaultTestName);
 
 TEST(FaultyJob, HasNoPieces) {
     EXPECT_THAT(FaultsOf(R"({"pieces": []})"), HasSubstr("1: /pieces: it is not a list of pieces"));

@@ -26,7 +26,7 @@ const std::string DROP_JOB = R"({
   "pieces": [{"file": "/samples/star.pol", "quantity": 3}]
 })";
 
-std::vector<SJobFault> JobFaults() {
+std::vector<STextFault> JobFaults() {
     return {
         {"\"strip\"", "\"stripe\"", "2: /stripe: there is no member \"stripe\"; is \"strip\" meant?"},
         {"\"spacing\"", "\"gap\"", "2: /strip/gap: there is no member \"gap\"\n"},

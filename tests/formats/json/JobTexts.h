@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/formats/json/TextReading.h"
+
 namespace nestrix::support {
 
 /// A job that says all there is to say of free packing.
@@ -11,12 +13,7 @@ extern const std::string WHOLE_JOB;
 /// A job for the window's search.
 extern const std::string DROP_JOB;
 
-/// One fault to be planted into WHOLE_JOB.
-struct SJobFault {
-    std::string m_Part;
-    std::string m_Other;    ///< what takes its place
-    std::string m_Message;  ///< part of what is said then
-};
-[[nodiscard]] std::vector<SJobFault> JobFaults();
+/// Faults to be planted into WHOLE_JOB.
+[[nodiscard]] std::vector<STextFault> JobFaults();
 
 }  // namespace nestrix::support

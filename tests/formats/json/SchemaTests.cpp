@@ -97,7 +97,7 @@ TEST(JobSchema, KnowsJobsOfBothMethods) {
 TEST(JobSchema, RefusesWhatTheReaderRefuses) {
     const CTemporaryFolder folder;
     std::vector<std::string> all;
-    for (const support::SJobFault& fault : support::JobFaults()) {
+    for (const support::STextFault& fault : support::JobFaults()) {
         all.push_back(Numbered(all.size()));
         static_cast<void>(
             folder.Write(all.back(), Replaced(support::WHOLE_JOB, fault.m_Part, fault.m_Other)));

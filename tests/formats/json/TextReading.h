@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -25,6 +28,19 @@ template <class T>
     const std::string faults = ListOf(reading.m_Findings);
     return reading.m_Value.has_value() == faults.empty() ? faults : "a value beside faults: " + faults;
 }
+
+/// One fault to be planted into a sound text.
+struct STextFault {
+    std::string m_Part;
+    std::string m_Other;    ///< what takes its place
+    std::string m_Message;  ///< part of what is said then
+};
+
+/// How a fault shows in a test's output: by what it puts in.
+void PrintTo(const STextFault& fault, std::ostream* pStream);
+
+/// The same in the form that a test's name allows.
+[[nodiscard]] std::string FaultTestName(const testing::TestParamInfo<STextFault>& info);
 
 /// A text with `part` replaced by `other`; it must be there.
 [[nodiscard]] std::string Replaced(std::string text, const std::string& part, const std::string& other);
