@@ -2,10 +2,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <map>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "bench/density/Instance.h"
 #include "bench/density/MadeSets.h"
 #include "nest/PackFreely.h"
 
@@ -55,11 +56,18 @@ private:
     std::vector<SPackProgress> m_Gains;
 };
 
-bench::SInstance Find(const std::string& set) {
-    return set.ends_with(".json") ? bench::ReadInstance(set) : bench::MakeSet(set);
+SInstance Find(const std::string& set) {
+    if (!set.ends_with(".json")) {
+        return bench::MakeSet(set);
+    }
+    SReading<SInstance> reading = ReadInstance(set);
+    if (!reading.m_Value) {
+        throw std::invalid_argument(set + ": " + reading.m_Findings.front().m_Message);
+    }
+    return std::move(*reading.m_Value);
 }
 
-SRun Measure(const bench::SInstance& instance, const SMeasuring& measuring, int nSeed) {
+SRun Measure(const SInstance& instance, const SMeasuring& measuring, int nSeed) {
     SPackSettings settings;
     settings.m_nSeed = static_cast<uint64_t>(nSeed);
     settings.m_nThreads = measuring.m_nThreads;
@@ -104,7 +112,7 @@ void MeasureAll(const SMeasuring& measuring) {
     double differences = 0.0;
     int nPublished = 0;
     for (const std::string& set : measuring.m_Sets) {
-        bench::SInstance instance = Find(set);
+        SInstance instance = Find(set);
         for (SPiece& piece : instance.m_Pieces) {
             piece.m_Turns.m_bAny = piece.m_Turns.m_bAny || measuring.m_bAnyTurn;
         }

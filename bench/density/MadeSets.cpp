@@ -91,7 +91,7 @@ SInstance MakeCutSheet(int nPieces, uint64_t nSeed) {
         rings.push_back(other);
     }
     SInstance instance{
-        "sheet-" + std::to_string(nPieces) + "-" + std::to_string(nSeed), {SHEET, 0.0, 0.0}, {}};
+        "sheet-" + std::to_string(nPieces) + "-" + std::to_string(nSeed), {SHEET, 0.0, 0.0}, {}, {}};
     for (const CRing& ring : rings) {
         instance.m_Pieces.push_back(PieceOf(ring, {0.0, 180.0}));
     }
@@ -101,7 +101,7 @@ SInstance MakeCutSheet(int nPieces, uint64_t nSeed) {
 SInstance MakeBlobs(int nPieces, uint64_t nSeed) {
     CRandom random(nSeed);
     SInstance instance{
-        "blobs-" + std::to_string(nPieces) + "-" + std::to_string(nSeed), {SHEET, 0.0, 0.0}, {}};
+        "blobs-" + std::to_string(nPieces) + "-" + std::to_string(nSeed), {SHEET, 0.0, 0.0}, {}, {}};
     for (int i = 0; i < nPieces; ++i) {
         const int nVertices = 50 + static_cast<int>(random.Index(71));
         const double size = random.Between(25.0, 75.0);
@@ -115,6 +115,7 @@ SInstance MakeCopies(int nPieces, int nKinds, int nVertices, uint64_t nSeed) {
     SInstance instance{"copies-" + std::to_string(nPieces) + "-" + std::to_string(nKinds) + "-" +
                            std::to_string(nVertices) + "-" + std::to_string(nSeed),
                        {SHEET, 0.0, 0.0},
+                       {},
                        {}};
     for (int i = 0; i < nKinds; ++i) {
         const double size = random.Between(15.0, 45.0);

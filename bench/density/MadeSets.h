@@ -1,8 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
-#include "bench/density/Instance.h"
+#include "formats/json/Instance.h"
 
 namespace nestrix::bench {
 

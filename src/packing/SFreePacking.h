@@ -14,6 +14,8 @@ struct SFreeStrip {
     double m_Width = 400.0;
     double m_Spacing = 0.0;  ///< the least distance between any two pieces
     double m_Margin = 0.0;   ///< the least distance of any piece to the walls and to the floor
+
+    friend bool operator==(const SFreeStrip&, const SFreeStrip&) = default;
 };
 
 /// One copy of a piece where it was laid.
@@ -32,6 +34,8 @@ struct SFreePacking {
     SGrid m_Grid;
     std::vector<SFreePlacement> m_Placed;
     int64_t m_nHeight = 0;  ///< the highest point of any piece
+
+    friend bool operator==(const SFreePacking&, const SFreePacking&) = default;
 };
 
 /// The strip's lengths on the grid. The width is rounded down and the others up, unless they are whole

@@ -22,6 +22,8 @@ struct SPacking {
     SStrip m_Strip;
     std::vector<SPlacedPiece> m_Placed;  ///< in the order of placing
     float m_fHeight = 0.0F;              ///< the highest top of any piece's bounding box; at least 0
+
+    friend bool operator==(const SPacking&, const SPacking&) = default;
 };
 
 /// Whether the height and all places are finite. Pieces too large for single precision have no place.

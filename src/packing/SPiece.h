@@ -20,12 +20,16 @@ using CRing = std::vector<SPoint>;
 struct SShape {
     CRing m_Outline;
     std::vector<CRing> m_Holes;
+
+    friend bool operator==(const SShape&, const SShape&) = default;
 };
 
 /// By how much a piece may be turned, in degrees counter-clockwise.
 struct STurns {
     bool m_bAny = false;  ///< by any angle; the list is of no meaning then
     std::vector<double> m_Degrees{0.0};
+
+    friend bool operator==(const STurns&, const STurns&) = default;
 };
 
 /// A piece to be packed freely, with all that is demanded of it.
@@ -35,6 +39,8 @@ struct SPiece {
     int m_nQuantity = 1;
     STurns m_Turns;
     bool m_bMirrored = false;  ///< it may also be laid with its back up: mirrored, then turned
+
+    friend bool operator==(const SPiece&, const SPiece&) = default;
 };
 
 }  // namespace nestrix

@@ -6,6 +6,8 @@ namespace nestrix {
 struct SStrip {
     float m_fWidth = 400.0F;
     float m_fHeight = 600.0F;  ///< how much of it a picture shows; packings may reach higher
+
+    friend bool operator==(const SStrip&, const SStrip&) = default;
 };
 
 }  // namespace nestrix
