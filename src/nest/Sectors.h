@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "nest/Vectors.h"
+#include "packing/PointVectors.h"
 
 namespace nestrix {
 
