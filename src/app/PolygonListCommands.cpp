@@ -3,7 +3,7 @@
 
 #include "app/CNestrixFrame.h"
 #include "app/FormControls.h"
-#include "formats/PolygonPaths.h"
+#include "formats/PolygonFile.h"
 
 using namespace nestrix;
 

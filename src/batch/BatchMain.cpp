@@ -5,7 +5,8 @@
 #include <exception>
 
 #include "base/StandardStreams.h"
-#include "batch/BatchRun.h"
+#include "batch/Commands.h"
+#include "batch/ExitStatus.h"
 
 using namespace nestrix;
 
@@ -17,14 +18,6 @@ void OutliveFailedWrites() {
     signal(SIGPIPE, SIG_IGN);
     // Files may have a largest size.
     signal(SIGXFSZ, SIG_IGN);
-}
-
-int RunProgram(int argc, char const* const* argv) {
-    SBatchOptions options;
-    if (const std::optional<int> status = ParseBatchOptions(argc, argv, options)) {
-        return *status;
-    }
-    return RunBatch(options);
 }
 
 /// Says whether everything printed has arrived, also through std::cout, which keeps nothing for itself. Only
@@ -42,14 +35,14 @@ int main(int argc, char** argv) {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     int nStatus = BATCH_FAILED;
     try {
-        nStatus = RunProgram(argc, argv);
+        nStatus = RunCommand(argc, argv);
     } catch (const std::exception& error) {
         // The standard library's own, such as for memory that is not there.
         std::fprintf(stderr, "nestrix-batch: %s\n", error.what());
     }
     if (!IsOutputComplete()) {
         std::fprintf(stderr, "nestrix-batch: standard output could not be written\n");
-        return nStatus == BATCH_DONE ? BATCH_FAILED : nStatus;
+        return nStatus == BATCH_BAD_INPUT ? nStatus : BATCH_FAILED;
     }
     return nStatus;
 }

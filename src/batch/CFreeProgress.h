@@ -1,43 +1,53 @@
 #pragma once
 
+#include <functional>
 #include <mutex>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "base/CRelaxed.h"
+#include "batch/Improvements.h"
 #include "nest/PackFreely.h"
 
 namespace nestrix {
-
-/// What is known of the best packing while the search goes on.
-struct SBestSoFar {
-    double m_Height = 0.0;
-    double m_Density = 0.0;  ///< 0 to 1
-    double m_Seconds = 0.0;  ///< when it was found, since the search began
-};
 
 /// Hears of better packings on the search's threads and tells them on any other; hands on the request to
 /// stop.
 class CFreeProgress final : public CPackSink {
 public:
     /// @param stop becomes true when the program is asked to end.
-    explicit CFreeProgress(const CRelaxed<bool>& stop) : m_Stop(stop) {}
+    /// @param better hears of every packing, too, on a thread of the search.
+    explicit CFreeProgress(
+        const CRelaxed<bool>& stop,
+        std::function<void(const SFreePacking&)> better = [](const SFreePacking&) {})
+        : m_Stop(stop), m_Better(std::move(better)) {}
 
     void BetterPacking(const SFreePacking& packing, const SPackProgress& progress) override {
+        m_Better(packing);
         const std::lock_guard lock(m_Mutex);
-        m_Best = {packing.m_Grid.Length(packing.m_nHeight), progress.m_Density, progress.m_Seconds};
+        m_Improvements.push_back({progress.m_Seconds, progress.m_nSteps,
+                                  packing.m_Grid.Length(packing.m_nHeight), progress.m_Density});
     }
     [[nodiscard]] bool IsToStop() const override { return m_Stop; }
 
     /// Nothing before the first packing.
-    [[nodiscard]] std::optional<SBestSoFar> Best() const {
+    [[nodiscard]] std::optional<SImprovement> Best() const {
         const std::lock_guard lock(m_Mutex);
-        return m_Best;
+        return m_Improvements.empty() ? std::nullopt : std::optional(m_Improvements.back());
+    }
+
+    /// All so far.
+    [[nodiscard]] std::vector<SImprovement> Improvements() const {
+        const std::lock_guard lock(m_Mutex);
+        return m_Improvements;
     }
 
 private:
     const CRelaxed<bool>& m_Stop;
-    mutable std::mutex m_Mutex;  ///< guards m_Best
-    std::optional<SBestSoFar> m_Best;
+    std::function<void(const SFreePacking&)> m_Better;
+    mutable std::mutex m_Mutex;  ///< guards m_Improvements
+    std::vector<SImprovement> m_Improvements;
 };
 
 }  // namespace nestrix

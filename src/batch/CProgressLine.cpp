@@ -38,7 +38,7 @@ size_t RoomIn(std::FILE* pStream) {
 
 }  // namespace
 
-std::string ProgressText(double seconds, const std::optional<SBestSoFar>& best) {
+std::string ProgressText(double seconds, const std::optional<SImprovement>& best) {
     if (!best) {
         return ClockTime(seconds) + "  no packing yet";
     }
@@ -46,34 +46,46 @@ std::string ProgressText(double seconds, const std::optional<SBestSoFar>& best) 
            Decimals(100.0 * best->m_Density, 2) + " %  unchanged for " + ClockTime(seconds - best->m_Seconds);
 }
 
-CProgressLine::CProgressLine(const CFreeProgress& progress, std::FILE* pStream)
-    : m_Progress(progress), m_pStream(pStream) {
-    if (isatty(fileno(pStream)) != 0) {
-        m_Thread = std::thread([this] { Run(); });
-    }
-}
+CProgressLine::CProgressLine(const CFreeProgress& progress, std::FILE* pStream,
+                             std::chrono::milliseconds between)
+    : m_Progress(progress),
+      m_pStream(pStream),
+      m_Between(between),
+      m_bTerminal(isatty(fileno(pStream)) != 0),
+      m_Thread([this] { m_bTerminal ? Redraw() : Print(); }) {}
 
 CProgressLine::~CProgressLine() {
-    if (!m_Thread.joinable()) {
-        return;
-    }
     {
         const std::lock_guard lock(m_Mutex);
         m_bOver = true;
     }
     m_Wake.notify_one();
     m_Thread.join();
-    Show("");
-    std::fputc('\r', m_pStream);
-    std::fflush(m_pStream);
+    if (m_bTerminal) {
+        Show("");
+        std::fputc('\r', m_pStream);
+        std::fflush(m_pStream);
+    }
 }
 
-void CProgressLine::Run() {
+void CProgressLine::Redraw() {
     std::unique_lock lock(m_Mutex);
     do {
-        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - m_Begin;
-        Show(ProgressText(elapsed.count(), m_Progress.Best()));
+        Show(Text());
     } while (!m_Wake.wait_for(lock, REDRAWING, [this] { return m_bOver; }));
+}
+
+void CProgressLine::Print() {
+    std::unique_lock lock(m_Mutex);
+    while (!m_Wake.wait_for(lock, m_Between, [this] { return m_bOver; })) {
+        std::fprintf(m_pStream, "%s\n", Text().c_str());
+        std::fflush(m_pStream);
+    }
+}
+
+std::string CProgressLine::Text() const {
+    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - m_Begin;
+    return ProgressText(elapsed.count(), m_Progress.Best());
 }
 
 void CProgressLine::Show(std::string text) {

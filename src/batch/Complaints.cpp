@@ -1,11 +1,32 @@
 #include "batch/Complaints.h"
 
+#include <algorithm>
 #include <cstdio>
 
 namespace nestrix {
 
+namespace {
+
+char const* Weight(SFinding::ESeverity severity) {
+    switch (severity) {
+        case SFinding::ESeverity::NOTE:
+            return "note: ";
+        case SFinding::ESeverity::ODD:
+            return "warning: ";
+        case SFinding::ESeverity::FAULT:
+            break;
+    }
+    return "";
+}
+
+}  // namespace
+
 void Complain(const std::string& complaint) {
     std::fprintf(stderr, "nestrix-batch: %s\n", complaint.c_str());
+}
+
+void Complain(const SFinding& finding) {
+    Complain(Weight(finding.m_eSeverity) + InWords(finding));
 }
 
 bool IsFaulty(const std::string& fault) {
@@ -13,6 +34,11 @@ bool IsFaulty(const std::string& fault) {
         Complain(fault);
     }
     return !fault.empty();
+}
+
+bool IsFaulty(const std::vector<std::string>& faults) {
+    return std::count_if(faults.begin(), faults.end(),
+                         [](const std::string& fault) { return IsFaulty(fault); }) > 0;
 }
 
 }  // namespace nestrix

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "batch/DropOptions.h"
-#include "batch/SBatchJob.h"
+#include "batch/SPackTask.h"
 
 namespace nestrix {
 
-/// Searches for the drop order, prints the seed and the best height after the engine's lines, and draws the
-/// best packing. Whatever goes wrong is said on standard error.
-/// @return the status to exit with.
-[[nodiscard]] int RunDrop(const SDropOptions& options, const SBatchJob& job);
+/// Searches for the drop order, prints the result after the engine's lines, and writes it. Whatever goes
+/// wrong is said on standard error.
+/// @return the status to exit with, but for the signal that may have ended the search.
+[[nodiscard]] int RunDrop(const SPackTask& task);
 
 }  // namespace nestrix

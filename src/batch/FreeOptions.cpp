@@ -4,7 +4,6 @@
 #include <limits>
 #include <thread>
 
-#include "base/NumberText.h"
 #include "batch/OptionValues.h"
 
 namespace nestrix {
@@ -14,41 +13,9 @@ namespace {
 constexpr double DEFAULT_SECONDS = 60.0;
 constexpr int MOST_THREADS = 1024;
 
-std::string InWords(const STurns& turns) {
-    if (turns.m_bAny) {
-        return "any";
-    }
-    std::string list;
-    for (const double degrees : turns.m_Degrees) {
-        list.append(list.empty() ? "" : ",").append(ShortestDigits(degrees));
-    }
-    return list;
-}
-
-void AddDemands(CLI::App& app, SFreeOptions& options, char const* pGroup) {
-    AddOption(app, "--width", options.m_Strip.m_Width, WIDTH, "width of the strip (400)")
-        ->type_name("W")
-        ->group(pGroup);
-    AddOption(app, "--spacing", options.m_Strip.m_Spacing, DISTANCE, "least distance between two pieces (0)")
-        ->type_name("S")
-        ->group(pGroup);
-    AddOption(app, "--margin", options.m_Strip.m_Margin, DISTANCE,
-              "least distance to the walls and to the floor (0)")
-        ->type_name("M")
-        ->group(pGroup);
-    AddOption(app, "--turns", options.m_Turns, TURNS,
-              "degrees by which pieces may be turned, such as\n0,90,180,270, or \"any\" (0: as drawn, with "
-              "the grain)")
-        ->type_name("LIST")
-        ->group(pGroup);
-    app.add_flag("--mirror", options.m_bMirror, "pieces may be laid with their backs up")->group(pGroup);
-    app.add_flag("--keep-holes-empty", options.m_bKeepHolesEmpty, "no piece may lie in a hole of another")
-        ->group(pGroup);
-}
-
 void AddLimits(CLI::App& app, SPackLimits& limits, char const* pGroup) {
     AddOption(app, "--time", limits.m_Seconds, TIME,
-              "how long to search: 60s, 500ms, 2m, or seconds\n(60s, if no other end is given)")
+              "how long to search: 500ms, 2m (60s, if nothing else ends it)")
         ->type_name("TIME")
         ->group(pGroup);
     app.add_option("--steps", limits.m_nSteps, "how many steps to search; repeats a search exactly")
@@ -69,8 +36,29 @@ void AddLimits(CLI::App& app, SPackLimits& limits, char const* pGroup) {
 
 }  // namespace
 
+void AddStripOptions(CLI::App& app, SFreeOptions& options, char const* pGroup) {
+    AddOption(app, "--width", options.m_Strip.m_Width, WIDTH, "width of the strip (400)")
+        ->type_name("W")
+        ->group(pGroup);
+    AddOption(app, "--margin", options.m_Strip.m_Margin, DISTANCE,
+              "least distance to the walls and to the floor (0)")
+        ->type_name("M")
+        ->group(pGroup);
+    AddOption(app, "--turns", options.m_Turns, TURNS,
+              "degrees by which pieces may be turned, such as\n0,90,180,270, or \"any\" (0: as drawn, with "
+              "the grain)")
+        ->type_name("LIST")
+        ->group(pGroup);
+    app.add_flag("--mirror", options.m_bMirror, "pieces may be laid with their backs up")->group(pGroup);
+}
+
 void AddFreeOptions(CLI::App& app, SFreeOptions& options, char const* pGroup) {
-    AddDemands(app, options, pGroup);
+    AddStripOptions(app, options, pGroup);
+    AddOption(app, "--spacing", options.m_Strip.m_Spacing, DISTANCE, "least distance between two pieces (0)")
+        ->type_name("S")
+        ->group(pGroup);
+    app.add_flag("--keep-holes-empty", options.m_bKeepHolesEmpty, "no piece may lie in a hole of another")
+        ->group(pGroup);
     AddLimits(app, options.m_Limits, pGroup);
     app.add_option("--threads", options.m_nThreads, "how many threads search (as many as the machine runs)")
         ->transform(WholeNumber(1, MOST_THREADS))
@@ -92,26 +80,20 @@ int ThreadsOf(const SFreeOptions& options) {
     return options.m_nThreads.value_or(std::clamp(nRunning, 1, MOST_THREADS));
 }
 
-std::string RepeatingOptions(const SFreeOptions& options, uint64_t nSeed, uint64_t nSteps) {
-    const SFreeOptions defaults;
-    std::string text;
-    const auto addNumber = [&text](char const* pName, double number, double byDefault) {
-        if (number != byDefault) {
-            text.append(pName).append(ShortestDigits(number));
-        }
-    };
-    addNumber(" --width ", options.m_Strip.m_Width, defaults.m_Strip.m_Width);
-    addNumber(" --spacing ", options.m_Strip.m_Spacing, defaults.m_Strip.m_Spacing);
-    addNumber(" --margin ", options.m_Strip.m_Margin, defaults.m_Strip.m_Margin);
-    if (options.m_Turns.m_bAny || options.m_Turns.m_Degrees != defaults.m_Turns.m_Degrees) {
-        text.append(" --turns ").append(InWords(options.m_Turns));
+SFreeStrip StripOf(const SFreeOptions& options, const SStripDemand& ofInputs) {
+    const SStripDemand& asked = options.m_Strip;
+    const SFreeStrip byDefault;
+    return {asked.m_Width.value_or(ofInputs.m_Width.value_or(byDefault.m_Width)),
+            asked.m_Spacing.value_or(ofInputs.m_Spacing.value_or(byDefault.m_Spacing)),
+            asked.m_Margin.value_or(ofInputs.m_Margin.value_or(byDefault.m_Margin))};
+}
+
+std::vector<SPiece> WithDemands(std::vector<SPiece> pieces, const SFreeOptions& options) {
+    for (SPiece& piece : pieces) {
+        piece.m_Turns = options.m_Turns.value_or(piece.m_Turns);
+        piece.m_bMirrored = options.m_bMirror || piece.m_bMirrored;
     }
-    text.append(options.m_bMirror ? " --mirror" : "");
-    text.append(options.m_bKeepHolesEmpty ? " --keep-holes-empty" : "");
-    text.append(" --seed ").append(std::to_string(nSeed));
-    text.append(" --threads ").append(std::to_string(ThreadsOf(options)));
-    text.append(" --steps ").append(std::to_string(nSteps));
-    return text.substr(1);
+    return pieces;
 }
 
 }  // namespace nestrix

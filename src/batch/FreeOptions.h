@@ -1,8 +1,9 @@
 #pragma once
 
 #include <optional>
-#include <string>
+#include <vector>
 
+#include "batch/InputFile.h"
 #include "nest/PackFreely.h"
 
 namespace CLI {
@@ -11,15 +12,19 @@ class App;
 
 namespace nestrix {
 
-/// What the user asked of free packing. The limits are those that were given: see LimitsOf.
+/// What the user asked of free packing. What is absent is as the inputs say, and by default where they say
+/// nothing. The limits are those that were given: see LimitsOf.
 struct SFreeOptions {
-    SFreeStrip m_Strip;
-    STurns m_Turns;
-    bool m_bMirror = false;
+    SStripDemand m_Strip;
+    std::optional<STurns> m_Turns;
+    bool m_bMirror = false;  ///< all pieces may be mirrored, not only those of which the inputs say so
     bool m_bKeepHolesEmpty = false;
     SPackLimits m_Limits;
     std::optional<int> m_nThreads;  ///< absent: as many as the machine runs at once
 };
+
+/// Adds the options that say what each piece must fit, and how it may lie.
+void AddStripOptions(CLI::App& app, SFreeOptions& options, char const* pGroup);
 
 /// Adds the options that only free packing has, in their own group of the help.
 void AddFreeOptions(CLI::App& app, SFreeOptions& options, char const* pGroup);
@@ -29,8 +34,10 @@ void AddFreeOptions(CLI::App& app, SFreeOptions& options, char const* pGroup);
 
 [[nodiscard]] int ThreadsOf(const SFreeOptions& options);
 
-/// The options that repeat a search on the same pieces: what they demand as far as it is not the default, and
-/// the work as a number of steps.
-[[nodiscard]] std::string RepeatingOptions(const SFreeOptions& options, uint64_t nSeed, uint64_t nSteps);
+/// The strip as the options ask for, or else the inputs.
+[[nodiscard]] SFreeStrip StripOf(const SFreeOptions& options, const SStripDemand& ofInputs);
+
+/// Turns and mirroring as the options demand them, or else each piece's own.
+[[nodiscard]] std::vector<SPiece> WithDemands(std::vector<SPiece> pieces, const SFreeOptions& options);
 
 }  // namespace nestrix

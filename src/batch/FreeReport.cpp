@@ -4,8 +4,6 @@
 
 namespace nestrix {
 
-namespace {
-
 char const* InWords(EPackEnd eEnd) {
     switch (eEnd) {
         case EPackEnd::STEPS:
@@ -26,10 +24,8 @@ char const* InWords(EPackEnd eEnd) {
     return "there are pieces that do not fit";
 }
 
-}  // namespace
-
-std::string ReportOf(std::span<const SPiece> pieces, const SFreeOptions& options, uint64_t nSeed,
-                     const SPackResult& result) {
+std::string ReportOf(std::span<const SPiece> pieces, uint64_t nSeed, int nThreads, const SPackResult& result,
+                     const std::string& command) {
     const SFreePacking& packing = *result.m_Packing;
     std::string report;
     const auto addLine = [&report](char const* pLabel, const std::string& value) {
@@ -37,13 +33,13 @@ std::string ReportOf(std::span<const SPiece> pieces, const SFreeOptions& options
     };
     addLine("Seed", std::to_string(nSeed));
     addLine("Steps", std::to_string(result.m_nSteps));
-    addLine("Threads", std::to_string(ThreadsOf(options)));
+    addLine("Threads", std::to_string(nThreads));
     addLine("Pieces", std::to_string(packing.m_Placed.size()));
     addLine("Best height", ShortestDigits(packing.m_Grid.Length(packing.m_nHeight)));
     addLine("Density", Decimals(100.0 * DensityOf(pieces, packing), 2) + " %");
     addLine("Seconds", Decimals(result.m_Seconds, 2));
     addLine("Ended", InWords(result.m_eEnd));
-    addLine("Repeat with", RepeatingOptions(options, nSeed, result.m_nSteps));
+    addLine("Repeat with", command);
     return report;
 }
 

@@ -2,46 +2,71 @@
 
 #include <cstdio>
 
-#include "batch/BatchOptions.h"
 #include "batch/CFreeProgress.h"
 #include "batch/CProgressLine.h"
 #include "batch/Complaints.h"
-#include "batch/FreePieces.h"
+#include "batch/ExitStatus.h"
+#include "batch/Findings.h"
 #include "batch/FreeReport.h"
+#include "batch/ResultRecord.h"
+#include "batch/StartPacking.h"
 #include "formats/FreePackingSvg.h"
+#include "formats/svg/SvgPlan.h"
 
 namespace nestrix {
 
 namespace {
 
-SPackResult Search(std::span<const SPiece> pieces, const SFreeOptions& options, const SBatchJob& job) {
+SPackResult Search(const SPackTask& task, const std::vector<SPiece>& pieces, CFreeProgress& progress) {
+    const SFreeOptions& options = task.m_Options.m_Free;
+    const SFreeStrip strip = StripOf(options, task.m_Set.m_Strip);
+    std::optional<SFreePacking> start;
+    if (task.m_pFrom != nullptr) {
+        start = StartFrom(task.m_pFrom->m_Pieces, task.m_pFrom->m_Packing, pieces, strip);
+    }
     SPackSettings settings;
-    settings.m_nSeed = job.m_nSeed;
+    settings.m_nSeed = task.m_nSeed;
     settings.m_nThreads = ThreadsOf(options);
     settings.m_bUseHoles = !options.m_bKeepHolesEmpty;
     settings.m_Limits = LimitsOf(options);
-    CFreeProgress progress(job.m_Stop);
-    const CProgressLine line(progress, stderr);
-    return PackFreely(pieces, options.m_Strip, settings, progress);
+    settings.m_pStart = start ? &*start : nullptr;
+    std::optional<CProgressLine> line;
+    if (!task.m_Options.m_bQuiet) {
+        line.emplace(progress, stderr);
+    }
+    return PackFreely(pieces, strip, settings, progress);
+}
+
+/// What repeats the search to the last digit, however long it took.
+std::string EndsOf(const SPackTask& task, const SPackResult& result) {
+    return " --seed " + std::to_string(task.m_nSeed) + " --threads " +
+           std::to_string(ThreadsOf(task.m_Options.m_Free)) + " --steps " + std::to_string(result.m_nSteps);
 }
 
 }  // namespace
 
-int RunFree(const SFreeOptions& options, const SBatchJob& job) {
-    const SFreePieces pieces = FreePiecesOf(job.m_Input, options);
-    const SPackResult result = Search(pieces.m_Pieces, options, job);
-    for (const SUnfitPiece& unfit : result.m_Unfit) {
-        Complain(pieces.m_Files[static_cast<size_t>(unfit.m_nPiece)] + ": " + unfit.m_Reason);
+int RunFree(const SPackTask& task) {
+    const std::vector<SPiece> pieces = WithDemands(task.m_Set.m_Pieces, task.m_Options.m_Free);
+    CFreeProgress progress(task.m_Stop, [&](const SFreePacking& packing) {
+        task.m_Watch.Offer([&pieces, packing] { return DrawFreePackingSvg(pieces, packing); });
+    });
+    const SPackResult result = Search(task, pieces, progress);
+    const std::string watchFault = task.m_Watch.Finish();
+    for (const SFinding& finding : FindingsOf(result.m_Unfit, task.m_Set.m_Drawn)) {
+        Complain(finding);
     }
     if (!result.m_Packing) {
         return BATCH_BAD_INPUT;
     }
-    std::fputs(ReportOf(pieces.m_Pieces, options, job.m_nSeed, result).c_str(), stdout);
-    if (!job.m_Picture.IsWanted()) {
-        return BATCH_DONE;
-    }
-    const std::string picture = DrawFreePackingSvg(pieces.m_Pieces, *result.m_Packing);
-    return IsFaulty(job.m_Picture.Write(picture)) ? BATCH_FAILED : BATCH_DONE;
+    const std::string command = RepeatingCommand(task.m_Invocation, EndsOf(task, result));
+    std::fputs(ReportOf(pieces, task.m_nSeed, ThreadsOf(task.m_Options.m_Free), result, command).c_str(),
+               stdout);
+    const SCutPlan plan{pieces, task.m_Set.m_Drawn, *result.m_Packing, task.m_Set.m_Unit};
+    const SPackOutcome outcome{plan, WriteSvgPlan(plan), progress.Improvements(),
+                               RecordOf(task, pieces, result)};
+    std::vector<std::string> faults = task.m_Outputs.Write(outcome);
+    faults.insert(faults.end(), watchFault.empty() ? 0 : 1, watchFault);
+    return IsFaulty(faults) ? BATCH_FAILED : BATCH_DONE;
 }
 
 }  // namespace nestrix

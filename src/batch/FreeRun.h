@@ -1,13 +1,12 @@
 #pragma once
 
-#include "batch/FreeOptions.h"
-#include "batch/SBatchJob.h"
+#include "batch/SPackTask.h"
 
 namespace nestrix {
 
-/// Packs the pieces freely, prints what came of it and how to repeat it, and draws the best packing. Pieces
-/// that cannot be packed are named on standard error, as is whatever goes wrong.
-/// @return the status to exit with.
-[[nodiscard]] int RunFree(const SFreeOptions& options, const SBatchJob& job);
+/// Packs the pieces freely, prints what came of it and how to repeat it, and writes the result. Pieces that
+/// cannot be packed are named on standard error, as is whatever goes wrong.
+/// @return the status to exit with, but for the signal that may have ended the search.
+[[nodiscard]] int RunFree(const SPackTask& task);
 
 }  // namespace nestrix

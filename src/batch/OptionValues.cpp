@@ -13,14 +13,6 @@ namespace {
 constexpr double LEAST_WIDTH = 1e-14;
 constexpr double MOST_WIDTH = 1e28;
 
-/// A finite number; not what the standard library would take besides, such as blanks in front.
-std::optional<double> ReadNumber(std::string_view text) {
-    double number = 0.0;
-    const auto [pEnd, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool bWhole = error == std::errc() && pEnd == text.data() + text.size();
-    return bWhole && std::isfinite(number) ? std::optional(number) : std::nullopt;
-}
-
 std::optional<double> Within(std::optional<double> number, double least, double most) {
     return number && *number >= least && *number <= most ? number : std::nullopt;
 }
@@ -52,6 +44,13 @@ CLI::Validator WholeNumber(uint64_t nLeast, uint64_t nMost) {
             return std::string();
         },
         "");
+}
+
+std::optional<double> ReadNumber(std::string_view text) {
+    double number = 0.0;
+    const auto [pEnd, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool bWhole = error == std::errc() && pEnd == text.data() + text.size();
+    return bWhole && std::isfinite(number) ? std::optional(number) : std::nullopt;
 }
 
 std::optional<double> ReadWidth(std::string_view text) {

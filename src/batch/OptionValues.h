@@ -39,6 +39,9 @@ CLI::Option* AddOption(CLI::App& app, const std::string& name, TValue& value, co
 
 // The readers give nothing for a text that is at fault.
 
+/// A finite number; not what the standard library would take besides, such as blanks in front.
+[[nodiscard]] std::optional<double> ReadNumber(std::string_view text);
+
 /// A width that a strip can have: see GridFor.
 [[nodiscard]] std::optional<double> ReadWidth(std::string_view text);
 

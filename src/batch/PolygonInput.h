@@ -1,28 +1,29 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
-#include "geom/CPolygon.h"
+#include "batch/InputFile.h"
 
 namespace nestrix {
 
-/// What the polygon files that some paths stand for give. Each is read once.
-struct SPolygonInput {
-    std::vector<std::string> m_Files;  ///< all of them
-    std::vector<CPolygon> m_Polygons;  ///< of the sound ones, in their order
-    /// "path: reason" for every folder at fault, "path:line: reason" for every file that is not sound.
-    std::vector<std::string> m_Faults;
-    std::vector<std::string> m_Warnings;  ///< "path:line: reason" for what is odd about sound files
-};
+/// Reads a polygon file, once. At fault is what is not sound, and reported besides is whatever follows the
+/// box. A lenient reading takes what is not sound as CPolygon::ReadPolygon does, as far as it goes.
+[[nodiscard]] SInputFile ReadPolygonInput(const std::string& path, const SReadOptions& reading);
 
-/// Finds and reads polygon files. Odd is whatever follows the box; and for pieces that are to be dropped, an
-/// outline that runs clockwise, a bounding box that does not enclose it or is wider than the strip.
-/// @param paths files, and folders of them: see FindPolygonFiles.
-/// @param dropWidth of the strip that they are to be dropped into; nothing where only outlines count.
-[[nodiscard]] SPolygonInput ReadPolygonInput(std::span<const std::string> paths,
-                                             std::optional<float> dropWidth);
+/// A piece that nobody has drawn: its shape stands for the drawing.
+[[nodiscard]] SInputPiece InputPieceOf(SPiece piece, const std::string& file, int nLine);
+
+/// What goes wrong when the piece of a polygon file is dropped: an outline that runs clockwise, a bounding
+/// box that does not enclose it or that is wider than the strip.
+[[nodiscard]] std::vector<SFinding> HarmOfDropping(const SInputPiece& piece, float fStripWidth);
+
+/// Whether the bounding box of a polygon file does not enclose the outline, or leaves room around it.
+[[nodiscard]] std::optional<SFinding> FindBadBox(const SInputPiece& piece);
+
+/// The piece as a polygon to be dropped: that of its file; of a drawing the outline without its holes, in
+/// single precision and counter-clockwise.
+[[nodiscard]] CPolygon PolygonOf(const SInputPiece& piece);
 
 }  // namespace nestrix

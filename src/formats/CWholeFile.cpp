@@ -1,6 +1,7 @@
 #include "formats/CWholeFile.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,6 +25,12 @@ fs::path FollowLinks(fs::path path) {
         path = path.parent_path() / target;  // the target alone if it is absolute
     }
     return path;
+}
+
+/// The one name of a file that may not be there yet.
+fs::path WholePath(const fs::path& target) {
+    std::error_code error;
+    return fs::weakly_canonical(fs::absolute(target, error), error);
 }
 
 fs::path FolderOf(const fs::path& target) {
@@ -111,7 +118,27 @@ bool CanReplace(const fs::path& target) {
     return CloseAfter(WriteAll(nDescriptor, {BLOCK.data(), BLOCK.size()}), nDescriptor);
 }
 
+/// While it lives, the signals that end programs wait.
+class CHeldSignals {
+public:
+    CHeldSignals() {
+        sigset_t held;
+        sigemptyset(&held);
+        for (const int nSignal : {SIGINT, SIGTERM, SIGHUP}) {
+            sigaddset(&held, nSignal);
+        }
+        pthread_sigmask(SIG_BLOCK, &held, &m_Previous);
+    }
+    ~CHeldSignals() { pthread_sigmask(SIG_SETMASK, &m_Previous, nullptr); }
+    CHeldSignals(const CHeldSignals&) = delete;
+    CHeldSignals& operator=(const CHeldSignals&) = delete;
+
+private:
+    sigset_t m_Previous{};
+};
+
 bool ReplaceFile(const fs::path& target, std::string_view content) {
+    const CHeldSignals held;
     std::string temporary = TemporaryBeside(target);
     const int nDescriptor = mkstemp(temporary.data());
     if (nDescriptor < 0) {
@@ -157,6 +184,15 @@ CWholeFile::~CWholeFile() {
 bool CWholeFile::WouldReplace(const std::string& path) const {
     std::error_code error;
     return fs::equivalent(m_Target, path, error);  // with no target, or a missing one: no
+}
+
+bool CWholeFile::IsSameAs(const CWholeFile& other) const {
+    if (m_Target.empty() || other.m_Target.empty()) {
+        return false;
+    }
+    std::error_code error;
+    return fs::equivalent(m_Target, other.m_Target, error) ||
+           WholePath(m_Target) == WholePath(other.m_Target);
 }
 
 std::string CWholeFile::Write(std::string_view content) {

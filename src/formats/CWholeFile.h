@@ -31,6 +31,11 @@ public:
     /// Whether `path` names the file that would be replaced.
     [[nodiscard]] bool WouldReplace(const std::string& path) const;
 
+    /// Whether both would replace the same file, be it there already or not.
+    [[nodiscard]] bool IsSameAs(const CWholeFile& other) const;
+
+    /// A file that is replaced can be written over and over. Meanwhile the calling thread holds up the
+    /// signals that end programs, so that they leave nothing beside the file.
     /// @return why it failed; empty on success.
     [[nodiscard]] std::string Write(std::string_view content);
 

@@ -3,6 +3,7 @@
 #include <cctype>
 #include <cstdio>
 
+#include "formats/PolygonFault.h"
 #include "geom/CPolygonReader.h"
 
 namespace nestrix {
@@ -42,8 +43,9 @@ SPolygonFile ReadPolygonFile(char const* path) {
         file.m_Fault = reader.Fault();
         return file;
     }
+    file.m_bIsOpen = true;
     reader.Read(file.m_Polygon);
-    file.m_Fault = reader.Fault();
+    file.m_Fault = ExplainedFault(reader);
     CLineCounter lines(reader.Text());
     const CPolygonReader::SPlaces& places = reader.Places();
     if (!file.m_Fault.empty()) {

@@ -46,9 +46,9 @@ CPolygonReader::CPolygonReader(char const* path) {
 
 void CPolygonReader::Read(CPolygon& polygon) {
     const CNumericLocale numericLocale;
-    const int nVertices = ReadCount();
+    m_nAnnounced = ReadCount();
     m_Places.m_nOutline = ftello(m_pText.get());
-    ReadVertices(nVertices, polygon);
+    ReadVertices(m_nAnnounced, polygon);
     m_Places.m_nBox = ftello(m_pText.get());
     ReadBoundingBox(polygon);
     m_Places.m_nRest = ftello(m_pText.get());
@@ -92,6 +92,7 @@ void CPolygonReader::ReadVertices(int nVertices, CPolygon& polygon) {
             NoteFault(ftello(m_pText.get()) - 1, "vertex " + std::to_string(i + 1) + " is not finite");
         }
         polygon.m_Points.push_back(point);
+        m_nFound = i + 1;
     }
 }
 

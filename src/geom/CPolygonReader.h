@@ -39,6 +39,10 @@ public:
     [[nodiscard]] const std::string& Fault() const { return m_Fault; }
     [[nodiscard]] const SPlaces& Places() const { return m_Places; }
 
+    /// How many vertices the text says that it has, and how many of those are there before the first fault.
+    [[nodiscard]] int Announced() const { return m_nAnnounced; }
+    [[nodiscard]] int Found() const { return m_nFound; }
+
     /// The text, for whoever wants to know the lines. Null if the file is not open.
     [[nodiscard]] std::FILE* Text() const { return m_pText.get(); }
 
@@ -56,6 +60,8 @@ private:
     std::unique_ptr<std::FILE, SCloseFile> m_pText;
     std::string m_Fault;
     SPlaces m_Places;
+    int m_nAnnounced = 0;
+    int m_nFound = 0;
 };
 
 }  // namespace nestrix

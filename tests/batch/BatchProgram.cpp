@@ -76,16 +76,28 @@ std::string SBatchResult::ValueOf(const std::string& label) const {
     return value;
 }
 
-SBatchResult RunBatchProgram(const std::string& arguments, const std::string& before) {
+namespace {
+
+/// @param program with redirections that come later in the line, and win.
+SBatchResult RunInShell(const std::string& before, const std::string& program, const std::string& arguments) {
     const CTemporaryFolder scratch;
-    // The command's own redirections come later in the line and win.
-    const std::string command = before + "\n" NESTRIX_BATCH " >" + scratch.PathOf("out") + " 2>" +
+    const std::string command = before + "\n" + program + " >" + scratch.PathOf("out") + " 2>" +
                                 scratch.PathOf("err") + " " + arguments;
     SBatchResult result;
     result.m_nStatus = ExitStatusOf(std::system(command.c_str()));
     result.m_Output = ReadFile(scratch.PathOf("out"));
     result.m_Errors = ReadFile(scratch.PathOf("err"));
     return result;
+}
+
+}  // namespace
+
+SBatchResult RunBatchProgram(const std::string& arguments, const std::string& before) {
+    return RunInShell(before, NESTRIX_BATCH, arguments);
+}
+
+SBatchResult RunAgain(const SBatchResult& first, const std::string& more) {
+    return RunInShell("", first.ValueOf("Repeat with: "), more);
 }
 
 CRunningBatch::CRunningBatch(const std::string& arguments, int nIgnoredSignal) {

@@ -20,6 +20,9 @@ struct SBatchResult {
 /// is missing from the result; `before` are shell commands for the run's surroundings.
 [[nodiscard]] SBatchResult RunBatchProgram(const std::string& arguments, const std::string& before = "");
 
+/// Runs the command by which a run told to repeat it, through the shell, with more words behind it.
+[[nodiscard]] SBatchResult RunAgain(const SBatchResult& first, const std::string& more);
+
 /// The real program while it runs, its standard output on a pipe.
 class CRunningBatch {
 public:

@@ -29,18 +29,21 @@ void ExpectRefused(const SBatchResult& result, const std::string& complaint) {
 
 }  // namespace
 
-TEST(CommandLine, HelpNamesEveryOptionAndExitsWithZero) {
-    const SBatchResult result = RunBatchProgram("--help");
+TEST(CommandLine, HelpOfPackNamesEveryOptionAndExitsWithZero) {
+    const SBatchResult result = RunBatchProgram("pack --help");
     EXPECT_EQ(result.m_nStatus, 0);
-    for (char const* const pOption : {"PATH", "--population", "--generations", "--mutation", "--seed",
-                                      "--svg", "Ctrl-C", "Exit status"}) {
+    for (char const* const pOption :
+         {"INPUT", "--population", "--generations", "--mutation", "--seed", "--svg", "--csv", "--watch",
+          "--quiet", "--unit", "--scale", "--lenient", "Ctrl-C"}) {
         EXPECT_THAT(result.m_Output, HasSubstr(pOption));
     }
     EXPECT_EQ(result.m_Errors, "");
 }
 
-TEST(CommandLine, WithoutAPathIsRefused) {
-    ExpectRefused(RunBatchProgram("--generations 1"), "PATH is required");
+TEST(CommandLine, WithoutAnInputIsRefused) {
+    ExpectRefused(RunBatchProgram("--generations 1"), "INPUT: is required");
+    ExpectRefused(RunBatchProgram("pack"), "INPUT: is required");
+    ExpectRefused(RunBatchProgram(""), "INPUT: is required");
 }
 
 TEST(CommandLine, UnknownOptionIsRefused) {
@@ -97,7 +100,8 @@ TEST(CommandLine, ArgumentInBracketsIsTakenWhole) {
     (void)folder.Write("[set 1]/a.pol", SquareFile(10.0F));
     (void)folder.Write("[b,c]", SquareFile(20.0F));
     const SBatchResult result = RunBatchProgram(
-        "'[set 1]' '[b,c]' '[set 1]/a.pol' --method drop --population 3 --generations 0 --svg '[x, y]'",
+        "'[set 1]' '[b,c]' '[set 1]/a.pol' --method drop --population 3 --generations 0 --quiet --svg '[x, "
+        "y]'",
         "cd " + folder.Path().native());
     EXPECT_EQ(result.m_Errors, "");
     EXPECT_THAT(ReadFile(folder.PathOf("[x, y]")), HasSubstr("Packing of 3 pieces"));
@@ -118,6 +122,39 @@ TEST(CommandLine, GreatestSeedIsAcceptedAndPrinted) {
     const SBatchResult result = RunWithBadOptions("--method drop --generations 0 --seed 4294967295");
     EXPECT_EQ(result.m_nStatus, 0);
     EXPECT_EQ(result.ValueOf("Seed: "), "4294967295");
+}
+
+TEST(CommandLine, WithoutACommandMeansToPack) {
+    const std::string words =
+        NESTRIX_SAMPLES "/squares --method drop --population 4 --generations 1 --seed 1";
+    const SBatchResult packed = RunBatchProgram("pack " + words);
+    EXPECT_EQ(packed.m_nStatus, 0);
+    EXPECT_EQ(RunBatchProgram(words).ValueOf("Best height: "), packed.ValueOf("Best height: "));
+}
+
+TEST(CommandLine, HelpNamesEveryCommandAndTheStatuses) {
+    const SBatchResult result = RunBatchProgram("--help");
+    EXPECT_EQ(result.m_nStatus, 0);
+    for (char const* const pWord : {"pack", "check", "certify", "draw", "convert", "Exit status", "130"}) {
+        EXPECT_THAT(result.m_Output, HasSubstr(pWord));
+    }
+    EXPECT_EQ(RunBatchProgram("-h").m_Output, result.m_Output);
+}
+
+TEST(CommandLine, EveryCommandHasItsHelp) {
+    for (char const* const pCommand : {"pack", "check", "certify", "draw", "convert"}) {
+        const SBatchResult result = RunBatchProgram(std::string(pCommand) + " --help");
+        EXPECT_EQ(result.m_nStatus, 0) << pCommand;
+        EXPECT_THAT(result.m_Output, HasSubstr(std::string("Usage: nestrix-batch ") + pCommand));
+        EXPECT_EQ(RunBatchProgram(std::string(pCommand) + " --no-such-option").m_nStatus, 2) << pCommand;
+        EXPECT_EQ(RunBatchProgram(pCommand).m_nStatus, 2) << pCommand << " needs something to work on";
+    }
+}
+
+TEST(CommandLine, TellsTheProgramsVersion) {
+    const SBatchResult result = RunBatchProgram("--version");
+    EXPECT_EQ(result.m_nStatus, 0);
+    EXPECT_THAT(result.m_Output, testing::MatchesRegex("nestrix-batch [0-9]+\\.[0-9]+\n"));
 }
 
 TEST(CommandLine, HelpOnAFullDiskFails) {

@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "batch/BatchOptions.h"
+#include "batch/PackOptions.h"
 #include "tests/batch/BatchProgram.h"
 
 namespace nestrix {
@@ -20,23 +20,23 @@ void ExpectRefused(const std::string& options, const std::string& complaint) {
 }
 
 /// What the program makes of these options.
-SBatchOptions Parsed(std::vector<char const*> options) {
-    options.insert(options.begin(), {"nestrix-batch", "pieces"});
-    SBatchOptions parsed;
-    EXPECT_EQ(ParseBatchOptions(static_cast<int>(options.size()), options.data(), parsed), std::nullopt);
+SPackOptions Parsed(std::vector<std::string> words) {
+    words.insert(words.begin(), "pieces");
+    SPackOptions parsed;
+    EXPECT_EQ(ParsePackOptions(words, parsed), std::nullopt);
     return parsed;
 }
 
-SFreeOptions Free(const std::vector<char const*>& options) {
+SFreeOptions Free(const std::vector<std::string>& options) {
     return Parsed(options).m_Free;
 }
 
 }  // namespace
 
 TEST(Method, IsFreeUnlessAnotherIsGiven) {
-    EXPECT_EQ(Parsed({}).m_eMethod, EMethod::FREE);
-    EXPECT_EQ(Parsed({"--method", "free"}).m_eMethod, EMethod::FREE);
-    EXPECT_EQ(Parsed({"--method", "drop"}).m_eMethod, EMethod::DROP);
+    EXPECT_EQ(Parsed({}).m_eMethod, EPackMethod::FREE);
+    EXPECT_EQ(Parsed({"--method", "free"}).m_eMethod, EPackMethod::FREE);
+    EXPECT_EQ(Parsed({"--method", "drop"}).m_eMethod, EPackMethod::DROP);
 }
 
 TEST(Method, ThatIsUnknownIsRefused) {
@@ -60,14 +60,14 @@ TEST(OptionOfFreePacking, IsRefusedByDropping) {
 }
 
 TEST(Strip, HasTheWidthSpacingAndMarginOfTheOptions) {
-    const SFreeStrip strip = Free({"--width", "62.5", "--spacing", "0.1", "--margin", "2"}).m_Strip;
+    const SFreeStrip strip = StripOf(Free({"--width", "62.5", "--spacing", "0.1", "--margin", "2"}), {});
     EXPECT_EQ(strip.m_Width, 62.5);
     EXPECT_EQ(strip.m_Spacing, 0.1);
     EXPECT_EQ(strip.m_Margin, 2.0);
 }
 
 TEST(Strip, IsFourHundredWideWithoutSpacingAndMarginByDefault) {
-    const SFreeStrip strip = Free({}).m_Strip;
+    const SFreeStrip strip = StripOf(Free({}), {});
     EXPECT_EQ(strip.m_Width, 400.0);
     EXPECT_EQ(strip.m_Spacing, 0.0);
     EXPECT_EQ(strip.m_Margin, 0.0);
@@ -89,19 +89,20 @@ TEST(Lengths, ThatAreNoneAreRefused) {
 }
 
 TEST(Turns, AreNoneByDefaultSoThatPiecesKeepTheirGrain) {
-    EXPECT_FALSE(Free({}).m_Turns.m_bAny);
-    EXPECT_THAT(Free({}).m_Turns.m_Degrees, ElementsAre(0.0));
+    const std::vector<SPiece> pieces = WithDemands({SPiece()}, Free({}));
+    EXPECT_FALSE(pieces[0].m_Turns.m_bAny);
+    EXPECT_THAT(pieces[0].m_Turns.m_Degrees, ElementsAre(0.0));
 }
 
 TEST(Turns, AreAListOrAny) {
-    EXPECT_THAT(Free({"--turns", "0,90,180,270"}).m_Turns.m_Degrees, ElementsAre(0.0, 90.0, 180.0, 270.0));
-    EXPECT_THAT(Free({"--turns", "12.5"}).m_Turns.m_Degrees, ElementsAre(12.5));
-    EXPECT_TRUE(Free({"--turns", "any"}).m_Turns.m_bAny);
+    EXPECT_THAT(Free({"--turns", "0,90,180,270"}).m_Turns->m_Degrees, ElementsAre(0.0, 90.0, 180.0, 270.0));
+    EXPECT_THAT(Free({"--turns", "12.5"}).m_Turns->m_Degrees, ElementsAre(12.5));
+    EXPECT_TRUE(Free({"--turns", "any"}).m_Turns->m_bAny);
 }
 
 TEST(Turns, AreTakenWithinOneTurnAndOnce) {
-    EXPECT_THAT(Free({"--turns", "-90,360,270,450,-0"}).m_Turns.m_Degrees, ElementsAre(270.0, 0.0, 90.0));
-    EXPECT_THAT(Free({"--turns", "-1e-30"}).m_Turns.m_Degrees, ElementsAre(0.0));
+    EXPECT_THAT(Free({"--turns", "-90,360,270,450,-0"}).m_Turns->m_Degrees, ElementsAre(270.0, 0.0, 90.0));
+    EXPECT_THAT(Free({"--turns", "-1e-30"}).m_Turns->m_Degrees, ElementsAre(0.0));
 }
 
 TEST(Turns, ThatAreNoneAreRefused) {
@@ -169,23 +170,44 @@ TEST(Threads, AreAsManyAsGivenOrAtLeastOne) {
     }
 }
 
-TEST(RepeatingOptions, LeaveOutWhatIsTheDefault) {
-    EXPECT_EQ(RepeatingOptions(Free({"--threads", "2", "--time", "5s"}), 7, 123),
-              "--seed 7 --threads 2 --steps 123");
+TEST(Strip, IsAsWideAsAnInputAsksForUnlessTheOptionsSayOtherwise) {
+    EXPECT_EQ(StripOf(Free({}), {38.0, {}, {}}).m_Width, 38.0);
+    EXPECT_EQ(StripOf(Free({"--width", "50"}), {38.0, {}, {}}).m_Width, 50.0);
 }
 
-TEST(RepeatingOptions, AreReadAsTheSameDemands) {
-    EXPECT_EQ(RepeatingOptions(Free({"--width", "0.1", "--spacing", "1e-3", "--margin", "2.50", "--turns",
-                                     "-90,0", "--mirror", "--keep-holes-empty", "--threads", "1"}),
-                               0, 18446744073709551615U),
-              "--width 0.1 --spacing 0.001 --margin 2.5 --turns 270,0 --mirror --keep-holes-empty --seed 0 "
-              "--threads 1 --steps 18446744073709551615");
-    EXPECT_EQ(RepeatingOptions(Free({"--turns", "any", "--threads", "1"}), 1, 2),
-              "--turns any --seed 1 --threads 1 --steps 2");
+TEST(Demands, OfThePiecesHoldUnlessTheOptionsSayOtherwise) {
+    SPiece piece;
+    piece.m_Turns = {false, {0.0, 180.0}};
+    piece.m_bMirrored = true;
+    const SPiece own = WithDemands({piece}, Free({}))[0];
+    EXPECT_THAT(own.m_Turns.m_Degrees, ElementsAre(0.0, 180.0));
+    EXPECT_TRUE(own.m_bMirrored);
+    EXPECT_TRUE(WithDemands({piece}, Free({"--turns", "any"}))[0].m_Turns.m_bAny);
+    EXPECT_TRUE(WithDemands({SPiece()}, Free({"--mirror"}))[0].m_bMirrored);
+}
+
+TEST(RepeatingCommand, HasTheWordsButThoseThatSayWhenToEnd) {
+    const SInvocation invocation{"bin/nestrix-batch",
+                                 {"a.pol", "--time", "5s", "--turns", "0,90", "--time=3", "--patience", "1s",
+                                  "--target-height=9", "--target-density", "50%", "--seed", "1",
+                                  "--threads=4", "--steps", "9", "--watch", "w.svg", "--mirror"}};
+    EXPECT_EQ(RepeatingCommand(invocation, " --seed 7 --steps 123"),
+              "bin/nestrix-batch pack a.pol --turns 0,90 --mirror --seed 7 --steps 123");
+}
+
+TEST(RepeatingCommand, IsReadByAShellAsItWasGiven) {
+    const SInvocation invocation{"my nestrix", {"it's.pol", "a b.pol", "$HOME", "", "*", "#1", "~"}};
+    EXPECT_EQ(RepeatingCommand(invocation, ""),
+              "'my nestrix' pack 'it'\\''s.pol' 'a b.pol' '$HOME' '' '*' '#1' '~'");
+}
+
+TEST(RepeatingCommand, LeavesWordsAloneThatAreNoOptions) {
+    const SInvocation invocation{"nestrix-batch", {"a.pol", "--", "--time", "9"}};
+    EXPECT_EQ(RepeatingCommand(invocation, " --seed 1"), "nestrix-batch pack a.pol --seed 1 -- --time 9");
 }
 
 TEST(Help, StaysOnOneScreen) {
-    const std::string help = RunBatchProgram("--help").m_Output;
+    const std::string help = RunBatchProgram("pack --help").m_Output;
     EXPECT_LT(std::count(help.begin(), help.end(), '\n'), 60);
 }
 

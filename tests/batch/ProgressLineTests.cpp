@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include "tests/batch/BatchProgram.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/TextFiles.h"
 
@@ -21,13 +22,14 @@ namespace {
 /// What a terminal so wide gets to see of a search whose standard output goes elsewhere.
 std::string SeenOnATerminal(const std::string& arguments, int nColumns) {
     const CTemporaryFolder folder;
-    // The first line of the record and the last are its own.
+    // The first line of the record and the last are of the record itself.
     const std::string command = "script -qec 'stty cols " + std::to_string(nColumns) +
                                 "; " NESTRIX_BATCH " " + arguments + " >/dev/null' " + folder.PathOf("seen") +
                                 " >/dev/null </dev/null";
     EXPECT_EQ(std::system(command.c_str()), 0);
     const std::string seen = ReadFile(folder.PathOf("seen"));
-    const size_t nFrom = seen.find('\n') + 1;
+    // So is the summary of the one input.
+    const size_t nFrom = seen.find('\n', seen.find('\n') + 1) + 1;
     return seen.substr(nFrom, seen.find("\nScript done") - nFrom);
 }
 
@@ -48,12 +50,12 @@ std::string LeftInTheLine(const std::string& seen) {
 }  // namespace
 
 TEST(ProgressText, TellsTimeHeightDensityAndForHowLongItHasNotChanged) {
-    EXPECT_EQ(ProgressText(75.9, SBestSoFar{287.34512, 0.83126, 60.0}),
+    EXPECT_EQ(ProgressText(75.9, SImprovement{60.0, 0, 287.34512, 0.83126}),
               "1:15  height 287.34512  density 83.13 %  unchanged for 0:15");
 }
 
 TEST(ProgressText, CountsTheHours) {
-    EXPECT_EQ(ProgressText(3723.0, SBestSoFar{1.0, 1.0, 3723.0}),
+    EXPECT_EQ(ProgressText(3723.0, SImprovement{3723.0, 0, 1.0, 1.0}),
               "1:02:03  height 1  density 100.00 %  unchanged for 0:00");
     EXPECT_THAT(ProgressText(36000.0, std::nullopt), HasSubstr("10:00:00 "));
 }
@@ -105,17 +107,34 @@ TEST(ProgressLine, IsNotDrawnForDropping) {
     EXPECT_EQ(SeenOnATerminal(NESTRIX_SAMPLES "/concave --method drop --generations 2", 100), "");
 }
 
-TEST(ProgressLine, WritesNothingWhereThereIsNoTerminal) {
+/// What is written to a file meanwhile, which is no terminal.
+std::string WrittenWithin(std::chrono::milliseconds time, std::chrono::milliseconds between) {
     const CTemporaryFolder folder;
     std::FILE* const pFile = std::fopen(folder.PathOf("errors").c_str(), "w");
-    ASSERT_NE(pFile, nullptr);
+    EXPECT_NE(pFile, nullptr);
     {
         const CRelaxed<bool> stop = false;
         const CFreeProgress progress(stop);
-        const CProgressLine line(progress, pFile);
+        const CProgressLine line(progress, pFile, between);
+        std::this_thread::sleep_for(time);
     }
     std::fclose(pFile);
-    EXPECT_EQ(ReadFile(folder.PathOf("errors")), "");
+    return ReadFile(folder.PathOf("errors"));
+}
+
+TEST(ProgressLine, IsALineEveryFewSecondsWhereThereIsNoTerminal) {
+    using std::chrono::milliseconds;
+    EXPECT_EQ(WrittenWithin(milliseconds(100), milliseconds(10'000)), "");
+    const std::string written = WrittenWithin(milliseconds(300), milliseconds(20));
+    EXPECT_THAT(written, testing::StartsWith("0:00  no packing yet\n0:00  no packing yet\n"));
+    EXPECT_THAT(written, Not(HasSubstr("\r")));
+}
+
+TEST(ProgressLine, IsNotThereForThoseWhoWantItQuiet) {
+    const SBatchResult result = RunBatchProgram(NESTRIX_SAMPLES "/concave --time 6s --quiet");
+    EXPECT_EQ(result.m_Errors, "");
+    EXPECT_THAT(RunBatchProgram(NESTRIX_SAMPLES "/concave --time 6s").m_Errors,
+                ContainsRegex("\n0:0[56]  height [0-9.]+  density [0-9.]+ %  unchanged for 0:0[0-6]\n$"));
 }
 
 }  // namespace nestrix

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <sstream>
 
-#include "formats/PolygonPaths.h"
+#include "batch/InputPaths.h"
 #include "geom/Geom.h"
 #include "tests/batch/BatchProgram.h"
 #include "tests/support/TextFiles.h"
@@ -58,12 +58,12 @@ class SampleTable : public testing::TestWithParam<std::string> {};
 TEST_P(SampleTable, StatesTheSetsFigures) {
     const SRow row = ReadRow(GetParam());
     const std::vector<std::string> folder{NESTRIX_SAMPLES "/" + GetParam()};
-    const std::vector<std::string> files = FindPolygonFiles(folder).m_Files;
+    const std::vector<SInputPath> files = FindInputs(folder).m_Files;
     double stacked = 0.0;
     double area = 0.0;
-    for (const std::string& file : files) {
+    for (const SInputPath& file : files) {
         CPolygon polygon;
-        ASSERT_TRUE(polygon.ReadPolygon(file.c_str()));
+        ASSERT_TRUE(polygon.ReadPolygon(file.m_File.c_str()));
         stacked += double{polygon.m_BoundingBoxMax.y} - polygon.m_BoundingBoxMin.y;
         for (const CLine& line : polygon.m_Lines) {
             const mgVector3& start = polygon.PositionOf(line.m_nStart);

@@ -22,8 +22,8 @@ TEST(UnfitPieces, AreAllNamedWithTheReasonBeforeAnySearch) {
         RunBatchProgram(folder.Path().native() + " --svg " + folder.PathOf("packing.svg"));
     EXPECT_EQ(result.m_nStatus, 2);
     EXPECT_EQ(result.m_Output, "");
-    EXPECT_THAT(result.m_Errors, HasSubstr("nestrix-batch: " + wide + ": "));
-    EXPECT_THAT(result.m_Errors, HasSubstr("nestrix-batch: " + flat + ": "));
+    EXPECT_THAT(result.m_Errors, HasSubstr("nestrix-batch: " + wide + ":2: "));
+    EXPECT_THAT(result.m_Errors, HasSubstr("nestrix-batch: " + flat + ":2: "));
     EXPECT_THAT(result.m_Errors, Not(HasSubstr(sound)));
     EXPECT_EQ(CountOf("\n", result.m_Errors), 2);
     EXPECT_EQ(EntryCount(folder.Path()), 3);

@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <limits>
 #include <optional>
 #include <set>
 
-#include "formats/PolygonPaths.h"
 #include "ga/GeneticSearch.h"
 #include "tests/certify/ViolationMatchers.h"
 #include "tests/support/CSilentSink.h"
@@ -115,9 +115,12 @@ std::set<std::pair<int, int>> WideOverlaps(const std::vector<CPolygon>& pieces, 
 }
 
 TEST(DroppedPacking, OfTheConvexSamplesKeepsTheOverlapThatDroppingLeaves) {
-    const std::string folder = NESTRIX_SAMPLES "/convex";
+    std::set<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(NESTRIX_SAMPLES "/convex")) {
+        files.insert(entry.path());
+    }
     std::vector<CPolygon> pieces;
-    for (const std::string& file : FindPolygonFiles({&folder, 1}).m_Files) {
+    for (const std::filesystem::path& file : files) {
         ASSERT_TRUE(pieces.emplace_back().ReadPolygon(file.c_str()));
     }
     std::optional<SPacking> packing;

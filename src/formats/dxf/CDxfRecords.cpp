@@ -25,7 +25,7 @@ std::string_view Trimmed(std::string_view text) {
                                             : text.substr(nFirst, text.find_last_not_of(BLANKS) - nFirst + 1);
 }
 
-std::string Quoted(std::string_view text) {
+std::string InQuotes(std::string_view text) {
     std::string quoted(text.substr(0, MOST_QUOTED));
     std::replace_if(
         quoted.begin(), quoted.end(), [](char letter) { return letter < ' ' || letter > '~'; }, '?');
@@ -70,7 +70,7 @@ bool CDxfRecords::ReadGroup() {
     }
     const auto [pEnd, error] = std::from_chars(code.data(), code.data() + code.size(), m_Ahead.m_nCode);
     if (error != std::errc() || pEnd != code.data() + code.size()) {
-        m_Fault = Quoted(code) + " is no group code of a DXF file";
+        m_Fault = InQuotes(code) + " is no group code of a DXF file";
         return false;
     }
     if (m_Rest.empty()) {

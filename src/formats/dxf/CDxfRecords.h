@@ -51,6 +51,6 @@ private:
 [[nodiscard]] std::string_view Trimmed(std::string_view text);
 
 /// What can be shown of a text that is anything: its beginning in quotation marks.
-[[nodiscard]] std::string Quoted(std::string_view text);
+[[nodiscard]] std::string InQuotes(std::string_view text);
 
 }  // namespace nestrix

@@ -1,0 +1,102 @@
+#include "batch/CertifyCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstdio>
+
+#include "base/NumberText.h"
+#include "batch/Complaints.h"
+#include "batch/ExitStatus.h"
+#include "certify/Certify.h"
+#include "formats/json/PackingRecord.h"
+
+namespace nestrix {
+
+namespace {
+
+char const* const FOOTER =
+    "Exit status: 0 all packings are valid; 1 one of them is not; 2 bad options or a file that is no "
+    "packing.";
+
+std::optional<int> Parse(const std::vector<std::string>& words, std::vector<std::string>& files) {
+    CLI::App app("Tells whether packings are valid, in exact arithmetic.", "nestrix-batch certify");
+    LayHelpOut(app, FOOTER);
+    AddFiles(app, "PACKING", files, "packings as JSON, this program's or others'")->required();
+    return ParseWords(app, words);
+}
+
+SCertificate CertificateOf(const SFreeRecord& record) {
+    return Certify(record.m_Pieces, record.m_Packing);
+}
+
+SCertificate CertificateOf(const SDroppedRecord& record) {
+    return Certify(record.m_Pieces, record.m_Packing);
+}
+
+const std::string& NameOf(const SFreeRecord& record, int nPiece) {
+    return record.m_Pieces[static_cast<size_t>(nPiece)].m_Name;
+}
+
+const std::string& NameOf(const SDroppedRecord& record, int nPiece) {
+    return record.m_Names[static_cast<size_t>(nPiece)];
+}
+
+/// The names of the pieces that a violation is about, " (leg, arm)"; empty where there is none.
+template <class TRecord>
+std::string PiecesOf(const SViolation& violation, const TRecord& record) {
+    std::string names;
+    for (const int nPlaced : {violation.m_nFirst, violation.m_nSecond}) {
+        const bool bQuantity = violation.m_eKind == SViolation::EKind::QUANTITY;
+        if (nPlaced >= 0 && violation.m_eKind != SViolation::EKind::UNKNOWN_PIECE) {
+            const int nPiece =
+                bQuantity ? nPlaced : record.m_Packing.m_Placed[static_cast<size_t>(nPlaced)].m_nPiece;
+            names.append(names.empty() ? " (" : ", ").append(NameOf(record, nPiece));
+        }
+    }
+    return names.empty() ? names : names + ")";
+}
+
+template <class TRecord>
+bool ReportRecord(const std::string& file, const SPackingRecord& whole, const TRecord& record) {
+    const SCertificate certificate = CertificateOf(record);
+    const SPackingFigures figures = FiguresOf(whole);
+    std::printf("%s: %s, %zu pieces, height %s, density %s %%\n", file.c_str(),
+                certificate.IsValid() ? "valid" : "not valid", figures.m_nPlaced,
+                ShortestDigits(figures.m_Height).c_str(), Decimals(100.0 * figures.m_Density, 2).c_str());
+    for (const SViolation& violation : certificate.m_Violations) {
+        std::printf("%s: %s%s\n", file.c_str(), InWords(violation).c_str(),
+                    PiecesOf(violation, record).c_str());
+    }
+    return certificate.IsValid();
+}
+
+/// @return the status of this file alone.
+int CertifyFile(const std::string& file) {
+    const SReading<SPackingRecord> reading = ReadPackingRecord(file);
+    for (const SFinding& finding : reading.m_Findings) {
+        Complain(finding);
+    }
+    if (!reading.m_Value) {
+        return BATCH_BAD_INPUT;
+    }
+    const bool bValid =
+        std::visit([&](const auto& record) { return ReportRecord(file, *reading.m_Value, record); },
+                   reading.m_Value->m_Packing);
+    return bValid ? BATCH_DONE : BATCH_FAILED;
+}
+
+}  // namespace
+
+int RunCertifyCommand(const SInvocation& invocation) {
+    std::vector<std::string> files;
+    if (const std::optional<int> status = Parse(invocation.m_Words, files)) {
+        return *status;
+    }
+    int nWorst = BATCH_DONE;
+    for (const std::string& file : files) {
+        nWorst = std::max(nWorst, CertifyFile(file));
+    }
+    return nWorst;
+}
+
+}  // namespace nestrix
