@@ -174,7 +174,12 @@ TEST(LenientReading, CannotPackFreelyWhatCrossesItself) {
 }
 
 TEST(LenientReading, CannotTakeWhatIsNotThere) {
-    EXPECT_EQ(RunBatchProgram("/no/such.pol --lenient").m_nStatus, 2);
+    for (char const* const pMethod : {"free", "drop"}) {
+        const SBatchResult result =
+            RunBatchProgram(std::string("/no/such.pol --lenient --quiet --method ") + pMethod);
+        EXPECT_EQ(result.m_nStatus, 2);
+        EXPECT_EQ(result.m_Errors, "nestrix-batch: /no/such.pol: No such file or directory\n");
+    }
 }
 
 }  // namespace nestrix

@@ -103,6 +103,17 @@ TEST(Job, IsPackedWithItsFilesOutlinesQuantitiesTurnsAndMirroring) {
     EXPECT_EQ(RunBatchProgram("certify " + folder.PathOf("r.json")).m_nStatus, 0);
 }
 
+TEST(Job, DemandsTheSameOfAllPiecesOfAFile) {
+    const CTemporaryFolder folder;
+    (void)folder.Write("two.svg", R"(<svg width="99mm" height="99mm" viewBox="0 0 99 99">
+        <rect id="a" width="5" height="5"/><rect id="b" x="10" width="5" height="5"/></svg>)");
+    const std::string job =
+        folder.Write("job.json", R"({"pieces": [{"file": "two.svg", "turns": [90], "quantity": 2}]})");
+    const std::string record = folder.PathOf("r.json");
+    EXPECT_EQ(RunBatchProgram("pack --job " + job + " --steps 0 --json " + record).ValueOf("Pieces: "), "4");
+    EXPECT_EQ(support::CountOf("\"turns\": [90]", ReadFile(record)), 2);
+}
+
 TEST(Job, IsPackedTogetherWithWhatTheCommandLineNames) {
     const CTemporaryFolder folder;
     const std::string piece = folder.Write("a.pol", support::SquareFile(10.0F));

@@ -108,7 +108,7 @@ TEST(Outputs, OverAnInputAJobOrAnEarlierPackingAreRefused) {
     const std::string record = ReadFile(folder.PathOf("r.json"));
     for (const std::string& words :
          {piece + " --csv " + piece, "--job " + job + " --json " + job, "--job " + job + " --svg " + piece,
-          "--from " + folder.PathOf("r.json") + " --json " + folder.PathOf("r.json")}) {
+          piece + " --from " + folder.PathOf("r.json") + " --json " + folder.PathOf("r.json")}) {
         const SBatchResult result = RunBatchProgram("pack --steps 0 " + words);
         EXPECT_EQ(result.m_nStatus, 2) << words;
         EXPECT_THAT(result.m_Errors, HasSubstr("would take the place of "));

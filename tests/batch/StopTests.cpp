@@ -194,6 +194,7 @@ TEST(StopSignal, MakesTheRequestAtOnce) {
             const CStopSignals signals(request);
             EXPECT_FALSE(request);
             raise(nSignal);
+            raise(nSignal);  // at once: the same event told twice
             EXPECT_TRUE(request);
             EXPECT_EQ(CStopSignals::Received(), nSignal);
         }

@@ -2,6 +2,7 @@
 #include <signal.h>
 
 #include <filesystem>
+#include <future>
 #include <thread>
 
 #include "batch/CWatch.h"
@@ -73,6 +74,28 @@ TEST(WatchedPicture, IsTheLastThatWasOffered) {
     }
     EXPECT_EQ(watch.Finish(), "");
     EXPECT_EQ(ReadFile(folder.PathOf("a.svg")), "99");
+}
+
+TEST(WatchedPicture, IsTheLastEvenIfItWasOfferedWhileAnotherWasDrawn) {
+    const CTemporaryFolder folder;
+    CWatch watch(folder.PathOf("a.svg"));
+    watch.Begin();
+    std::promise<void> begun;
+    std::promise<void> go;
+    watch.Offer([&] {
+        begun.set_value();
+        go.get_future().wait();
+        return std::string("first");
+    });
+    begun.get_future().wait();
+    watch.Offer([] { return std::string("second"); });
+    std::thread later([&go] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        go.set_value();
+    });
+    EXPECT_EQ(watch.Finish(), "");
+    later.join();
+    EXPECT_EQ(ReadFile(folder.PathOf("a.svg")), "second");
 }
 
 TEST(WatchedPicture, ThatCannotBeWrittenIsToldAtTheEnd) {
