@@ -33,7 +33,6 @@ void PrintTo(const SFaultyFile& file, std::ostream* pStream) {
 constexpr const char* FEW = "it has fewer than three vertices";
 constexpr const char* NO_COUNT = "it does not begin with the number of vertices";
 constexpr const char* TOO_MANY = "the number of vertices is too large";
-constexpr const char* NO_BOX = "no semicolon with the two corners of the bounding box follows the vertices";
 constexpr const char* ENDLESS_BOX = "the bounding box is not finite";
 
 std::string NotAPair(int nVertex, const std::string& count) {
