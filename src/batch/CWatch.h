@@ -46,8 +46,8 @@ private:
 
     std::string m_Picture;
     std::string m_Page;
-    std::string m_Fault;
-    std::mutex m_Mutex;  ///< guards all below but the thread
+    std::string m_Fault;  ///< of the thread alone while it runs
+    std::mutex m_Mutex;   ///< guards all below but the thread
     std::condition_variable m_Wake;
     std::function<std::string()> m_Draw;  ///< of what was offered last; empty once it is drawn
     bool m_bOver = false;
