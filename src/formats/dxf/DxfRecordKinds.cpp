@@ -58,8 +58,8 @@ bool IsWhole(int nCode) {
     return nCode >= 60 && nCode < 80;
 }
 
-template <class CNumber>
-bool Reads(std::string_view text, CNumber& number) {
+template <class TNumber>
+bool Reads(std::string_view text, TNumber& number) {
     text.remove_prefix(text.starts_with('+') ? 1 : 0);
     const auto [pEnd, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     return error == std::errc() && pEnd == text.data() + text.size();
