@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
-#include <tuple>
 #include <unordered_map>
 
 #include "drawing/EndJoining.h"
@@ -17,10 +16,6 @@ namespace {
 
 /// Of a line's extent: how finely it is followed to tell what is left or right of what.
 constexpr double FINENESS = 1e-3;
-
-bool IsBefore(SPoint a, SPoint b) {
-    return std::tie(a.m_X, a.m_Y) < std::tie(b.m_X, b.m_Y);
-}
 
 std::vector<SPoint> PointsOf(const SPath& line) {
     SPlaneBox box;

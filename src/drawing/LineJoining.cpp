@@ -1,7 +1,6 @@
 #include "drawing/LineJoining.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 #include "drawing/CLineNet.h"
@@ -89,9 +88,7 @@ SJoinedLines JoinLines(std::span<const SPath> lines, double tolerance) {
     }
     for (const CLineWalk& walk : walks.m_Open) {
         SJoinedLine line = assembly.Assemble(walk, false);
-        const SPoint start = line.m_Path.m_Start;
-        const SPoint end = EndOf(line.m_Path);
-        if (std::tie(end.m_X, end.m_Y) < std::tie(start.m_X, start.m_Y)) {
+        if (IsBefore(EndOf(line.m_Path), line.m_Path.m_Start)) {
             line.m_Path = Reversed(line.m_Path);
         }
         joined.m_Open.push_back(std::move(line));
