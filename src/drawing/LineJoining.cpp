@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "drawing/CLineNet.h"
 #include "drawing/EndJoining.h"
+#include "drawing/LineWalks.h"
 #include "packing/PointVectors.h"
 
 namespace nestrix {
@@ -80,7 +80,7 @@ private:
 }  // namespace
 
 SJoinedLines JoinLines(std::span<const SPath> lines, double tolerance) {
-    const SLineWalks walks = CLineNet(lines, tolerance).TakeWalks();
+    const SLineWalks walks = FindWalks(CLineNet(lines, tolerance));
     const CLineAssembly assembly(lines, ROUNDING_OF_TOLERANCE * tolerance);
     SJoinedLines joined;
     for (const CLineWalk& walk : walks.m_Closed) {
