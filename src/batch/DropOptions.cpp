@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "batch/OptionValues.h"
+#include "batch/COptionGroup.h"
 
 namespace nestrix {
 
@@ -20,16 +20,15 @@ std::string CheckProbability(const std::string& text) {
 }  // namespace
 
 void AddDropOptions(CLI::App& app, SDropOptions& options, char const* pGroup) {
-    app.add_option("--population", options.m_nPopulation, "chromosomes in each generation")
-        ->transform(WholeNumber(1, MOST_CHROMOSOMES))
-        ->type_name("N")
-        ->capture_default_str()
-        ->group(pGroup);
-    app.add_option("--generations", options.m_nGenerations, "generations bred after the first")
-        ->transform(WholeNumber(0, std::numeric_limits<int>::max()))
-        ->type_name("N")
-        ->capture_default_str()
-        ->group(pGroup);
+    const COptionGroup group(app, pGroup);
+    group
+        .AddWholeNumber("--population", "N", options.m_nPopulation, 1, MOST_CHROMOSOMES,
+                        "chromosomes in each generation")
+        ->capture_default_str();
+    group
+        .AddWholeNumber("--generations", "N", options.m_nGenerations, 0, std::numeric_limits<int>::max(),
+                        "generations bred after the first")
+        ->capture_default_str();
     app.add_option("--mutation", options.m_fMutation, "chance that a child is mutated, 0 to 1")
         ->check(CheckProbability)
         ->type_name("P")

@@ -4,7 +4,7 @@
 #include <limits>
 #include <thread>
 
-#include "batch/OptionValues.h"
+#include "batch/COptionGroup.h"
 
 namespace nestrix {
 
@@ -13,57 +13,38 @@ namespace {
 constexpr double DEFAULT_SECONDS = 60.0;
 constexpr int MOST_THREADS = 1024;
 
-void AddLimits(CLI::App& app, SPackLimits& limits, char const* pGroup) {
-    AddOption(app, "--time", limits.m_Seconds, TIME,
-              "how long to search: 500ms, 2m (60s, if nothing else ends it)")
-        ->type_name("TIME")
-        ->group(pGroup);
-    app.add_option("--steps", limits.m_nSteps, "how many steps to search; repeats a search exactly")
-        ->transform(WholeNumber(0, std::numeric_limits<uint64_t>::max()))
-        ->type_name("N")
-        ->group(pGroup);
-    AddOption(app, "--target-height", limits.m_TargetHeight, POSITIVE, "end at this height or below it")
-        ->type_name("H")
-        ->group(pGroup);
-    AddOption(app, "--target-density", limits.m_TargetDensity, PERCENT,
-              "end at this density or above it, such as 85%")
-        ->type_name("D")
-        ->group(pGroup);
-    AddOption(app, "--patience", limits.m_Patience, TIME, "end when nothing better was found for so long")
-        ->type_name("TIME")
-        ->group(pGroup);
+void AddLimits(const COptionGroup& group, SPackLimits& limits) {
+    group.Add("--time", "TIME", limits.m_Seconds, TIME,
+              "how long to search: 500ms, 2m (60s, if nothing else ends it)");
+    group.AddWholeNumber("--steps", "N", limits.m_nSteps, 0, std::numeric_limits<uint64_t>::max(),
+                         "how many steps to search; repeats a search exactly");
+    group.Add("--target-height", "H", limits.m_TargetHeight, POSITIVE, "end at this height or below it");
+    group.Add("--target-density", "D", limits.m_TargetDensity, PERCENT,
+              "end at this density or above it, such as 85%");
+    group.Add("--patience", "TIME", limits.m_Patience, TIME, "end when nothing better was found for so long");
 }
 
 }  // namespace
 
 void AddStripOptions(CLI::App& app, SFreeOptions& options, char const* pGroup) {
-    AddOption(app, "--width", options.m_Strip.m_Width, WIDTH, "width of the strip (400)")
-        ->type_name("W")
-        ->group(pGroup);
-    AddOption(app, "--margin", options.m_Strip.m_Margin, DISTANCE,
-              "least distance to the walls and to the floor (0)")
-        ->type_name("M")
-        ->group(pGroup);
-    AddOption(app, "--turns", options.m_Turns, TURNS,
+    const COptionGroup group(app, pGroup);
+    group.Add("--width", "W", options.m_Strip.m_Width, WIDTH, "width of the strip (400)");
+    group.Add("--margin", "M", options.m_Strip.m_Margin, DISTANCE,
+              "least distance to the walls and to the floor (0)");
+    group.Add("--turns", "LIST", options.m_Turns, TURNS,
               "degrees by which pieces may be turned, such as\n0,90,180,270, or \"any\" (0: as drawn, with "
-              "the grain)")
-        ->type_name("LIST")
-        ->group(pGroup);
-    app.add_flag("--mirror", options.m_bMirror, "pieces may be laid with their backs up")->group(pGroup);
+              "the grain)");
+    group.AddFlag("--mirror", options.m_bMirror, "pieces may be laid with their backs up");
 }
 
 void AddFreeOptions(CLI::App& app, SFreeOptions& options, char const* pGroup) {
     AddStripOptions(app, options, pGroup);
-    AddOption(app, "--spacing", options.m_Strip.m_Spacing, DISTANCE, "least distance between two pieces (0)")
-        ->type_name("S")
-        ->group(pGroup);
-    app.add_flag("--keep-holes-empty", options.m_bKeepHolesEmpty, "no piece may lie in a hole of another")
-        ->group(pGroup);
-    AddLimits(app, options.m_Limits, pGroup);
-    app.add_option("--threads", options.m_nThreads, "how many threads search (as many as the machine runs)")
-        ->transform(WholeNumber(1, MOST_THREADS))
-        ->type_name("N")
-        ->group(pGroup);
+    const COptionGroup group(app, pGroup);
+    group.Add("--spacing", "S", options.m_Strip.m_Spacing, DISTANCE, "least distance between two pieces (0)");
+    group.AddFlag("--keep-holes-empty", options.m_bKeepHolesEmpty, "no piece may lie in a hole of another");
+    AddLimits(group, options.m_Limits);
+    group.AddWholeNumber("--threads", "N", options.m_nThreads, 1, MOST_THREADS,
+                         "how many threads search (as many as the machine runs)");
 }
 
 SPackLimits LimitsOf(const SFreeOptions& options) {

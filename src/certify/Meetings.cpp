@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "certify/CBoxSweep.h"
+#include "certify/CEdgeSweep.h"
 #include "certify/Wide.h"
 
 namespace nestrix::certify {
@@ -46,11 +46,10 @@ bool NoteMeeting(const SBorderEdge& a, int nFirst, const SBorderEdge& b, int nSe
     return sides.Cross();
 }
 
-void AddMeeting(CBoxSweep& sweep, const SBorder& border, const SGridBox& window) {
+void AddMeeting(CEdgeSweep& sweep, const SBorder& border, const SGridBox& window) {
     for (size_t i = 0; i < border.m_Edges.size(); ++i) {
-        const SGridBox box = BoxOf(border.m_Edges[i]);
-        if (Meet(box, window)) {
-            sweep.Add(box, static_cast<int>(i));
+        if (Meet(BoxOf(border.m_Edges[i]), window)) {
+            sweep.Add(border.m_Edges[i], static_cast<int>(i));
         }
     }
 }
@@ -95,8 +94,8 @@ bool Cross(const SBorderEdge& a, const SBorderEdge& b) {
 
 SMeetings FindMeetings(const SBorder& first, const SBorder& second) {
     SMeetings meetings;
-    CBoxSweep ofFirst;
-    CBoxSweep ofSecond;
+    CEdgeSweep ofFirst;
+    CEdgeSweep ofSecond;
     AddMeeting(ofFirst, first, second.m_Box);
     AddMeeting(ofSecond, second, first.m_Box);
     meetings.m_bCross = ofFirst.VisitPairs(ofSecond, [&](int i, int j) {
@@ -110,7 +109,7 @@ SMeetings FindMeetings(const SBorder& first, const SBorder& second) {
 
 SMeetings FindOwnMeetings(const SBorder& border) {
     SMeetings meetings;
-    CBoxSweep sweep;
+    CEdgeSweep sweep;
     AddMeeting(sweep, border, border.m_Box);
     meetings.m_bCross = sweep.VisitPairs([&](int i, int j) {
         return !Follows(border, i, j) && !Follows(border, j, i) &&

@@ -5,7 +5,7 @@
 #include <map>
 #include <utility>
 
-#include "certify/CBoxSweep.h"
+#include "certify/CEdgeSweep.h"
 #include "certify/Wide.h"
 
 namespace nestrix::certify {
@@ -50,10 +50,10 @@ using CCuts = std::vector<std::pair<int, SGridPoint>>;
 /// over others in the same direction are cut as well: one of the two may have a counterpart.
 CCuts FindCuts(const std::vector<SBorderEdge>& edges) {
     CCuts cuts;
-    CBoxSweep sweep;
+    CEdgeSweep sweep;
     sweep.Reserve(edges.size());
     for (size_t i = 0; i < edges.size(); ++i) {
-        sweep.Add(BoxOf(edges[i]), static_cast<int>(i));
+        sweep.Add(edges[i], static_cast<int>(i));
     }
     sweep.VisitPairs([&](int i, int j) {
         const SBorderEdge& a = edges[static_cast<size_t>(i)];

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "certify/CBoxSweep.h"
+#include "certify/CEdgeSweep.h"
 #include "certify/Certify.h"
 #include "certify/Inside.h"
 
@@ -28,9 +28,9 @@ bool BoundsOneInside(const SBorder& border) {
 
 bool CrossesItself(const SGridShape& shape) {
     const std::vector<SBorderEdge> edges = certify::DirectedEdges(shape);
-    certify::CBoxSweep sweep;
+    certify::CEdgeSweep sweep;
     for (size_t i = 0; i < edges.size(); ++i) {
-        sweep.Add(BoxOf(edges[i]), static_cast<int>(i));
+        sweep.Add(edges[i], static_cast<int>(i));
     }
     return sweep.VisitPairs([&edges](int i, int j) {
         return Cross(edges[static_cast<size_t>(i)], edges[static_cast<size_t>(j)]);

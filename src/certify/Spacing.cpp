@@ -3,7 +3,7 @@
 #include <boost/multiprecision/cpp_int.hpp>
 #include <cstddef>
 
-#include "certify/CBoxSweep.h"
+#include "certify/CEdgeSweep.h"
 #include "certify/Wide.h"
 
 namespace nestrix::certify {
@@ -41,11 +41,10 @@ bool IsNearer(SGridPoint point, const SBorderEdge& edge, int64_t nDistance) {
     return Dot(toEnd, toEnd) < static_cast<CWide>(nDistance) * nDistance;
 }
 
-void AddNear(CBoxSweep& sweep, const SBorder& border, const SGridBox& window, int64_t nGrow) {
+void AddNear(CEdgeSweep& sweep, const SBorder& border, const SGridBox& window, int64_t nReach) {
     for (size_t i = 0; i < border.m_Edges.size(); ++i) {
-        const SGridBox box = BoxOf(border.m_Edges[i]);
-        if (Meet(box, window)) {
-            sweep.Add(Grown(box, nGrow), static_cast<int>(i));
+        if (Meet(BoxOf(border.m_Edges[i]), window)) {
+            sweep.Add(border.m_Edges[i], static_cast<int>(i), nReach);
         }
     }
 }
@@ -57,8 +56,8 @@ bool AreNearer(const SBorder& first, const SBorder& second, int64_t nDistance) {
         !Meet(Grown(first.m_Box, nDistance), second.m_Box)) {
         return false;
     }
-    CBoxSweep ofFirst;
-    CBoxSweep ofSecond;
+    CEdgeSweep ofFirst;
+    CEdgeSweep ofSecond;
     AddNear(ofFirst, first, Grown(second.m_Box, nDistance), nDistance);
     AddNear(ofSecond, second, Grown(first.m_Box, nDistance), 0);
     return ofFirst.VisitPairs(ofSecond, [&](int i, int j) {

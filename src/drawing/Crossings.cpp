@@ -5,7 +5,6 @@
 #include <cmath>
 #include <map>
 #include <optional>
-#include <tuple>
 
 #include "drawing/PathArea.h"
 #include "packing/PointVectors.h"
@@ -25,10 +24,6 @@ struct SEdge {
     size_t m_nRing = 0;
     SPlaneBox m_Box;  ///< in the coordinates of the sweep
 };
-
-bool IsBefore(SPoint a, SPoint b) {
-    return std::tie(a.m_X, a.m_Y) < std::tie(b.m_X, b.m_Y);
-}
 
 /// Whether b is within the turn counter-clockwise from a to c.
 bool IsWithin(SPoint a, SPoint b, SPoint c) {

@@ -11,10 +11,6 @@ namespace nestrix {
 
 namespace {
 
-bool IsBefore(SPoint a, SPoint b) {
-    return std::tie(a.m_X, a.m_Y) < std::tie(b.m_X, b.m_Y);
-}
-
 /// Below this share of the drawing's extent, a distance is rounding.
 constexpr double ROUNDING = 1e-12;
 

@@ -1,11 +1,10 @@
 #include "drawing/LineJoining.h"
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
-#include "drawing/CLineNet.h"
 #include "drawing/EndJoining.h"
+#include "drawing/LineWalks.h"
 #include "packing/PointVectors.h"
 
 namespace nestrix {
@@ -81,7 +80,7 @@ private:
 }  // namespace
 
 SJoinedLines JoinLines(std::span<const SPath> lines, double tolerance) {
-    const SLineWalks walks = CLineNet(lines, tolerance).TakeWalks();
+    const SLineWalks walks = FindWalks(CLineNet(lines, tolerance));
     const CLineAssembly assembly(lines, ROUNDING_OF_TOLERANCE * tolerance);
     SJoinedLines joined;
     for (const CLineWalk& walk : walks.m_Closed) {
@@ -89,9 +88,7 @@ SJoinedLines JoinLines(std::span<const SPath> lines, double tolerance) {
     }
     for (const CLineWalk& walk : walks.m_Open) {
         SJoinedLine line = assembly.Assemble(walk, false);
-        const SPoint start = line.m_Path.m_Start;
-        const SPoint end = EndOf(line.m_Path);
-        if (std::tie(end.m_X, end.m_Y) < std::tie(start.m_X, start.m_Y)) {
+        if (IsBefore(EndOf(line.m_Path), line.m_Path.m_Start)) {
             line.m_Path = Reversed(line.m_Path);
         }
         joined.m_Open.push_back(std::move(line));

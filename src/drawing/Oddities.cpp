@@ -42,26 +42,6 @@ SPlaneBox BoxOf(const SShape& shape) {
     return box;
 }
 
-/// Whether to compare all edges that are side by side, as the examination in exact arithmetic does, takes no
-/// more than a second: long edges that are neither upright nor level are beside too many others.
-bool IsQuickToExamine(const SShape& shape) {
-    constexpr double MOST_PAIRS = 1e8;
-    SPoint lengths;
-    double edges = 0.0;
-    const auto add = [&](const CRing& ring) {
-        for (size_t i = 0; i < ring.size(); ++i) {
-            const SPoint along = ring[(i + 1) % ring.size()] - ring[i];
-            lengths = lengths + SPoint{std::abs(along.m_X), std::abs(along.m_Y)};
-        }
-        edges += static_cast<double>(ring.size());
-    };
-    add(shape.m_Outline);
-    std::for_each(shape.m_Holes.begin(), shape.m_Holes.end(), add);
-    const SPlaneBox box = BoxOf(shape);
-    const SPoint extent = box.m_High - box.m_Low;
-    return edges * std::min(lengths.m_X / extent.m_X, lengths.m_Y / extent.m_Y) <= MOST_PAIRS;
-}
-
 /// Examines one piece.
 class CExamination {
 public:
@@ -227,7 +207,7 @@ void CExamination::ExamineSoundness() {
     const SGrid grid = GridFor(std::clamp(m_Strip.has_value() ? m_Strip->m_Width : extent, 1e-14, 1e28));
     if (extent > grid.Length(GRID_LENGTH_MOST / 4)) {
         Say(FAULT, "it is too large for the strip's width to be calculated with");
-    } else if (IsQuickToExamine(m_Piece.m_Shape) && !IsSound(OnGrid(m_Piece.m_Shape, grid))) {
+    } else if (!IsSound(OnGrid(m_Piece.m_Shape, grid))) {
         Say(FAULT, m_Rings.size() == 1 ? "its outline lies over itself, or has no inside"
                                        : "its outline or one of its holes lies over another part of it");
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "nest/CBlockProgram.h"
 
@@ -12,6 +13,25 @@ namespace {
 /// So many items move at a time if those are all of them, and so many if there are more.
 constexpr size_t MOST_AT_ONCE = 400;
 constexpr size_t ITEMS_IN_BLOCK = 200;
+
+/// The items that move at a time, as indices: all of them, or those at one level.
+std::vector<std::vector<size_t>> BlocksOf(std::span<const SPlace> places) {
+    std::vector<size_t> items(places.size());
+    std::iota(items.begin(), items.end(), size_t{0});
+    if (items.size() <= MOST_AT_ONCE) {
+        return {items};
+    }
+    std::stable_sort(items.begin(), items.end(),
+                     [&](size_t a, size_t b) { return places[a].m_At.m_Y < places[b].m_At.m_Y; });
+    std::vector<std::vector<size_t>> blocks;
+    for (size_t i = 0; i < items.size(); ++i) {
+        if (i % ITEMS_IN_BLOCK == 0) {
+            blocks.emplace_back();
+        }
+        blocks.back().push_back(items[i]);
+    }
+    return blocks;
+}
 
 }  // namespace
 
@@ -34,20 +54,8 @@ std::optional<double> CCompactor::CompactBlock(std::vector<SPlace>& places, std:
 
 std::optional<CCompactor::SResult> CCompactor::Compact(std::span<const SPlace> places, double reach) {
     SResult result{{places.begin(), places.end()}, 0.0};
-    std::vector<size_t> order(places.size());
-    for (size_t i = 0; i < order.size(); ++i) {
-        order[i] = i;
-    }
-    const bool bBlocks = order.size() > MOST_AT_ONCE;
-    if (bBlocks) {
-        std::stable_sort(order.begin(), order.end(),
-                         [&](size_t a, size_t b) { return places[a].m_At.m_Y < places[b].m_At.m_Y; });
-    }
-    const size_t nBlock = bBlocks ? ITEMS_IN_BLOCK : MOST_AT_ONCE;
-    for (size_t nFirst = 0; nFirst < order.size(); nFirst += nBlock) {
-        const size_t nCount = std::min(nBlock, order.size() - nFirst);
-        const std::optional<double> overlap =
-            CompactBlock(result.m_Places, std::span(order).subspan(nFirst, nCount), reach);
+    for (const std::vector<size_t>& items : BlocksOf(places)) {
+        const std::optional<double> overlap = CompactBlock(result.m_Places, items, reach);
         if (!overlap) {
             return std::nullopt;
         }

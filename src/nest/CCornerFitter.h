@@ -14,9 +14,8 @@ namespace nestrix {
 /// that were cut from one sheet find back to it; of others it makes a layout like any.
 class CCornerFitter {
 public:
-    /// @param tolerance as a share of the strip's width: what rounding may have taken from the drawings.
-    /// Pieces
-    ///        that touch may overlap so much, or be so much apart.
+    /// @param tolerance what rounding may have taken from the drawings, as a share of the strip's width.
+    /// Pieces that touch may overlap so much, or be so much apart.
     CCornerFitter(const CPackProblem& problem, CFieldTable& fields, CStepCounter& steps, double tolerance);
 
     /// Whether it is worth trying: pieces touch, are not too many and have no long ragged borders.

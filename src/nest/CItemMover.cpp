@@ -13,19 +13,18 @@ CItemMover::CItemMover(CLayout& layout, const CPairWeights& weights, CRandom& ra
 
 bool CItemMover::Move(size_t nItem) {
     m_Layout.Fields().ForgetReplaced();
-    m_Overlap.Begin(nItem);
+    const CItemOverlap::CScope scope(m_Overlap, nItem);
     const SPlace& place = m_Layout.PlaceOf(nItem);
     const SCandidate present{place, m_Overlap.ValueAt(place, HUGE_VAL)};
-    bool bMoved = false;
-    if (present.m_Value > 0.0) {
-        const SCandidate found = FindPlace(present);
-        bMoved = found.m_Value <= present.m_Value;
-        if (bMoved) {
-            m_Layout.Move(nItem, found.m_Place);
-        }
+    if (present.m_Value <= 0.0) {
+        return false;
     }
-    m_Overlap.End();
-    return bMoved;
+    const SCandidate found = FindPlace(present);
+    if (found.m_Value > present.m_Value) {
+        return false;
+    }
+    m_Layout.Move(nItem, found.m_Place);
+    return true;
 }
 
 SCandidate CItemMover::FindPlace(const SCandidate& present) {

@@ -17,13 +17,24 @@ struct SCandidate {
 };
 
 /// What the overlaps of one item with all others come to, by weight, wherever it is put.
+///
+/// Order of use: while there is a CScope, ask for its item.
 class CItemOverlap {
 public:
     CItemOverlap(CLayout& layout, const CPairWeights& weights);
 
-    /// From here on to End, this is the item. Weights are to stay as they are meanwhile.
-    void Begin(size_t nItem);
-    void End();
+    /// As long as it lives, the item is this one, and there is no other scope. Weights are to stay as they
+    /// are meanwhile.
+    class CScope {
+    public:
+        CScope(CItemOverlap& overlap, size_t nItem) : m_Overlap(overlap) { m_Overlap.Begin(nItem); }
+        CScope(const CScope&) = delete;
+        CScope& operator=(const CScope&) = delete;
+        ~CScope() { m_Overlap.End(); }
+
+    private:
+        CItemOverlap& m_Overlap;
+    };
 
     [[nodiscard]] CLayout& Layout() const { return m_Layout; }
     [[nodiscard]] size_t Item() const { return m_nItem; }
@@ -46,6 +57,9 @@ public:
     void CollectLeastDepths(size_t nVersion, std::vector<SLeastDepths>& depths) const;
 
 private:
+    void Begin(size_t nItem);
+    void End();
+
     CLayout& m_Layout;
     const CPairWeights& m_Weights;
     size_t m_nItem = 0;

@@ -7,7 +7,7 @@ namespace nestrix {
 namespace {
 
 /// Fewer items than this in a band are looked at faster than they are told apart by bands.
-constexpr size_t FEW_ITEMS = 48;
+constexpr size_t ITEMS_IN_BAND = 48;
 
 }  // namespace
 
@@ -51,7 +51,7 @@ void CLayout::Assign(std::span<const SPlace> places, double height) {
     }
     const double meanHeight = heights / static_cast<double>(std::max<size_t>(Count(), 1));
     const double most = std::floor(height / std::max(meanHeight, 1.0));
-    const double wanted = static_cast<double>(Count()) / static_cast<double>(FEW_ITEMS);
+    const double wanted = static_cast<double>(Count()) / static_cast<double>(ITEMS_IN_BAND);
     const double bands = std::clamp(std::min(wanted, most), 1.0, 1e6);
     m_BandsPerUnit = height > 0.0 ? std::floor(bands) / height : 0.0;
     m_Bands.assign(static_cast<size_t>(bands), {});

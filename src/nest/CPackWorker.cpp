@@ -3,20 +3,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "nest/CCornerFitter.h"
-#include "nest/FirstPacking.h"
+#include "nest/CPuzzleSolver.h"
 
 namespace nestrix {
 
 namespace {
 
 // All of these were measured over instances and seeds: docs/packing-freely.md.
-
-/// How corners are fitted: by exact drawings and by coarse ones, and with more layouts side by side where
-/// nearly all pieces have filled their corners.
-constexpr double FITTING_TOLERANCES[] = {1e-5, 1e-4};
-constexpr size_t FITTED_LAYOUTS[] = {10, 100};
-constexpr double LIKE_A_PUZZLE = 0.9;
 
 /// The first shares by which the strip is made lower, and the last ones.
 constexpr double FIRST_SQUEEZE = 0.1;
@@ -63,42 +56,14 @@ CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
 
 void CPackWorker::Run() {
     // All workers would find the same.
-    if (m_nWorker == 0 && CCornerFitter::IsWorthTrying(m_Problem)) {
-        FitCorners();
+    if (m_nWorker == 0) {
+        const auto take = [this](const SSolution& packing) { (void)Take(packing); };
+        CPuzzleSolver(m_Problem, m_Fields, m_Finder, m_Steps, take).Solve();
     }
     Squeeze();
     while (!m_Steps.IsOver()) {
         Walk();
     }
-}
-
-/// Lays the pieces by their corners: those that were cut from one sheet find back to it.
-void CPackWorker::FitCorners() {
-    for (const size_t nLayouts : FITTED_LAYOUTS) {
-        double filled = 0.0;
-        for (const double tolerance : FITTING_TOLERANCES) {
-            filled = std::max(filled, FitCorners(nLayouts, tolerance));
-        }
-        if (filled < LIKE_A_PUZZLE) {
-            return;
-        }
-    }
-}
-
-/// @return the share of the items that filled their corners.
-double CPackWorker::FitCorners(size_t nLayouts, double tolerance) {
-    const auto fit = CCornerFitter(m_Problem, m_Fields, m_Steps, tolerance).Fit(nLayouts);
-    if (!fit) {
-        return 0.0;
-    }
-    const SSolution fitted{HeightOf(m_Problem, fit->m_Places), fit->m_Places};
-    TakeLifted(fitted);  // exact drawings fit as they are
-    const std::optional<SSolution> found =
-        m_Finder.Find(fitted.m_Places, fitted.m_Height, SQUEEZING, fitted.m_Height * (1.0 + HIGHEST_RISE));
-    if (found) {
-        TakeLifted(*found);
-    }
-    return fit->m_Filled;
 }
 
 void CPackWorker::Squeeze() {
@@ -118,16 +83,16 @@ void CPackWorker::Walk() {
     const double rise =
         std::min(HIGHEST_RISE, HIGHEST_RISE_BY_ITEM / static_cast<double>(m_pBest->m_Places.size()));
     SSolution present = *m_pBest;
-    for (int nVain = 0; nVain < LONGEST_WALK && !m_Steps.IsOver(); ++nVain) {
+    int nVain = 0;
+    while (nVain < LONGEST_WALK && !m_Steps.IsOver()) {
         // Small steps more often: the square of a random number.
         const double longest = LONGEST_STEP - SHORTEST_STEP;
         const double share = SHORTEST_STEP + longest * m_Random.Share() * m_Random.Share();
         const std::optional<SSolution> found =
             m_Finder.Find(nVain == 0 ? present.m_Places : Disturbed(present.m_Places),
                           present.m_Height * (1.0 - share), WALKING, present.m_Height * (1.0 - LEAST_GAIN));
-        if (found && Take(*found)) {
-            nVain = -1;
-        }
+        const bool bBest = found && Take(*found);
+        nVain = bBest ? 0 : nVain + 1;
         if (found && found->m_Height < present.m_Height * (1.0 + rise * m_Random.Share())) {
             present = *found;
         }
@@ -149,11 +114,6 @@ bool CPackWorker::Take(const SSolution& found) {
         m_Steps.Finish();
     }
     return true;
-}
-
-/// Keeps a layout if it is the best, once what overlaps in it lies above the rest.
-void CPackWorker::TakeLifted(const SSolution& layout) {
-    (void)Take(SolutionOf(m_Problem, LiftOverlapping(m_Problem, PlacementsOf(m_Problem, layout))));
 }
 
 /// Takes over what another worker showed, if it is better.

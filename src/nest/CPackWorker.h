@@ -31,12 +31,9 @@ public:
     [[nodiscard]] SFreePacking Best() const { return PackingOf(m_Problem, *m_pBest); }
 
 private:
-    void FitCorners();
-    double FitCorners(size_t nLayouts, double tolerance);
     void Squeeze();
     void Walk();
     bool Take(const SSolution& found);
-    void TakeLifted(const SSolution& layout);
     void Learn();
     [[nodiscard]] std::vector<SPlace> Disturbed(std::vector<SPlace> places);
 

@@ -13,7 +13,7 @@ namespace {
 constexpr double MOST_OVERLAP_SHARE = 0.1;
 
 /// Of more items than this a compaction takes long, and waits for less overlap.
-constexpr size_t FEW_ITEMS = 64;
+constexpr size_t QUICKLY_COMPACTED_ITEMS = 64;
 constexpr double MOST_OVERLAP_SHARE_OF_MANY = 0.003;
 
 /// Then the overlap must have become so much less for the next one.
@@ -36,7 +36,8 @@ CPackingFinder::CPackingFinder(const CPackProblem& problem, CFieldTable& fields,
       m_Separator(m_Layout, random, steps),
       m_Compactor(problem) {
     const auto count = static_cast<double>(places.size());
-    const double share = places.size() > FEW_ITEMS ? MOST_OVERLAP_SHARE_OF_MANY : MOST_OVERLAP_SHARE;
+    const double share =
+        places.size() > QUICKLY_COMPACTED_ITEMS ? MOST_OVERLAP_SHARE_OF_MANY : MOST_OVERLAP_SHARE;
     m_MostOverlap = share * std::sqrt(problem.TotalArea() * count);
     m_Reach = REACH_SHARE * std::sqrt(problem.TotalArea() / count);
 }
@@ -53,7 +54,7 @@ std::optional<SSolution> CPackingFinder::Find(std::span<const SPlace> places, do
         if (overlap > tried) {
             return false;
         }
-        tried = overlap * (m_Layout.Count() > FEW_ITEMS ? NEXT_TRY_OF_MANY : NEXT_TRY);
+        tried = overlap * (m_Layout.Count() > QUICKLY_COMPACTED_ITEMS ? NEXT_TRY_OF_MANY : NEXT_TRY);
         Compact();
         return m_Found && m_Found->m_Height < lowEnough;
     };
@@ -66,7 +67,7 @@ std::optional<SSolution> CPackingFinder::Find(std::span<const SPlace> places, do
 /// Compacts the layout as long as that gains, and keeps the lowest packing that comes out.
 void CPackingFinder::Compact() {
     std::vector<SPlace> places = m_Layout.Places();
-    const int nRounds = m_Layout.Count() > FEW_ITEMS ? COMPACTIONS_OF_MANY : COMPACTIONS;
+    const int nRounds = m_Layout.Count() > QUICKLY_COMPACTED_ITEMS ? COMPACTIONS_OF_MANY : COMPACTIONS;
     double overlap = HUGE_VAL;
     bool bValid = false;
     for (int i = 0; i < nRounds; ++i) {

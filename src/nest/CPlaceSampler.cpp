@@ -16,7 +16,7 @@ constexpr double AROUND_SHARE = 0.5;
 
 /// Up to so many items, lower bounds of all of them come first. Of more, most are too far off to matter, and
 /// the bands of the layout tell the neighbours faster.
-constexpr size_t FEW_ITEMS = 128;
+constexpr size_t MOST_RANKED_ITEMS = 128;
 
 }  // namespace
 
@@ -32,7 +32,7 @@ SCandidate CPlaceSampler::FindBest() {
             DrawTouching(batch);
         }
     }
-    if (m_Overlap.Layout().Count() <= FEW_ITEMS) {
+    if (m_Overlap.Layout().Count() <= MOST_RANKED_ITEMS) {
         return FindBestByRank();
     }
     SCandidate best;

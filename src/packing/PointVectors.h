@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 #include "packing/SGrid.h"
 
@@ -30,6 +31,10 @@ namespace nestrix {
 }
 [[nodiscard]] inline double Length(SPoint a) {
     return std::sqrt(Dot(a, a));
+}
+/// Whether a is farther to the left than b, or as far and lower.
+[[nodiscard]] inline bool IsBefore(SPoint a, SPoint b) {
+    return std::tie(a.m_X, a.m_Y) < std::tie(b.m_X, b.m_Y);
 }
 
 [[nodiscard]] inline SPoint AsPoint(SGridPoint point) {

@@ -93,6 +93,10 @@ SDrawing DrawingOf(const std::vector<SPath>& paths) {
     return drawing;
 }
 
+SDrawnPieces Found(const std::vector<SPath>& paths) {
+    return FindPieces(DrawingOf(paths), "folder/plate.dxf", {});
+}
+
 }  // namespace nestrix::support
 
 namespace nestrix {

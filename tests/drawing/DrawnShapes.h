@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "drawing/SDrawing.h"
+#include "drawing/SDrawnPiece.h"
 #include "drawing/SMap.h"
 #include "tests/support/CSeededRandom.h"
 
@@ -26,6 +27,9 @@ namespace nestrix::support {
 
 /// The lines as a drawing of which each is written on a line of its own, from 1.
 [[nodiscard]] SDrawing DrawingOf(const std::vector<SPath>& paths);
+
+/// The pieces of such a drawing, read from folder/plate.dxf.
+[[nodiscard]] SDrawnPieces Found(const std::vector<SPath>& paths);
 
 }  // namespace nestrix::support
 

@@ -1,35 +1,25 @@
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <limits>
-#include <numbers>
-#include <utility>
 
 #include "drawing/PathArea.h"
 #include "drawing/SDrawnPiece.h"
 #include "packing/SFreePacking.h"
 #include "tests/drawing/DrawnShapes.h"
-#include "tests/support/RandomCases.h"
 
 namespace nestrix {
 
 namespace {
 
-using std::numbers::pi;
-using support::CSeededRandom;
 using support::DrawingOf;
 using support::DrawnCircle;
 using support::DrawnLine;
 using support::DrawnRectangle;
-using support::RandomCases;
+using support::Found;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-SDrawnPieces Found(const std::vector<SPath>& paths) {
-    return FindPieces(DrawingOf(paths), "folder/plate.dxf", {});
-}
 
 TEST(FoundPieces, AreNoneInAnEmptyDrawing) {
     EXPECT_THAT(Found({}).m_Pieces, IsEmpty());
@@ -188,120 +178,6 @@ TEST(FoundPieces, DoNotCarryWhatIsInTheirHoles) {
         Found({DrawnRectangle(0, 0, 9, 9), DrawnRectangle(2, 2, 5, 5), DrawnLine({3, 3}, {4, 4})});
     EXPECT_THAT(found.m_Pieces[0].m_Marks, IsEmpty());
     EXPECT_THAT(found.m_Findings, SizeIs(1));
-}
-
-/// The shapes of pieces, in an order of their own.
-std::vector<SShape> ShapesOf(const SDrawnPieces& found) {
-    std::vector<SShape> shapes;
-    for (const SDrawnPiece& piece : found.m_Pieces) {
-        shapes.push_back(Flattened(piece, 0.05));
-    }
-    const auto keyOf = [](const SShape& shape) { return std::pair(AreaOf(shape), shape.m_Outline.size()); };
-    std::sort(shapes.begin(), shapes.end(),
-              [&](const SShape& a, const SShape& b) { return keyOf(a) < keyOf(b); });
-    return shapes;
-}
-
-/// Contours with others within them, some of which have others within them.
-std::vector<SPath> RandomScene(CSeededRandom& random) {
-    std::vector<SPath> contours;
-    for (int i = random.Range(1, 4); i > 0; --i) {
-        const SPoint centre{25.0 * i, 3};
-        double radius = 10;
-        for (int k = random.Range(1, 4); k > 0; --k) {
-            contours.push_back(support::RandomContour(random, centre, radius));
-            radius /= 3;
-        }
-    }
-    return contours;
-}
-
-TEST(RandomScenes, AreFoundAgainFromChoppedAndShuffledLines) {
-    CSeededRandom random(20);
-    for (int i = 0; i < RandomCases(100); ++i) {
-        const std::vector<SPath> contours = RandomScene(random);
-        const std::vector<SShape> shapes = ShapesOf(Found(contours));
-        for (int k = 0; k < 2; ++k) {
-            std::vector<SPath> lines;
-            for (const SPath& contour : contours) {
-                const std::vector<SPath> parts = support::Chopped(random, contour);
-                lines.insert(random.Percent(50) ? lines.begin() : lines.end(), parts.begin(), parts.end());
-            }
-            const SDrawnPieces found = Found(lines);
-            EXPECT_THAT(found.m_Findings, IsEmpty());
-            const std::vector<SShape> again = ShapesOf(found);
-            ASSERT_EQ(again.size(), shapes.size());
-            for (size_t n = 0; n < shapes.size(); ++n) {
-                EXPECT_NEAR(AreaOf(again[n]), AreaOf(shapes[n]), 1e-6);
-                EXPECT_EQ(again[n].m_Holes.size(), shapes[n].m_Holes.size());
-            }
-        }
-    }
-}
-
-TEST(RandomScenes, AreTheSameMirroredTurnedAndShifted) {
-    CSeededRandom random(21);
-    for (int i = 0; i < RandomCases(100); ++i) {
-        const std::vector<SPath> contours = RandomScene(random);
-        const SDirection turn = DirectionOf(random.Between(0, 360));
-        const double mirror = random.Percent(50) ? -1.0 : 1.0;
-        const SMap map{turn.m_Cosine * mirror,  -turn.m_Sine,           turn.m_Sine * mirror, turn.m_Cosine,
-                       random.Between(-99, 99), random.Between(-99, 99)};
-        std::vector<SPath> mapped;
-        for (const SPath& contour : contours) {
-            mapped.push_back(map(contour));
-        }
-        const SDrawnPieces found = Found(contours);
-        const SDrawnPieces again = Found(mapped);
-        ASSERT_EQ(again.m_Pieces.size(), found.m_Pieces.size());
-        for (size_t n = 0; n < found.m_Pieces.size(); ++n) {
-            const SShape shape = Flattened(found.m_Pieces[n], 0.05);
-            const SShape mappedShape = Flattened(again.m_Pieces[n], 0.05);
-            // Mirrored, curves are walked the other way round, and their corners come to lie elsewhere.
-            EXPECT_NEAR(AreaOf(mappedShape), AreaOf(shape), mirror > 0 ? 1e-6 : 0.02 * AreaOf(shape));
-            EXPECT_EQ(mappedShape.m_Holes.size(), shape.m_Holes.size());
-        }
-    }
-}
-
-TEST(FoundPieces, AreOneWhereTheyAreDrawnTwice) {
-    const SPath plate = DrawnRectangle(0, 0, 5, 5);
-    const SPath elsewhere{{5, 5}, {SLineTo{{5, 0}}, SLineTo{{0, 0}}, SLineTo{{0, 5}}}, true};
-    const SPath disc = DrawnCircle({20, 0}, 3);
-    const SPath halves{
-        {17, 0},
-        {SArcTo{{20, 0}, {3, 0}, {0, 3}, -pi, pi, {23, 0}}, SArcTo{{20, 0}, {3, 0}, {0, 3}, 0, pi, {17, 0}}},
-        true};
-    for (const std::vector<SPath>& twice : {std::vector{plate, plate},
-                                            {plate, Reversed(plate)},
-                                            {plate, elsewhere},
-                                            {disc, halves},
-                                            {DrawnLine({0, 0}, {5, 0}), DrawnLine({5, 0}, {5, 5}), plate,
-                                             DrawnLine({5, 5}, {0, 5}), DrawnLine({0, 0}, {0, 5})}}) {
-        const SDrawnPieces found = Found(twice);
-        ASSERT_THAT(found.m_Pieces, SizeIs(1));
-        EXPECT_THAT(found.m_Pieces[0].m_Holes, IsEmpty());
-        ASSERT_THAT(found.m_Findings, SizeIs(1));
-        EXPECT_EQ(found.m_Findings[0].m_eSeverity, SFinding::ESeverity::ODD);
-        EXPECT_THAT(found.m_Findings[0].m_Message, HasSubstr("is drawn twice"));
-    }
-}
-
-TEST(FoundPieces, AreMadeOfLooseLinesOfWhichSomeAreDrawnTwice) {
-    const SDrawnPieces found =
-        Found({DrawnLine({0, 0}, {5, 0}), DrawnLine({5, 0}, {0, 0}), DrawnLine({5, 0}, {5, 5}),
-               DrawnLine({5, 5}, {0, 0}), DrawnLine({5, 5}, {0, 0})});
-    ASSERT_THAT(found.m_Pieces, SizeIs(1));
-    EXPECT_THAT(found.m_Pieces[0].m_Marks, IsEmpty());
-    ASSERT_THAT(found.m_Findings, SizeIs(2));
-    EXPECT_EQ(found.m_Findings[0].m_nLine, 2);
-    EXPECT_EQ(found.m_Findings[1].m_nLine, 5);
-}
-
-TEST(FoundPieces, AreTwoWhereOnlyTheirExtentIsTheSame) {
-    const SPath up{{0, 0}, {SLineTo{{6, 0}}, SLineTo{{3, 6}}}, true};
-    const SPath down{{0, 6}, {SLineTo{{6, 6}}, SLineTo{{3, 0}}}, true};
-    EXPECT_THAT(Found({up, down}).m_Pieces, SizeIs(2));
 }
 
 }  // namespace

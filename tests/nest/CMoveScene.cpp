@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "tests/nest/FreeSets.h"
+
 namespace nestrix::support {
 
 namespace {
@@ -68,6 +70,10 @@ SPlace CMoveScene::DrawPlace(size_t nItem) {
 SPoint CMoveScene::DrawAround(SPoint middle, double reach) {
     const double x = static_cast<double>(m_Random.Between(-1.0F, 1.0F)) * InUnits(reach);
     return middle + SPoint{x, static_cast<double>(m_Random.Between(-1.0F, 1.0F)) * InUnits(reach)};
+}
+
+CMoveScene MixedScene(uint64_t nSeed) {
+    return {MixedSet(), {80.0, 1.0, 2.0}, 60.0, nSeed};
 }
 
 }  // namespace nestrix::support

@@ -46,4 +46,7 @@ private:
     CSeededRandom m_Random;
 };
 
+/// MixedSet in a strip 80 wide and 60 high, with a spacing and a margin.
+[[nodiscard]] CMoveScene MixedScene(uint64_t nSeed);
+
 }  // namespace nestrix::support

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <thread>
+#include <utility>
 
+#include "tests/nest/CFieldScene.h"
 #include "tests/nest/FreeSets.h"
 #include "tests/support/RandomCases.h"
 
@@ -11,10 +14,8 @@ namespace nestrix {
 
 namespace {
 
-using support::CSeededRandom;
+using support::CFieldScene;
 using support::RandomCases;
-
-constexpr SFreeStrip STRIP{80.0, 0.0, 0.0};
 
 std::vector<CConvexPart> Turned(std::vector<CConvexPart> parts, double degrees) {
     const SDirection direction = DirectionOf(degrees);
@@ -36,28 +37,21 @@ CPairField FieldOf(const CPackProblem& problem, size_t nMoves, size_t nStays) {
             static_cast<double>(problem.Strip().m_nSpacing) - problem.Slack()};
 }
 
-SPoint RandomPoint(CSeededRandom& random, double reach) {
-    const double x = static_cast<double>(random.Between(-1.0F, 1.0F)) * reach;
-    return {x, static_cast<double>(random.Between(-1.0F, 1.0F)) * reach};
-}
-
 /// Rotating points of 10^8 units forth and back takes far less.
 constexpr double ROUNDING = 1e-3;
 
 TEST(FieldTable, HasTheDepthThatTheFieldOfAnyTwoVersionsHas) {
-    const std::vector<SPiece> pieces = support::TurnedSet();
     for (const double spacing : {0.0, 2.0}) {
-        const CPackProblem problem(pieces, {80.0, spacing, 0.0}, true);
-        CFieldTable table(problem);
-        const double reach = 40.0 / problem.Grid().Length(1);
-        CSeededRandom random(1);
-        for (size_t nMoves = 0; nMoves < problem.Versions().size(); ++nMoves) {
-            for (size_t nStays = 0; nStays < problem.Versions().size(); ++nStays) {
-                const CPairField field = FieldOf(problem, nMoves, nStays);
+        CFieldScene scene(1, support::TurnedSet(), spacing);
+        const double reach = scene.InUnits(40.0);
+        const size_t nVersions = scene.Problem().Versions().size();
+        for (size_t nMoves = 0; nMoves < nVersions; ++nMoves) {
+            for (size_t nStays = 0; nStays < nVersions; ++nStays) {
+                const CPairField field = FieldOf(scene.Problem(), nMoves, nStays);
                 for (int i = 0; i < RandomCases(40); ++i) {
-                    const SPoint stays = RandomPoint(random, reach);
-                    const SPoint off = RandomPoint(random, reach);
-                    const double depth = table.DepthOf(nMoves, stays + off, nStays, stays);
+                    const SPoint stays = scene.DrawAround({}, reach);
+                    const SPoint off = scene.DrawAround({}, reach);
+                    const double depth = scene.Table().DepthOf(nMoves, stays + off, nStays, stays);
                     // The preference of edges where two meet: a millionth.
                     ASSERT_NEAR(depth, field.DepthAt(off), ROUNDING + 1e-6 * depth)
                         << nMoves << " beside " << nStays;
@@ -68,16 +62,13 @@ TEST(FieldTable, HasTheDepthThatTheFieldOfAnyTwoVersionsHas) {
 }
 
 TEST(FieldTable, KnowsTheWayOutOfTheFirstVersion) {
-    const std::vector<SPiece> pieces = support::TurnedSet();
-    const CPackProblem problem(pieces, STRIP, true);
-    CFieldTable table(problem);
-    CSeededRandom random(2);
-    const double reach = 20.0 / problem.Grid().Length(1);
+    CFieldScene scene(2);
+    CFieldTable& table = scene.Table();
     int nDeep = 0;
     for (int i = 0; i < RandomCases(4000); ++i) {
-        const size_t nMoves = random.Index(problem.Versions().size());
-        const size_t nStays = random.Index(problem.Versions().size());
-        const SPoint at = RandomPoint(random, reach);
+        const size_t nMoves = scene.DrawVersion();
+        const size_t nStays = scene.DrawVersion();
+        const SPoint at = scene.DrawAround({}, scene.InUnits(20.0));
         const SDepth depth = table.FindWayOut(nMoves, at, nStays, {});
         ASSERT_DOUBLE_EQ(depth.m_Depth, table.DepthOf(nMoves, at, nStays, {}));
         if (depth.m_Depth > 0.0) {
@@ -91,17 +82,15 @@ TEST(FieldTable, KnowsTheWayOutOfTheFirstVersion) {
 }
 
 TEST(FieldTable, HasPlacesOnTheBorderAtWhichTwoVersionsTouch) {
-    const std::vector<SPiece> pieces = support::TurnedSet();
-    const CPackProblem problem(pieces, STRIP, true);
-    CFieldTable table(problem);
-    CSeededRandom random(3);
+    CFieldScene scene(3);
+    CFieldTable& table = scene.Table();
     for (int i = 0; i < RandomCases(4000); ++i) {
-        const size_t nMoves = random.Index(problem.Versions().size());
-        const size_t nStays = random.Index(problem.Versions().size());
+        const size_t nMoves = scene.DrawVersion();
+        const size_t nStays = scene.DrawVersion();
         const SPoint stays{12345.0, -678.0};
-        const double edge = static_cast<double>(random.Unit());
+        const double edge = static_cast<double>(scene.Random().Unit());
         const SPoint at =
-            table.PlaceOnBorder(nMoves, nStays, stays, edge, static_cast<double>(random.Unit()));
+            table.PlaceOnBorder(nMoves, nStays, stays, edge, static_cast<double>(scene.Random().Unit()));
         ASSERT_LE(table.DepthOf(nMoves, at, nStays, stays), ROUNDING);
         // A little to the side of it they overlap.
         double most = 0.0;
@@ -115,30 +104,34 @@ TEST(FieldTable, HasPlacesOnTheBorderAtWhichTwoVersionsTouch) {
 }
 
 TEST(FieldTable, AnswersThreadsAtOnceAsItAnswersOne) {
-    const std::vector<SPiece> pieces = support::TurnedSet();
-    const CPackProblem problem(pieces, STRIP, true);
-    const double reach = 20.0 / problem.Grid().Length(1);
-    const auto ask = [&problem, reach](CFieldTable& table) {
-        CSeededRandom random(4);
+    CFieldScene scene(4);
+    struct SQuestion {
+        size_t m_nMoves;
+        size_t m_nStays;
+        SPoint m_At;
+    };
+    std::vector<SQuestion> questions;
+    for (int i = 0; i < 5000; ++i) {
+        const size_t nMoves = scene.DrawVersion();
+        questions.push_back({nMoves, scene.DrawVersion(), scene.DrawAround({}, scene.InUnits(20.0))});
+    }
+    const auto answers = [&questions](CFieldTable& table) {
         std::vector<double> depths;
-        for (int i = 0; i < 5000; ++i) {
-            const size_t nMoves = random.Index(problem.Versions().size());
-            const size_t nStays = random.Index(problem.Versions().size());
-            depths.push_back(table.DepthOf(nMoves, RandomPoint(random, reach), nStays, {}));
+        for (const SQuestion& question : questions) {
+            depths.push_back(table.DepthOf(question.m_nMoves, question.m_At, question.m_nStays, {}));
         }
         return depths;
     };
-    CFieldTable alone(problem);
-    const std::vector<double> expected = ask(alone);
-    CFieldTable shared(problem);
-    std::vector<std::vector<double>> answers(4);
+    const std::vector<double> expected = answers(scene.Table());
+    CFieldTable shared(scene.Problem());
+    std::vector<std::vector<double>> depths(4);
     {
         std::vector<std::jthread> threads;
-        for (std::vector<double>& answer : answers) {
-            threads.emplace_back([&] { answer = ask(shared); });
+        for (std::vector<double>& one : depths) {
+            threads.emplace_back([&] { one = answers(shared); });
         }
     }
-    EXPECT_EQ(answers, std::vector<std::vector<double>>(4, expected));
+    EXPECT_EQ(depths, std::vector<std::vector<double>>(4, expected));
 }
 
 /// Figures of different sizes in steps of three degrees: 120 versions each.
@@ -155,23 +148,19 @@ std::vector<SPiece> FinelyTurnedSet(int nFigures) {
 }
 
 TEST(FieldTable, OfTooManyVersionsForShortCutsHasTheDepthsOfOneWithThem) {
-    const std::vector<SPiece> many = FinelyTurnedSet(20);
-    const std::vector<SPiece> few = FinelyTurnedSet(4);
-    const CPackProblem large(many, STRIP, true);
-    const CPackProblem small(few, STRIP, true);
-    ASSERT_EQ(large.Versions().size(), 2400U);
-    ASSERT_EQ(small.Versions().size(), 480U);
-    ASSERT_TRUE(CFieldTable::FitsAll(large));
-    CFieldTable without(large);
-    CFieldTable with(small);
-    CSeededRandom random(6);
-    const double reach = 15.0 / large.Grid().Length(1);
+    CFieldScene large(6, FinelyTurnedSet(20));
+    CFieldScene small(6, FinelyTurnedSet(4));
+    ASSERT_EQ(large.Problem().Versions().size(), 2400U);
+    ASSERT_EQ(small.Problem().Versions().size(), 480U);
+    ASSERT_TRUE(CFieldTable::FitsAll(large.Problem()));
+    CFieldTable& without = large.Table();
+    CFieldTable& with = small.Table();
     int nDeep = 0;
     for (int i = 0; i < RandomCases(1000); ++i) {
         // The versions of the few are the first of the many.
-        const size_t nMoves = random.Index(small.Versions().size());
-        const size_t nStays = random.Index(small.Versions().size());
-        const SPoint at = RandomPoint(random, reach);
+        const size_t nMoves = small.DrawVersion();
+        const size_t nStays = small.DrawVersion();
+        const SPoint at = small.DrawAround({}, large.InUnits(15.0));
         const double depth = with.DepthOf(nMoves, at, nStays, {});
         ASSERT_EQ(with.DepthOf(nMoves, at, nStays, {}), depth) << "by the short cut";
         ASSERT_EQ(without.DepthOf(nMoves, at, nStays, {}), depth) << nMoves << " beside " << nStays;
@@ -187,17 +176,15 @@ TEST(FieldTable, ThatCannotHoldAllFieldsGivesTheSameDepths) {
     for (int i = 0; i < 40; ++i) {
         pieces.push_back(support::Copies(support::LetterL(20 + 0.1 * i), 1, {0.0, 1.0 + 0.37 * i}));
     }
-    const CPackProblem problem(pieces, STRIP, true);
-    ASSERT_FALSE(CFieldTable::FitsAll(problem));
-    CFieldTable table(problem);
-    CSeededRandom random(5);
-    const double reach = 15.0 / problem.Grid().Length(1);
+    CFieldScene scene(5, std::move(pieces));
+    ASSERT_FALSE(CFieldTable::FitsAll(scene.Problem()));
     for (int i = 0; i < RandomCases(1000); ++i) {
-        const size_t nMoves = random.Index(problem.Versions().size());
-        const size_t nStays = random.Index(problem.Versions().size());
-        const SPoint at = RandomPoint(random, reach);
-        const double depth = table.DepthOf(nMoves, at, nStays, {});
-        ASSERT_NEAR(depth, FieldOf(problem, nMoves, nStays).DepthAt(at), ROUNDING + 1e-6 * depth);
+        const size_t nMoves = scene.DrawVersion();
+        const size_t nStays = scene.DrawVersion();
+        const SPoint at = scene.DrawAround({}, scene.InUnits(15.0));
+        const double depth = scene.Table().DepthOf(nMoves, at, nStays, {});
+        const CPairField field = FieldOf(scene.Problem(), nMoves, nStays);
+        ASSERT_NEAR(depth, field.DepthAt(at), ROUNDING + 1e-6 * depth);
     }
 }
 

@@ -17,7 +17,7 @@ constexpr SFreeStrip STRIP{80.0, 1.0, 2.0};
 
 double OverlapOf(CMoveScene& scene, size_t nItem) {
     CItemOverlap overlap(scene.Layout(), scene.Weights());
-    overlap.Begin(nItem);
+    const CItemOverlap::CScope ofItem(overlap, nItem);
     return overlap.ValueAt(scene.Layout().PlaceOf(nItem), HUGE_VAL);
 }
 
@@ -48,7 +48,7 @@ int CountGains(CMoveScene& scene, int nMoves) {
 }
 
 TEST(ItemMover, MovesTheItemAloneAndNeverToWhereItOverlapsMoreOrLeavesTheStrip) {
-    CMoveScene scene(support::MixedSet(), STRIP, 60.0, 1);
+    CMoveScene scene = support::MixedScene(1);
     EXPECT_GT(CountGains(scene, RandomCases(400)), 20);
 }
 
@@ -104,7 +104,7 @@ TEST(ItemMover, TakesAllItemsApartWhereThereIsRoom) {
 TEST(ItemMover, MovesAsBeforeFromTheSameSeed) {
     std::vector<SPlace> places[2];
     for (std::vector<SPlace>& ended : places) {
-        CMoveScene scene(support::MixedSet(), STRIP, 60.0, 5);
+        CMoveScene scene = support::MixedScene(5);
         CRandom random(3);
         CItemMover mover(scene.Layout(), scene.Weights(), random);
         for (size_t i = 0; i < 50; ++i) {

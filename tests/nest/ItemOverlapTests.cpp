@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/nest/CMoveScene.h"
-#include "tests/nest/FreeSets.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {
@@ -13,8 +12,26 @@ namespace {
 using support::CMoveScene;
 using support::RandomCases;
 
-constexpr SFreeStrip STRIP{80.0, 1.0, 2.0};
-constexpr double HEIGHT = 60.0;
+/// Items of a scene at places in their rooms, many times.
+class CTrials {
+public:
+    explicit CTrials(uint64_t nSeed)
+        : m_Scene(support::MixedScene(nSeed)), m_Overlap(m_Scene.Layout(), m_Scene.Weights()) {}
+
+    static int Count() { return RandomCases(2000); }
+
+    /// Calls visit(place of an item) in each of them.
+    template <class TVisit>
+    void Make(TVisit&& visit) {
+        for (int i = 0; i < Count() && !testing::Test::HasFatalFailure(); ++i) {
+            const CItemOverlap::CScope ofItem(m_Overlap, m_Scene.Random().Index(m_Scene.Layout().Count()));
+            visit(m_Scene.DrawPlace(m_Overlap.Item()));
+        }
+    }
+
+    CMoveScene m_Scene;
+    CItemOverlap m_Overlap;
+};
 
 double WeightOf(const CPairWeights& weights, size_t nItem, size_t nOther) {
     for (const CPairWeights::SWeight& weight : weights.RowOf(nItem)) {
@@ -42,76 +59,62 @@ double PlainValue(CMoveScene& scene, const CItemOverlap& overlap, const SPlace& 
 }
 
 TEST(ItemOverlap, IsTheSumOfAllDepthsByWeightAndSizeOfTheOthers) {
-    CMoveScene scene(support::MixedSet(), STRIP, HEIGHT, 1);
-    CItemOverlap overlap(scene.Layout(), scene.Weights());
+    CTrials trials(1);
     int nOverlapping = 0;
-    for (int i = 0; i < RandomCases(2000); ++i) {
-        const size_t nItem = scene.Random().Index(scene.Layout().Count());
-        overlap.Begin(nItem);
-        const SPlace place = scene.DrawPlace(nItem);
-        const double plain = PlainValue(scene, overlap, place);
-        ASSERT_NEAR(overlap.ValueAt(place, HUGE_VAL), plain, 1e-12 * plain);
+    trials.Make([&](const SPlace& place) {
+        const double plain = PlainValue(trials.m_Scene, trials.m_Overlap, place);
+        ASSERT_NEAR(trials.m_Overlap.ValueAt(place, HUGE_VAL), plain, 1e-12 * plain);
         nOverlapping += plain > 0.0 ? 1 : 0;
-        overlap.End();
-    }
-    EXPECT_GT(nOverlapping, RandomCases(2000) / 2);
+    });
+    EXPECT_GT(nOverlapping, CTrials::Count() / 2);
 }
 
 TEST(ItemOverlap, IsExactBelowTheLimitAndAtLeastTheLimitElse) {
-    CMoveScene scene(support::MixedSet(), STRIP, HEIGHT, 2);
-    CItemOverlap overlap(scene.Layout(), scene.Weights());
+    CTrials trials(2);
     int nInexact = 0;
-    for (int i = 0; i < RandomCases(2000); ++i) {
-        const size_t nItem = scene.Random().Index(scene.Layout().Count());
-        overlap.Begin(nItem);
-        const SPlace place = scene.DrawPlace(nItem);
-        const double exact = overlap.ValueAt(place, HUGE_VAL);
-        const double limit = static_cast<double>(scene.Random().Between(0.1F, 1.5F)) * exact;
-        const double answer = overlap.ValueAt(place, limit);
+    trials.Make([&](const SPlace& place) {
+        const double exact = trials.m_Overlap.ValueAt(place, HUGE_VAL);
+        const double limit = static_cast<double>(trials.m_Scene.Random().Between(0.1F, 1.5F)) * exact;
+        const double answer = trials.m_Overlap.ValueAt(place, limit);
         ASSERT_LE(answer, exact * (1.0 + 1e-12));
         ASSERT_TRUE(answer == exact || answer >= limit * (1.0 - 1e-12)) << answer << " of " << exact;
         nInexact += answer < exact ? 1 : 0;
-        overlap.End();
-    }
-    EXPECT_GT(nInexact, RandomCases(2000) / 8);
+    });
+    EXPECT_GT(nInexact, CTrials::Count() / 8);
 }
 
 TEST(ItemOverlap, OfOneItemLeavesNothingBehindForTheNext) {
-    CMoveScene scene(support::MixedSet(), STRIP, HEIGHT, 3);
+    CMoveScene scene = support::MixedScene(3);
     CItemOverlap used(scene.Layout(), scene.Weights());
     for (size_t nItem = 0; nItem < scene.Layout().Count(); ++nItem) {
-        used.Begin(nItem);
+        const CItemOverlap::CScope ofItem(used, nItem);
         CItemOverlap fresh(scene.Layout(), scene.Weights());
-        fresh.Begin(nItem);
+        const CItemOverlap::CScope freshOfItem(fresh, nItem);
         for (size_t nOther = 0; nOther < scene.Layout().Count(); ++nOther) {
             ASSERT_EQ(used.FactorOf(nOther), fresh.FactorOf(nOther)) << nItem << " and " << nOther;
         }
-        used.End();
     }
 }
 
 TEST(ItemOverlap, IsNoLessThanWhatAllFieldsTogetherSayItIsAtLeast) {
-    CMoveScene scene(support::MixedSet(), STRIP, HEIGHT, 4);
-    CItemOverlap overlap(scene.Layout(), scene.Weights());
+    CTrials trials(4);
+    const size_t nOthers = trials.m_Scene.Layout().Count() - 1;
+    // Single precision may look some hundred units off: a millionth of the strip's width.
+    const double rounding = trials.m_Scene.InUnits(1e-6 * 80.0) * static_cast<double>(nOthers);
     std::vector<SLeastDepths> depths;
     int nPositive = 0;
-    for (int i = 0; i < RandomCases(2000); ++i) {
-        const size_t nItem = scene.Random().Index(scene.Layout().Count());
-        overlap.Begin(nItem);
-        const SPlace place = scene.DrawPlace(nItem);
-        overlap.CollectLeastDepths(place.m_nVersion, depths);
-        ASSERT_EQ(depths.size(), scene.Layout().Count() - 1) << "all others";
+    trials.Make([&](const SPlace& place) {
+        trials.m_Overlap.CollectLeastDepths(place.m_nVersion, depths);
+        ASSERT_EQ(depths.size(), nOthers);
         SPlaceBatch batch{};
         batch.m_fX[0] = static_cast<float>(place.m_At.m_X);
         batch.m_fY[0] = static_cast<float>(place.m_At.m_Y);
         SumLeastDepths(depths, batch);
-        // Single precision may look some hundred units off: a millionth of the strip's width.
-        const double rounding = scene.InUnits(1e-6 * STRIP.m_Width) * static_cast<double>(depths.size());
-        ASSERT_LE(static_cast<double>(batch.m_fLeast[0]), overlap.ValueAt(place, HUGE_VAL) + rounding);
-        nPositive += batch.m_fLeast[0] > 0.0F ? 1 : 0;
-        overlap.End();
-    }
-    EXPECT_GT(nPositive, RandomCases(2000) / 2);
+        const double least = static_cast<double>(batch.m_fLeast[0]);
+        ASSERT_LE(least, trials.m_Overlap.ValueAt(place, HUGE_VAL) + rounding);
+        nPositive += least > 0.0 ? 1 : 0;
+    });
+    EXPECT_GT(nPositive, CTrials::Count() / 2);
 }
 
 }  // namespace

@@ -3,25 +3,22 @@
 #include <gtest/gtest.h>
 
 #include "nest/CFieldTable.h"
-#include "tests/nest/FreeSets.h"
+#include "tests/nest/CFieldScene.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {
 
 namespace {
 
-using support::CSeededRandom;
+using support::CFieldScene;
 using support::RandomCases;
-
-constexpr SFreeStrip STRIP{80.0, 1.0, 0.0};
 
 using CPlaces = std::vector<SPoint>;  ///< as many as there are in a batch
 
-CPlaces DrawPlaces(CSeededRandom& random, SPoint middle, double reach) {
+CPlaces DrawPlaces(CFieldScene& scene, SPoint middle, double reach) {
     CPlaces places;
     for (size_t i = 0; i < SPlaceBatch::SIZE; ++i) {
-        const double x = static_cast<double>(random.Between(-1.0F, 1.0F)) * reach;
-        places.push_back(middle + SPoint{x, static_cast<double>(random.Between(-1.0F, 1.0F)) * reach});
+        places.push_back(scene.DrawAround(middle, reach));
     }
     return places;
 }
@@ -61,13 +58,11 @@ struct SCase {
     double m_Factor;
     CPlaces m_Places;
 
-    SCase(CSeededRandom& random, const CPackProblem& problem)
-        : m_nMoves(random.Index(problem.Versions().size())),
-          m_nStays(random.Index(problem.Versions().size())) {
-        const double unit = 1.0 / problem.Grid().Length(1);
-        m_Stays = DrawPlaces(random, {}, 100.0 * unit).front();
-        m_Factor = static_cast<double>(random.Between(0.1F, 50.0F));
-        m_Places = DrawPlaces(random, m_Stays, random.Pick({10.0, 15.0, 40.0, 2'000.0, 100'000.0}) * unit);
+    explicit SCase(CFieldScene& scene) : m_nMoves(scene.DrawVersion()), m_nStays(scene.DrawVersion()) {
+        const double reach = scene.Random().Pick({10.0, 15.0, 40.0, 2'000.0, 100'000.0});
+        m_Stays = scene.DrawAround({}, scene.InUnits(100.0));
+        m_Factor = static_cast<double>(scene.Random().Between(0.1F, 50.0F));
+        m_Places = DrawPlaces(scene, m_Stays, scene.InUnits(reach));
     }
 
     [[nodiscard]] SLeastDepths LeastDepthsIn(CFieldTable& table) const {
@@ -77,14 +72,12 @@ struct SCase {
 };
 
 TEST(LeastDepths, AreNeverAboveTheDepthAndWithinACellOfIt) {
-    const std::vector<SPiece> pieces = support::TurnedSet();
-    const CPackProblem problem(pieces, STRIP, true);
-    CFieldTable table(problem);
-    CSeededRandom random(1);
+    CFieldScene scene(1, support::TurnedSet(), 1.0);
+    CFieldTable& table = scene.Table();
     int nDeep = 0;
     int nPositive = 0;
     for (int i = 0; i < RandomCases(4000); ++i) {
-        const SCase pair(random, problem);
+        const SCase pair(scene);
         const CPairField& field = *table.WayOf(pair.m_nMoves, pair.m_nStays).m_pField;
         const std::vector<float> least = SumOf({{pair.LeastDepthsIn(table)}}, pair.m_Places);
         for (size_t k = 0; k < least.size(); ++k) {
@@ -105,19 +98,16 @@ TEST(LeastDepths, AreNeverAboveTheDepthAndWithinACellOfIt) {
 }
 
 TEST(LeastDepths, OfSeveralFieldsAreAddedUpInTheirOrderAndNothingIsContracted) {
-    const std::vector<SPiece> pieces = support::TurnedSet();
-    const CPackProblem problem(pieces, STRIP, true);
-    CFieldTable table(problem);
-    CSeededRandom random(2);
+    CFieldScene scene(2, support::TurnedSet(), 1.0);
     int nSeveral = 0;
     for (int i = 0; i < RandomCases(500); ++i) {
-        const CPlaces places = SCase(random, problem).m_Places;
+        const CPlaces places = SCase(scene).m_Places;
         std::vector<SLeastDepths> fields;
         std::vector<float> expected(SPlaceBatch::SIZE, 0.0F);
-        for (int k = random.Range(0, 20); k > 0; --k) {
-            SCase other(random, problem);
-            other.m_Stays = places[random.Index(places.size())];
-            fields.push_back(other.LeastDepthsIn(table));
+        for (int k = scene.Random().Range(0, 20); k > 0; --k) {
+            SCase other(scene);
+            other.m_Stays = places[scene.Random().Index(places.size())];
+            fields.push_back(other.LeastDepthsIn(scene.Table()));
             const std::vector<float> alone = SumOf({{fields.back()}}, places);
             for (size_t nPlace = 0; nPlace < places.size(); ++nPlace) {
                 nSeveral += expected[nPlace] > 0.0F && alone[nPlace] > 0.0F ? 1 : 0;
@@ -137,12 +127,12 @@ TEST(LeastDepths, OfAFieldWithoutBorderAreNoneAnywhere) {
     const CConvexPart square{{0, 0}, {10, 0}, {10, 10}, {0, 10}};
     const CPairField tooSmall({{square}}, {{square}}, -1000.0);
     const CPairField withoutParts({}, {}, 0.0);
-    CSeededRandom random(3);
+    CFieldScene scene(3);
     for (const CPairField* pField : {&tooSmall, &withoutParts}) {
         ASSERT_TRUE(pField->Border().empty());
         for (const double reach : {1.0, 1e3, 1e9, 1e30}) {
             const SLeastDepths least = pField->LeastDepths(DirectionOf(30), {12.0, 34.0}, 5.0);
-            EXPECT_EQ(SumOf({{least}}, DrawPlaces(random, {}, reach)),
+            EXPECT_EQ(SumOf({{least}}, DrawPlaces(scene, {}, reach)),
                       std::vector<float>(SPlaceBatch::SIZE, 0.0F))
                 << reach;
         }

@@ -24,11 +24,11 @@ SCandidate Refined(CItemOverlap& overlap, const SPlace& place, uint64_t nSeed) {
 }
 
 TEST(PlaceRefiner, NeverMakesAPlaceWorseNorLeavesTheRoomNorTheVersion) {
-    CMoveScene scene(support::MixedSet(), {80.0, 1.0, 2.0}, 60.0, 1);
+    CMoveScene scene = support::MixedScene(1);
     CItemOverlap overlap(scene.Layout(), scene.Weights());
     int nMuchBetter = 0;
     for (int i = 0; i < RandomCases(1000); ++i) {
-        overlap.Begin(scene.Random().Index(scene.Layout().Count()));
+        const CItemOverlap::CScope ofItem(overlap, scene.Random().Index(scene.Layout().Count()));
         const SPlace from = scene.DrawPlace(overlap.Item());
         const double before = overlap.ValueAt(from, HUGE_VAL);
         const SCandidate to = Refined(overlap, from, static_cast<uint64_t>(i));
@@ -37,7 +37,6 @@ TEST(PlaceRefiner, NeverMakesAPlaceWorseNorLeavesTheRoomNorTheVersion) {
         ASSERT_EQ(to.m_Place.m_nVersion, from.m_nVersion);
         ASSERT_TRUE(scene.IsInRoom(to.m_Place));
         nMuchBetter += to.m_Value < 0.8 * before ? 1 : 0;
-        overlap.End();
     }
     EXPECT_GT(nMuchBetter, RandomCases(1000) / 2);
 }
@@ -46,7 +45,7 @@ TEST(PlaceRefiner, LeavesAPlaceWithoutOverlap) {
     CMoveScene scene({support::Copies(support::Box(10.0, 10.0), 2)}, {40.0, 0.0, 0.0}, 10.0, 1);
     scene.Put(1, 35.0, 5.0);
     CItemOverlap overlap(scene.Layout(), scene.Weights());
-    overlap.Begin(0);
+    const CItemOverlap::CScope ofItem(overlap, 0);
     const SPlace place{{scene.InUnits(20.0), scene.InUnits(5.0)}, 0};
     for (uint64_t nSeed = 0; nSeed < 20; ++nSeed) {
         EXPECT_EQ(Refined(overlap, place, nSeed).m_Place.m_At, place.m_At);
@@ -57,7 +56,7 @@ TEST(PlaceRefiner, MovesAnItemOutOfASmallOverlap) {
     CMoveScene scene({support::Copies(support::Box(10.0, 10.0), 2)}, {40.0, 0.0, 0.0}, 40.0, 1);
     scene.Put(1, 20.0, 20.0);
     CItemOverlap overlap(scene.Layout(), scene.Weights());
-    overlap.Begin(0);
+    const CItemOverlap::CScope ofItem(overlap, 0);
     for (uint64_t nSeed = 0; nSeed < 50; ++nSeed) {
         const SDirection way = DirectionOf(static_cast<double>(nSeed * 7));
         const SPlace place{{scene.InUnits(20.0 + 9.0 * way.m_Cosine), scene.InUnits(20.0 + 9.0 * way.m_Sine)},
@@ -74,7 +73,7 @@ TEST(PlaceRefiner, PutsAnItemExactlyIntoAGapAsLargeAsItIs) {
         scene.Put(static_cast<size_t>(i), 5.0 + 10.0 * (i % 3), 5.0 + 10.0 * (i / 3));
     }
     CItemOverlap overlap(scene.Layout(), scene.Weights());
-    overlap.Begin(4);
+    const CItemOverlap::CScope ofItem(overlap, 4);
     const SPoint gap{scene.InUnits(15.0), scene.InUnits(15.0)};
     for (uint64_t nSeed = 0; nSeed < 50; ++nSeed) {
         const SPlace from{scene.DrawAround(gap, 1.5), scene.VersionsOf(4).front()};

@@ -34,18 +34,14 @@ protected:
     PlaceSampler() : m_Scene(Crowded(GetParam(), 1)), m_Overlap(m_Scene.Layout(), m_Scene.Weights()) {}
 
     SCandidate FindBest(size_t nItem, uint64_t nSeed) {
-        m_Overlap.Begin(nItem);
+        const CItemOverlap::CScope ofItem(m_Overlap, nItem);
         CRandom random(nSeed);
-        const SCandidate found = CPlaceSampler(m_Overlap, random).FindBest();
-        m_Overlap.End();
-        return found;
+        return CPlaceSampler(m_Overlap, random).FindBest();
     }
 
     [[nodiscard]] double ValueOf(size_t nItem, const SPlace& place) {
-        m_Overlap.Begin(nItem);
-        const double value = m_Overlap.ValueAt(place, HUGE_VAL);
-        m_Overlap.End();
-        return value;
+        const CItemOverlap::CScope ofItem(m_Overlap, nItem);
+        return m_Overlap.ValueAt(place, HUGE_VAL);
     }
 
     CMoveScene m_Scene;
@@ -102,16 +98,16 @@ TEST_P(PlaceSampler, FindsTheSameAgainFromTheSameSeed) {
 }
 
 TEST_P(PlaceSampler, IsNotMisledByWhatItAskedForAnotherItem) {
-    m_Overlap.Begin(0);
     CRandom random(1);
     CPlaceSampler used(m_Overlap, random);
-    (void)used.FindBest();
-    m_Overlap.End();
+    const auto findBest = [&](size_t nItem) {
+        const CItemOverlap::CScope ofItem(m_Overlap, nItem);
+        return used.FindBest();
+    };
+    (void)findBest(0);
     for (size_t nItem = 1; nItem < m_Scene.Layout().Count(); ++nItem) {
         random = CRandom(nItem);
-        m_Overlap.Begin(nItem);
-        const SCandidate found = used.FindBest();
-        m_Overlap.End();
+        const SCandidate found = findBest(nItem);
         const SCandidate expected = FindBest(nItem, nItem);
         ASSERT_EQ(found.m_Place.m_At, expected.m_Place.m_At);
         ASSERT_EQ(found.m_Value, expected.m_Value);
@@ -153,13 +149,13 @@ public:
                             middleOf(nRow, nRows / 2));
             }
         }
-        const int nItem = nRows / 2 * COLUMNS + 1;
-        m_Scene.Put(static_cast<size_t>(nItem), middleOf(1, 1) + off, middleOf(nRows / 2, nRows / 2) + off);
-        m_Overlap.Begin(static_cast<size_t>(nItem));
+        m_nItem = static_cast<size_t>(nRows / 2 * COLUMNS + 1);
+        m_Scene.Put(m_nItem, middleOf(1, 1) + off, middleOf(nRows / 2, nRows / 2) + off);
     }
 
     /// In how many of a hundred attempts the gap is found.
     int CountFinds() {
+        const CItemOverlap::CScope ofItem(m_Overlap, m_nItem);
         int nFinds = 0;
         for (uint64_t nSeed = 0; nSeed < 100; ++nSeed) {
             CRandom random(nSeed);
@@ -173,6 +169,7 @@ private:
     CMoveScene m_Scene;
     CPairWeights m_Unweighted;
     CItemOverlap m_Overlap;
+    size_t m_nItem = 0;  ///< the one in the wall
 };
 
 TEST(PlaceSamplerInAWall, FindsAGapAsLargeAsTheItemWhereItTouchesTheOthers) {

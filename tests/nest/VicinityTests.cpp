@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/nest/CMoveScene.h"
-#include "tests/nest/FreeSets.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {
@@ -13,9 +12,8 @@ namespace {
 using support::CMoveScene;
 using support::RandomCases;
 
-constexpr SFreeStrip STRIP{80.0, 1.0, 2.0};
-constexpr double HEIGHT = 60.0;
 constexpr double REACH = 5.0;
+constexpr double OUT_OF_THE_STRIP = 120.0;
 
 /// Its neighbours are summed up in another order.
 constexpr double ROUNDING = 1e-12;
@@ -27,7 +25,7 @@ constexpr double TURNING = 1e-3;
 class CWalk {
 public:
     explicit CWalk(uint64_t nSeed)
-        : m_Scene(support::MixedSet(), STRIP, HEIGHT, nSeed),
+        : m_Scene(support::MixedScene(nSeed)),
           m_Overlap(m_Scene.Layout(), m_Scene.Weights()),
           m_Vicinity(m_Overlap) {}
 
@@ -35,18 +33,18 @@ public:
     template <class TVisit>
     void Go(TVisit&& visit) {
         for (int i = 0; i < RandomCases(200); ++i) {
-            m_Overlap.Begin(m_Scene.Random().Index(m_Scene.Layout().Count()));
+            const CItemOverlap::CScope ofItem(m_Overlap, m_Scene.Random().Index(m_Scene.Layout().Count()));
             const SPlace from = m_Scene.DrawPlace(m_Overlap.Item());
             m_Vicinity.Enter(from, m_Scene.InUnits(REACH));
             for (int k = 0; k < 20; ++k) {
-                const double reach = m_Scene.Random().Pick({REACH, REACH, REACH, 4.0 * REACH, 2.0 * HEIGHT});
+                const double reach =
+                    m_Scene.Random().Pick({REACH, REACH, REACH, 4.0 * REACH, OUT_OF_THE_STRIP});
                 const SPlace place{m_Scene.DrawAround(from.m_At, reach), from.m_nVersion};
                 visit(place, m_Overlap.ValueAt(place, HUGE_VAL));
                 if (testing::Test::HasFatalFailure()) {
                     return;
                 }
             }
-            m_Overlap.End();
         }
     }
 

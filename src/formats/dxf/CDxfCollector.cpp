@@ -8,7 +8,7 @@
 
 #include "formats/dxf/DxfText.h"
 #include "formats/dxf/OwnData.h"
-#include "formats/dxf/TextPlaces.h"
+#include "formats/dxf/TextEntities.h"
 #include "packing/SGrid.h"
 
 namespace nestrix {
@@ -17,10 +17,7 @@ namespace {
 
 constexpr int LAYER_FROZEN = 1;
 constexpr int BLOCK_ELSEWHERE = 4;
-constexpr int POLYLINE_CLOSED = 1;
 constexpr int POLYLINE_MESHES = 16 | 64;
-constexpr int SPLINE_CLOSED = 1;
-constexpr double DEGREES_IN_A_RADIAN = 57.29577951308232;
 
 /// A direction this near to straight up or down was meant to be it.
 constexpr double STRAIGHT = 1e-6;
@@ -103,74 +100,52 @@ void CDxfCollector::addPolyline(const DL_PolylineData& data) {
     } else if (!plane) {
         AddUnread("tilted POLYLINE", attributes.getLayer());
     } else {
-        m_Polyline = {Described(), *plane, (data.flags & POLYLINE_CLOSED) != 0, {}};
+        m_Polyline.emplace(Described(), *plane, data);
     }
 }
 
 void CDxfCollector::addVertex(const DL_VertexData& data) {
     if (m_Polyline) {
-        m_Polyline->m_Vertices.push_back({{data.x, data.y}, data.bulge});
+        m_Polyline->Add(data);
     }
 }
 
 void CDxfCollector::addSpline(const DL_SplineData& data) {
-    m_Spline.emplace();
-    m_Spline->m_Drawn = Described();
-    m_Spline->m_Curve.m_nDegree = static_cast<int>(std::min<unsigned>(data.degree, HIGHEST_DEGREE + 1));
-    m_Spline->m_Fit.m_bClosed = (data.flags & SPLINE_CLOSED) != 0;
-    m_Spline->m_Fit.m_StartTangent = SPoint{data.tangentStartX, data.tangentStartY};
-    m_Spline->m_Fit.m_EndTangent = SPoint{data.tangentEndX, data.tangentEndY};
+    m_Spline.emplace(Described(), data);
 }
 
 void CDxfCollector::addControlPoint(const DL_ControlPointData& data) {
     if (m_Spline) {
-        m_Spline->m_Curve.m_Controls.push_back({data.x, data.y});
-        m_Spline->m_Curve.m_Weights.push_back(data.w);
+        m_Spline->Add(data);
     }
 }
 
 void CDxfCollector::addFitPoint(const DL_FitPointData& data) {
     if (m_Spline) {
-        m_Spline->m_Fit.m_Points.push_back({data.x, data.y});
+        m_Spline->Add(data);
     }
 }
 
 void CDxfCollector::addKnot(const DL_KnotData& data) {
     if (m_Spline) {
-        m_Spline->m_Curve.m_Knots.push_back(data.k);
+        m_Spline->Add(data);
     }
 }
 
-/// The end of a polyline or a spline, of which dxflib tells in several calls.
 void CDxfCollector::endEntity() {
     if (const auto polyline = std::exchange(m_Polyline, std::nullopt)) {
-        EndPolyline(*polyline);
+        Add(polyline->End());
     }
     if (const auto spline = std::exchange(m_Spline, std::nullopt)) {
-        EndSpline(*spline);
+        Add(spline->End());
     }
 }
 
-void CDxfCollector::EndPolyline(const SPendingPolyline& polyline) {
-    if (polyline.m_Vertices.size() < 2) {
-        m_Findings.Add(SFinding::ESeverity::ODD, polyline.m_Drawn.m_nLine,
-                       "a polyline has fewer than two vertices");
-        return;
-    }
-    Add(polyline.m_Drawn, polyline.m_Plane(PolylinePath(polyline.m_Vertices, polyline.m_bClosed)));
-}
-
-void CDxfCollector::EndSpline(const SPendingSpline& spline) {
-    const bool bFitOnly = spline.m_Curve.m_Controls.empty();
-    const std::string fault = bFitOnly ? "" : FaultOf(spline.m_Curve);
-    const auto path = bFitOnly        ? FitPointPath(spline.m_Fit)
-                      : fault.empty() ? std::optional(PathOf(spline.m_Curve))
-                                      : std::nullopt;
-    if (path) {
-        Add(spline.m_Drawn, *path);
+void CDxfCollector::Add(const SEndedCurve& curve) {
+    if (curve.m_Path) {
+        Add(curve.m_Drawn, *curve.m_Path);
     } else {
-        m_Findings.Fault(spline.m_Drawn.m_nLine,
-                         bFitOnly ? "a spline has fewer than two different points" : fault);
+        m_Findings.Add(curve.m_eSeverity, curve.m_Drawn.m_nLine, curve.m_Message);
     }
 }
 
@@ -200,17 +175,7 @@ void CDxfCollector::addText(const DL_TextData& data) {
         AddUnread("tilted TEXT", attributes.getLayer());
         return;
     }
-    STextAlignment alignment;
-    alignment.m_At = {data.ipx, data.ipy};
-    if (std::isfinite(data.apx) && std::isfinite(data.apy)) {
-        alignment.m_Aligned = SPoint{data.apx, data.apy};
-    }
-    alignment.m_nHorizontal = data.hJustification;
-    alignment.m_nVertical = data.vJustification;
-    alignment.m_nFlags = data.textGenerationFlags;
-    alignment.m_WidthFactor = data.xScaleFactor;
-    alignment.m_Degrees = data.angle * DEGREES_IN_A_RADIAN;
-    Add((*plane)(PlacedText(DecodedText(data.text), data.height, alignment)));
+    Add((*plane)(TextOf(data)));
 }
 
 void CDxfCollector::addAttribute(const DL_AttributeData& data) {
@@ -221,14 +186,8 @@ void CDxfCollector::addMTextChunk(const std::string& text) {
     m_LongText += text;
 }
 
-/// Its place and direction are those of the drawing.
 void CDxfCollector::addMText(const DL_MTextData& data) {
-    const auto lines = DecodedLines(std::exchange(m_LongText, {}) + data.text);
-    for (SDrawnText& line : PlacedLines(lines, {{data.ipx, data.ipy},
-                                                data.height,
-                                                data.angle * DEGREES_IN_A_RADIAN,
-                                                data.attachmentPoint,
-                                                data.lineSpacingFactor})) {
+    for (SDrawnText& line : LinesOf(data, std::exchange(m_LongText, {}))) {
         Add(std::move(line));
     }
 }

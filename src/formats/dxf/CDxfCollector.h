@@ -7,9 +7,7 @@
 #include <vector>
 
 #include "formats/dxf/CDxfFindings.h"
-#include "formats/dxf/DxfArcs.h"
-#include "formats/dxf/DxfSplines.h"
-#include "formats/dxf/FitPointCurve.h"
+#include "formats/dxf/PendingCurves.h"
 #include "formats/dxf/SDxfContent.h"
 
 namespace nestrix {
@@ -60,18 +58,6 @@ public:
     void addXDataString(int nCode, const std::string& value) override;
 
 private:
-    struct SPendingPolyline {
-        SDrawnPath m_Drawn;  ///< all but the path
-        SMap m_Plane;
-        bool m_bClosed = false;
-        std::vector<SBulgeVertex> m_Vertices;
-    };
-    struct SPendingSpline {
-        SDrawnPath m_Drawn;  ///< all but the path
-        SSpline m_Curve;
-        SFitPoints m_Fit;
-    };
-
     /// From the plane that the entity lies in to that seen from above; nothing for a tilted one.
     [[nodiscard]] std::optional<SMap> FindPlane() const;
     [[nodiscard]] std::string Layer() const;
@@ -83,8 +69,7 @@ private:
     void AddInPlane(const char* pKind, const SPath& path);
     void Add(SDrawnText text);
     void Add(CDxfEntity entity);
-    void EndPolyline(const SPendingPolyline& polyline);
-    void EndSpline(const SPendingSpline& spline);
+    void Add(const SEndedCurve& curve);
 
     SDxfContent& m_Content;
     CDxfFindings& m_Findings;
@@ -94,8 +79,8 @@ private:
     int m_nLine = 0;
     bool m_bOwnData = false;             ///< what follows was written by WriteDxfPlan
     std::vector<std::string> m_OwnData;  ///< on the present record
-    std::optional<SPendingPolyline> m_Polyline;
-    std::optional<SPendingSpline> m_Spline;
+    std::optional<CPendingPolyline> m_Polyline;
+    std::optional<CPendingSpline> m_Spline;
     std::string m_LongText;  ///< what has come of an MTEXT
 };
 

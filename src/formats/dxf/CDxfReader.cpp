@@ -112,7 +112,7 @@ void CDxfReader::ReadInSection(CRecord record) {
         ReadEntity(WithoutEmbedded(record), *pKind);
     } else if (name != "ATTDEF") {
         Begin(record.front());
-        m_Collector.AddUnread(InQuotes(name), std::string(ValueOf(record, LAYER)));
+        m_Collector.AddUnread(Quoted(name), std::string(ValueOf(record, LAYER)));
     }
 }
 

@@ -11,7 +11,6 @@ constexpr std::string_view BLANKS = " \t\r\n\v\f";
 constexpr int TEXT = 1;
 constexpr int MORE_TEXT = 3;
 constexpr int EXTENDED_TEXT = 1000;
-constexpr size_t MOST_QUOTED = 20;
 
 bool NamesARecord(int nCode) {
     return nCode == 0 || nCode == 9;
@@ -23,13 +22,6 @@ std::string_view Trimmed(std::string_view text) {
     const size_t nFirst = text.find_first_not_of(BLANKS);
     return nFirst == std::string_view::npos ? std::string_view()
                                             : text.substr(nFirst, text.find_last_not_of(BLANKS) - nFirst + 1);
-}
-
-std::string InQuotes(std::string_view text) {
-    std::string quoted(text.substr(0, MOST_QUOTED));
-    std::replace_if(
-        quoted.begin(), quoted.end(), [](char letter) { return letter < ' ' || letter > '~'; }, '?');
-    return "\"" + quoted + (text.size() > MOST_QUOTED ? "...\"" : "\"");
 }
 
 CDxfRecords::CDxfRecords(std::string_view text) : m_Rest(text) {
@@ -70,7 +62,7 @@ bool CDxfRecords::ReadGroup() {
     }
     const auto [pEnd, error] = std::from_chars(code.data(), code.data() + code.size(), m_Ahead.m_nCode);
     if (error != std::errc() || pEnd != code.data() + code.size()) {
-        m_Fault = InQuotes(code) + " is no group code of a DXF file";
+        m_Fault = Quoted(code) + " is no group code of a DXF file";
         return false;
     }
     if (m_Rest.empty()) {

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "drawing/Quoting.h"
+
 namespace nestrix {
 
 /// A group of a DXF file: a code that tells what its value means, and the value, on a line each.
@@ -50,7 +52,9 @@ private:
 /// Without the blanks around it.
 [[nodiscard]] std::string_view Trimmed(std::string_view text);
 
-/// What can be shown of a text that is anything: its beginning in quotation marks.
-[[nodiscard]] std::string InQuotes(std::string_view text);
+/// What a file says, for a message.
+[[nodiscard]] inline std::string Quoted(std::string_view text) {
+    return Quoted(text, {'"', '?', 20});
+}
 
 }  // namespace nestrix

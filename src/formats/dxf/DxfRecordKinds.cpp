@@ -85,12 +85,12 @@ std::string FaultOf(const SDxfGroup& group) {
     }
     if (IsReal(group.m_nCode)) {
         if (!Reads(group.m_Value, number) || !std::isfinite(number)) {
-            return InQuotes(group.m_Value) + " is no finite number";
+            return Quoted(group.m_Value) + " is no finite number";
         }
-        return std::abs(number) <= LARGEST_NUMBER ? "" : InQuotes(group.m_Value) + " is too large";
+        return std::abs(number) <= LARGEST_NUMBER ? "" : Quoted(group.m_Value) + " is too large";
     }
     if (IsWhole(group.m_nCode) && !Reads(group.m_Value, nNumber)) {
-        return InQuotes(group.m_Value) + " is no whole number";
+        return Quoted(group.m_Value) + " is no whole number";
     }
     return {};
 }

@@ -16,7 +16,7 @@ CJsonWriter& CJsonWriter::Name(std::string_view name) {
 }
 
 void CJsonWriter::Text(std::string_view text) {
-    Put(QuotedText(text));
+    Put(JsonString(text));
 }
 
 void CJsonWriter::Number(double number) {

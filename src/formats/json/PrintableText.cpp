@@ -41,7 +41,7 @@ std::string WithoutOtherControls(std::string_view text) {
 
 }  // namespace
 
-std::string QuotedText(std::string_view text) {
+std::string JsonString(std::string_view text) {
     // Not as ASCII: names are to be read.
     return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
@@ -55,7 +55,7 @@ std::string PrintableText(std::string_view text, size_t nMost) {
         }
         text = text.substr(0, nEnd);
     }
-    const std::string quoted = WithoutOtherControls(QuotedText(text));
+    const std::string quoted = WithoutOtherControls(JsonString(text));
     std::string plain;
     // Quotes and backslashes are harmless as they are.
     for (size_t i = 1; i + 1 < quoted.size(); ++i) {

@@ -11,6 +11,6 @@ namespace nestrix {
 [[nodiscard]] std::string PrintableText(std::string_view text, size_t nMost);
 
 /// Any bytes as a JSON string, quotes included. What is no UTF-8 is replaced.
-[[nodiscard]] std::string QuotedText(std::string_view text);
+[[nodiscard]] std::string JsonString(std::string_view text);
 
 }  // namespace nestrix

@@ -8,7 +8,6 @@ namespace {
 
 constexpr size_t MOST_FINDINGS = 100;
 constexpr size_t MOST_KINDS = 100;
-constexpr size_t LONGEST_QUOTE = 40;
 
 }  // namespace
 
@@ -42,19 +41,6 @@ std::vector<SFinding> CSvgFindings::Finish() {
         findings.push_back({m_Path, 0, m_eUntold, "and so on, " + std::to_string(m_nUntold) + " times more"});
     }
     return findings;
-}
-
-std::string Quoted(std::string_view text) {
-    size_t nLength = std::min(text.size(), LONGEST_QUOTE);
-    while (nLength > 0 && nLength < text.size() &&
-           (static_cast<unsigned char>(text[nLength]) & 0xC0U) == 0x80U) {
-        --nLength;  // not through the middle of a character
-    }
-    std::string quoted = "'";
-    for (const char c : text.substr(0, nLength)) {
-        quoted.push_back(static_cast<unsigned char>(c) < ' ' ? ' ' : c);
-    }
-    return quoted.append(nLength < text.size() ? "...'" : "'");
 }
 
 }  // namespace nestrix

@@ -2,7 +2,10 @@
 
 #include <map>
 #include <string>
+#include <string_view>
+#include <vector>
 
+#include "drawing/Quoting.h"
 #include "drawing/SDrawing.h"
 #include "formats/svg/CSvgFile.h"
 
@@ -40,7 +43,9 @@ private:
     std::map<std::string, SKind> m_Kinds;
 };
 
-/// The text, shortened for a message where it is long.
-[[nodiscard]] std::string Quoted(std::string_view text);
+/// What a file says, for a message.
+[[nodiscard]] inline std::string Quoted(std::string_view text) {
+    return Quoted(text, {'\'', ' ', 40});
+}
 
 }  // namespace nestrix
