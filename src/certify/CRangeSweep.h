@@ -7,6 +7,7 @@
 
 namespace nestrix::certify {
 
+/// The part of the line of a sweep that something takes.
 struct SRange {
     int64_t m_nLow = 0;
     int64_t m_nHigh = 0;

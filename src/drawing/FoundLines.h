@@ -17,6 +17,7 @@ struct SFoundLine {
     int m_nLine = 0;
 };
 
+/// What the lines of a drawing are good for.
 struct SFoundLines {
     std::vector<SFoundLine> m_Contours;  ///< closed, and with an inside
     std::vector<SFoundLine> m_Marks;     ///< all others

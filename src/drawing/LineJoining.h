@@ -13,6 +13,7 @@ struct SJoinedLine {
     std::vector<size_t> m_Sources;  ///< indices of the lines that it is made of, ascending
 };
 
+/// Joined lines, by whether their ends meet.
 struct SJoinedLines {
     std::vector<SJoinedLine> m_Closed;
     std::vector<SJoinedLine> m_Open;

@@ -8,6 +8,7 @@ namespace nestrix {
 
 using CLineWalk = std::vector<SDirectedLine>;
 
+/// Ways along lines, by whether their ends meet.
 struct SLineWalks {
     std::vector<CLineWalk> m_Closed;
     std::vector<CLineWalk> m_Open;

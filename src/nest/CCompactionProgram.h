@@ -31,6 +31,7 @@ struct SKeepApart {
 /// Items that do not move have this number.
 inline constexpr size_t NOT_MOVABLE = static_cast<size_t>(-1);
 
+/// What a compaction moves, and what it leaves.
 struct SCompaction {
     std::vector<SPoint> m_Moves;  ///< of each movable item
     double m_Overlap = 0.0;       ///< what could not be taken apart, in units: the sum over all pairs

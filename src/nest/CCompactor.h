@@ -22,6 +22,7 @@ class CCompactor {
 public:
     explicit CCompactor(const CPackProblem& problem);
 
+    /// A layout after a compaction.
     struct SResult {
         std::vector<SPlace> m_Places;  ///< points of the grid
         double m_Overlap = 0.0;        ///< how much of the overlaps is left, in units; 0: none

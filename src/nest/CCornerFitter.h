@@ -21,6 +21,7 @@ public:
     /// Whether it is worth trying: pieces touch, are not too many and have no long ragged borders.
     [[nodiscard]] static bool IsWorthTrying(const CPackProblem& problem);
 
+    /// A layout with all items.
     struct SFit {
         /// For each item, on the grid; touching pieces may overlap a little. Those that fitted nowhere lie
         /// above the others.

@@ -63,6 +63,7 @@ public:
 
     void Add(size_t nPiece, const SPlace& place);
 
+    /// A copy of a piece in its place.
     struct SPlaced {
         size_t m_nPiece;
         SPlace m_Place;

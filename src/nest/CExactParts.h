@@ -11,6 +11,7 @@ namespace nestrix {
 /// The convex parts of all versions' exact outlines, which are made when they are first asked for.
 class CExactParts {
 public:
+    /// A convex part of a version, with its bounding box.
     struct SPart {
         CConvexPart m_Part;
         SPlaneBox m_Box;

@@ -21,6 +21,7 @@ public:
     /// @param reach no item moves farther along either axis. Both in units.
     CPartPairs(CExactParts& parts, double spacing, double reach);
 
+    /// One side of the pairs: an item in its place.
     struct SItem {
         size_t m_nNumber = NOT_MOVABLE;  ///< in the program
         size_t m_nVersion = 0;

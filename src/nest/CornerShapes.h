@@ -10,6 +10,7 @@ namespace nestrix {
 /// An outline as its sides, each with the corner in which it begins; counter-clockwise, relative to the
 /// reference point, in units.
 struct SCornerShape {
+    /// A side of a border, with its inside to the left.
     struct SSide {
         SPoint m_From;
         SPoint m_Along;  ///< of length 1

@@ -19,6 +19,7 @@ struct SPackLimits {
     std::optional<double> m_Patience;       ///< seconds without a better packing
 };
 
+/// How to search, and for how long.
 struct SPackSettings {
     uint64_t m_nSeed = 1;
     int m_nThreads = 1;
@@ -56,6 +57,7 @@ struct SUnfitPiece {
 
 enum class EPackEnd { STEPS, SECONDS, TARGET, PATIENCE, STOPPED, NOTHING_TO_GAIN, UNFIT };
 
+/// What a search ended with, and how.
 struct SPackResult {
     std::vector<SUnfitPiece> m_Unfit;       ///< if there are any, nothing was searched
     std::optional<SFreePacking> m_Packing;  ///< the best, certified; absent only where pieces are unfit

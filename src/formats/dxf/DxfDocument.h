@@ -12,6 +12,7 @@ namespace nestrix {
 
 // The frame of a DXF file of AutoCAD 2000: everything that a strict reader wants to find around the entities.
 
+/// A layer of a written file.
 struct SDxfLayerStyle {
     std::string m_Name;
     int m_nColour = 7;  ///< of AutoCAD's palette; 7 is black or white, whichever can be seen
@@ -24,6 +25,7 @@ struct SDxfEntityGroup {
     std::vector<CDxfWriter::CHandle> m_Entities;
 };
 
+/// The bounding box of a drawing.
 struct SDxfExtent {
     SPoint m_Low;
     SPoint m_High;

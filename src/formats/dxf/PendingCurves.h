@@ -24,6 +24,7 @@ struct SEndedCurve {
     std::string m_Message;
 };
 
+/// A polyline of which more vertices may follow.
 class CPendingPolyline {
 public:
     /// @param drawn what is known of it but for its path.
@@ -41,6 +42,7 @@ private:
     std::vector<SBulgeVertex> m_Vertices;
 };
 
+/// A spline of which more numbers may follow.
 class CPendingSpline {
 public:
     /// @param drawn what is known of it but for its path.

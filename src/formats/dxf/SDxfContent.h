@@ -31,6 +31,7 @@ struct SDxfUnread {
 
 using CDxfEntity = std::variant<SDrawnPath, SDrawnText, SDxfInsert, SDxfUnread>;
 
+/// Entities under a name, to be inserted elsewhere.
 struct SDxfBlock {
     std::string m_Name;
     SPoint m_Base;
@@ -38,6 +39,7 @@ struct SDxfBlock {
     std::vector<CDxfEntity> m_Entities;
 };
 
+/// Whether what lies on a layer can be seen.
 struct SDxfLayer {
     bool m_bFrozen = false;  ///< hides whole blocks that are inserted on it
     bool m_bOff = false;

@@ -11,6 +11,7 @@ namespace nestrix {
 /// places of faults only. The parser reads one character ahead at most.
 class CCountedText {
 public:
+    /// Gives the characters one by one, and counts them.
     class CIterator {
     public:
         using iterator_category = std::input_iterator_tag;

@@ -107,6 +107,7 @@ private:
 /// A range of the values that an array holds.
 class CJsonElements {
 public:
+    /// Goes from element to element.
     class CIterator {
     public:
         using iterator_category = std::forward_iterator_tag;
@@ -148,6 +149,7 @@ struct SJsonMember {
 /// A range of the members that an object holds.
 class CJsonMembers {
 public:
+    /// Goes from member to member.
     class CIterator {
     public:
         explicit CIterator(CJsonValue name) : m_Name(name) {}

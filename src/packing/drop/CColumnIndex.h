@@ -11,6 +11,7 @@ namespace nestrix {
 /// top, so insertion is cheap, and a drop looks at little more than the skyline below it.
 class CColumnIndex {
 public:
+    /// A polygon at rest in a column.
     struct SEntry {
         float m_fHigh;  ///< nothing of the polygon's upper profile lies higher
         int m_nDrop;

@@ -13,6 +13,7 @@ namespace nestrix {
 /// earlier ones are known by their size, and a new layout need not clear the slots.
 class CCornerIndex {
 public:
+    /// A corner of a polygon at rest.
     struct SCorner {
         float m_fX;
         float m_fY;

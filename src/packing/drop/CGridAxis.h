@@ -22,6 +22,7 @@ public:
         }
     }
 
+    /// Neighbouring cells, the last one included.
     struct SCells {
         size_t m_nFirst;
         size_t m_nLast;
