@@ -7,6 +7,7 @@
 
 #include "base/CNumericLocale.h"
 #include "base/NumberText.h"
+#include "batch/CSilence.h"
 #include "batch/Complaints.h"
 #include "batch/DropPlan.h"
 #include "batch/ExitStatus.h"
@@ -104,6 +105,7 @@ void Search(const SPackTask& task, SDropSearch& search) {
         search.m_Polygons.push_back(PolygonOf(task.m_Set.m_Sources[nPiece]));
     }
     search.m_Area = AreaOf(task.m_Set);
+    const CSilence silence(task.m_Options.m_bQuiet);
     CDropProgress progress(search, task.m_Stop, task.m_Watch);
     g_MutationProbability = options.m_fMutation;
     search.m_Packing =

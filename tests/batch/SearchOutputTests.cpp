@@ -49,6 +49,14 @@ TEST(SmallSearch, PrintsAndDrawsWhatItAlwaysHas) {
     EXPECT_EQ(ReadFile(folder.PathOf("packing.svg")), ReadFile("golden/squares.svg"));
 }
 
+TEST(SmallSearch, TellsNothingButItsResultWhereItIsToBeQuiet) {
+    const SBatchResult loud = RunBatchProgram(SMALL_SEARCH);
+    const SBatchResult quiet = RunBatchProgram(SMALL_SEARCH + " --quiet");
+    EXPECT_EQ(quiet.m_Errors, "");
+    EXPECT_THAT(quiet.m_Output, StartsWith("Seed: "));
+    EXPECT_EQ(quiet.ValueOf("Best height: "), loud.ValueOf("Best height: "));
+}
+
 TEST(SmallSearch, DiffersWithAnotherSeed) {
     const std::string search =
         "--method drop " NESTRIX_SAMPLES "/concave --population 30 --generations 10 --seed ";
