@@ -8,6 +8,7 @@
 #include "batch/ExitStatus.h"
 #include "batch/Findings.h"
 #include "batch/FreeReport.h"
+#include "batch/Improvements.h"
 #include "batch/ResultRecord.h"
 #include "batch/StartPacking.h"
 #include "formats/FreePackingSvg.h"
@@ -62,7 +63,7 @@ int RunFree(const SPackTask& task) {
     std::fputs(ReportOf(pieces, task.m_nSeed, ThreadsOf(task.m_Options.m_Free), result, command).c_str(),
                stdout);
     const SCutPlan plan{pieces, task.m_Set.m_Drawn, *result.m_Packing, task.m_Set.m_Unit};
-    const SPackOutcome outcome{plan, WriteSvgPlan(plan), progress.Improvements(),
+    const SPackOutcome outcome{plan, WriteSvgPlan(plan), WriteCsv(progress.Improvements()),
                                RecordOf(task, pieces, result)};
     std::vector<std::string> faults = task.m_Outputs.Write(outcome);
     faults.insert(faults.end(), watchFault.empty() ? 0 : 1, watchFault);

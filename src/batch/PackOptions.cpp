@@ -50,7 +50,7 @@ void Describe(CLI::App& app, SPackOptions& options) {
         ->transform(WholeNumber(0, std::numeric_limits<unsigned int>::max()))
         ->type_name("S");
     app.add_flag("--quiet", options.m_bQuiet, "nothing about the inputs and the progress");
-    AddOutputOptions(app, options.m_Outputs);
+    AddOutputOptions(app, "a table with a line for each improvement", options.m_Outputs);
     AddFile(
         app, "--watch", options.m_Watch,
         "keeps a picture up to date, FILE.svg or one in a\nfolder, and beside it a page that shows it live")

@@ -142,7 +142,7 @@ TEST(CommandLine, HelpNamesEveryCommandAndTheStatuses) {
 }
 
 TEST(CommandLine, EveryCommandHasItsHelp) {
-    for (char const* const pCommand : {"pack", "check", "certify", "draw", "convert"}) {
+    for (char const* const pCommand : {"pack", "check", "certify", "best", "draw", "convert"}) {
         const SBatchResult result = RunBatchProgram(std::string(pCommand) + " --help");
         EXPECT_EQ(result.m_nStatus, 0) << pCommand;
         EXPECT_THAT(result.m_Output, HasSubstr(std::string("Usage: nestrix-batch ") + pCommand));
