@@ -135,7 +135,8 @@ TEST(CommandLine, WithoutACommandMeansToPack) {
 TEST(CommandLine, HelpNamesEveryCommandAndTheStatuses) {
     const SBatchResult result = RunBatchProgram("--help");
     EXPECT_EQ(result.m_nStatus, 0);
-    for (char const* const pWord : {"pack", "check", "certify", "draw", "convert", "Exit status", "130"}) {
+    for (char const* const pWord :
+         {"pack", "check", "certify", "best", "draw", "convert", "Exit status", "130"}) {
         EXPECT_THAT(result.m_Output, HasSubstr(pWord));
     }
     EXPECT_EQ(RunBatchProgram("-h").m_Output, result.m_Output);
