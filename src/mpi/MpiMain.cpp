@@ -1,10 +1,12 @@
 #include <cstdio>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "base/CRelaxed.h"
 #include "base/ProgramVersion.h"
 #include "batch/CStopSignals.h"
+#include "batch/Complaints.h"
 #include "batch/ExitStatus.h"
 #include "batch/PackCommand.h"
 #include "batch/RunProgram.h"
@@ -87,7 +89,11 @@ int Follow(const CRanks& ranks) {
         const SSearchOrder order = ReadOrder(words);
         CMessenger messenger(ranks, order.m_Strip);
         CFollowerSink sink(bStop);
-        (void)SearchTogether(ranks, order, messenger, sink);
+        const SPackResult result = SearchTogether(ranks, order, messenger, sink);
+        if (!result.m_Packing && result.m_Unfit.empty()) {
+            Complain("rank " + std::to_string(ranks.Rank()) +
+                     " ran out of memory; the others go on without it");
+        }
         WaitForOthers(messenger);
     }
     return BATCH_DONE;

@@ -192,6 +192,19 @@ TEST(Best, TriesItsFilesBeforehand) {
     EXPECT_EQ(result.m_Output, "");
 }
 
+TEST(Best, IsCutWithItsCurvesOnceTheDrawingsAreNamedAgain) {
+    const CTemporaryFolder folder;
+    const std::string run = "cd " + folder.Path().native();
+    const std::string drawing =
+        folder.Write("disc.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="40mm"
+        height="40mm" viewBox="0 0 40 40"><circle cx="20" cy="20" r="10"/></svg>)");
+    const std::string pack = "pack --quiet --width 50 --seed 1 disc.svg:3 ";
+    EXPECT_EQ(RunBatchProgram(pack + "--steps 100 --json 1.json --dxf 1.dxf", run).m_nStatus, 0);
+    EXPECT_EQ(RunBatchProgram("best 1.json --json best.json", run).m_nStatus, 0);
+    EXPECT_EQ(RunBatchProgram(pack + "--steps 0 --from best.json --dxf 2.dxf", run).m_nStatus, 0);
+    EXPECT_EQ(ReadFile(folder.PathOf("2.dxf")), ReadFile(folder.PathOf("1.dxf")));
+}
+
 TEST(Best, IsSearchedOnFrom) {
     const CTemporaryFolder folder;
     std::string files;
