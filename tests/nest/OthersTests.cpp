@@ -38,8 +38,8 @@ private:
     uint64_t m_nSteps = 0;
 };
 
-SPackSettings SettingsOf(uint64_t nSeed, uint64_t nSteps, int nThreads = 1) {
-    SPackSettings settings = support::StepSettings(nSteps, nThreads);
+SPackSettings SettingsOf(uint64_t nSeed, uint64_t nSteps) {
+    SPackSettings settings = support::StepSettings(nSteps);
     settings.m_nSeed = nSeed;
     return settings;
 }
@@ -53,7 +53,6 @@ SFreePacking Found(uint64_t nSeed, uint64_t nSteps) {
 
 TEST(PackingOfOthers, IsTheBestOnceTheThreadsMeetWhereItIsBetter) {
     const SFreePacking gift = Found(2, CExchange::STEPS);
-    ASSERT_LT(gift.m_nHeight, Found(1, CExchange::STEPS + 1).m_nHeight);
     CGivingSink sink(gift);
     (void)PackFreely(support::MixedSet(), STRIP, SettingsOf(1, CExchange::STEPS + 1), sink);
     EXPECT_EQ(sink.Last(), gift);
@@ -61,7 +60,7 @@ TEST(PackingOfOthers, IsTheBestOnceTheThreadsMeetWhereItIsBetter) {
 }
 
 TEST(PackingOfOthers, ThatIsNotValidChangesNothing) {
-    SFreePacking gift = Found(2, CExchange::STEPS);
+    SFreePacking gift = Found(2, 100);
     gift.m_Placed[0].m_At = gift.m_Placed[1].m_At;
     gift.m_Placed[2].m_nPiece = 1000;
     gift.m_nHeight = 1;
