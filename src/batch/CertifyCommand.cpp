@@ -7,6 +7,7 @@
 #include "base/NumberText.h"
 #include "batch/Complaints.h"
 #include "batch/ExitStatus.h"
+#include "batch/ViolationText.h"
 #include "certify/Certify.h"
 #include "formats/json/PackingRecord.h"
 
@@ -33,29 +34,6 @@ SCertificate CertificateOf(const SDroppedRecord& record) {
     return Certify(record.m_Pieces, record.m_Packing);
 }
 
-const std::string& NameOf(const SFreeRecord& record, int nPiece) {
-    return record.m_Pieces[static_cast<size_t>(nPiece)].m_Name;
-}
-
-const std::string& NameOf(const SDroppedRecord& record, int nPiece) {
-    return record.m_Names[static_cast<size_t>(nPiece)];
-}
-
-/// The names of the pieces that a violation is about, " (leg, arm)"; empty where there is none.
-template <class TRecord>
-std::string PiecesOf(const SViolation& violation, const TRecord& record) {
-    std::string names;
-    for (const int nPlaced : {violation.m_nFirst, violation.m_nSecond}) {
-        const bool bQuantity = violation.m_eKind == SViolation::EKind::QUANTITY;
-        if (nPlaced >= 0 && violation.m_eKind != SViolation::EKind::UNKNOWN_PIECE) {
-            const int nPiece =
-                bQuantity ? nPlaced : record.m_Packing.m_Placed[static_cast<size_t>(nPlaced)].m_nPiece;
-            names.append(names.empty() ? " (" : ", ").append(NameOf(record, nPiece));
-        }
-    }
-    return names.empty() ? names : names + ")";
-}
-
 template <class TRecord>
 bool ReportRecord(const std::string& file, const SPackingRecord& whole, const TRecord& record) {
     const SCertificate certificate = CertificateOf(record);
@@ -64,8 +42,7 @@ bool ReportRecord(const std::string& file, const SPackingRecord& whole, const TR
                 certificate.IsValid() ? "valid" : "not valid", figures.m_nPlaced,
                 ShortestDigits(figures.m_Height).c_str(), Decimals(100.0 * figures.m_Density, 2).c_str());
     for (const SViolation& violation : certificate.m_Violations) {
-        std::printf("%s: %s%s\n", file.c_str(), InWords(violation).c_str(),
-                    PiecesOf(violation, record).c_str());
+        std::printf("%s: %s\n", file.c_str(), InWords(violation, record).c_str());
     }
     return certificate.IsValid();
 }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "base/ProgramVersion.h"
+#include "batch/BestCommand.h"
 #include "batch/CertifyCommand.h"
 #include "batch/CheckCommand.h"
 #include "batch/CommandLine.h"
@@ -25,11 +26,12 @@ struct SCommand {
     int (*m_pRun)(const SInvocation& invocation);
 };
 
-constexpr std::array<SCommand, 5> COMMANDS{{
+constexpr std::array<SCommand, 6> COMMANDS{{
     {"pack", "INPUT...", "packs pieces into a strip, as low as it can", RunPackCommand},
     {"check", "INPUT...", "tells what is wrong or odd about pieces", RunCheckCommand},
     {"certify", "PACKING.json...", "tells whether packings are valid, in exact arithmetic",
      RunCertifyCommand},
+    {"best", "PACKING.json...", "certifies packings of one job, and writes the best", RunBestCommand},
     {"draw", "INPUT|PACKING...", "draws pieces with their profiles, or packings", RunDrawCommand},
     {"convert", "INPUT... --to FILE", "writes pieces in another format", RunConvertCommand},
 }};

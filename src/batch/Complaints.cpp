@@ -1,5 +1,7 @@
 #include "batch/Complaints.h"
 
+#include <errno.h>
+
 #include <algorithm>
 #include <cstdio>
 
@@ -22,7 +24,7 @@ char const* Weight(SFinding::ESeverity severity) {
 }  // namespace
 
 void Complain(const std::string& complaint) {
-    std::fprintf(stderr, "nestrix-batch: %s\n", complaint.c_str());
+    std::fprintf(stderr, "%s: %s\n", program_invocation_short_name, complaint.c_str());
 }
 
 void Complain(const SFinding& finding) {

@@ -11,6 +11,7 @@
 #include "batch/Complaints.h"
 #include "batch/DropPlan.h"
 #include "batch/ExitStatus.h"
+#include "batch/Improvements.h"
 #include "batch/PolygonInput.h"
 #include "batch/ResultRecord.h"
 #include "formats/PackingSvg.h"
@@ -154,7 +155,7 @@ int RunDrop(const SPackTask& task) {
     const SFreePacking onGrid = OnGrid(*search.m_Packing, task.m_Set);
     const SPackOutcome outcome{{task.m_Set.m_Pieces, task.m_Set.m_Drawn, onGrid, task.m_Set.m_Unit},
                                DrawPackingSvg(search.m_Polygons, *search.m_Packing),
-                               std::move(search.m_Improvements),
+                               WriteCsv(search.m_Improvements),
                                RecordOf(task, {search.m_Polygons, *search.m_Packing,
                                                std::max(search.m_nGeneration, 0), search.m_Seconds})};
     std::vector<std::string> faults = task.m_Outputs.Write(outcome);

@@ -24,22 +24,27 @@ char const* InWords(EPackEnd eEnd) {
     return "there are pieces that do not fit";
 }
 
-std::string ReportOf(std::span<const SPiece> pieces, uint64_t nSeed, int nThreads, const SPackResult& result,
+std::string ReportOf(std::span<const SPiece> pieces, const SSearchers& searchers, const SPackResult& result,
                      const std::string& command) {
     const SFreePacking& packing = *result.m_Packing;
     std::string report;
     const auto addLine = [&report](char const* pLabel, const std::string& value) {
         report.append(pLabel).append(": ").append(value).append("\n");
     };
-    addLine("Seed", std::to_string(nSeed));
+    addLine("Seed", std::to_string(searchers.m_nSeed));
     addLine("Steps", std::to_string(result.m_nSteps));
-    addLine("Threads", std::to_string(nThreads));
+    addLine("Threads", std::to_string(searchers.m_nThreads));
+    if (searchers.m_nRanks) {
+        addLine("Ranks", std::to_string(*searchers.m_nRanks));
+    }
     addLine("Pieces", std::to_string(packing.m_Placed.size()));
     addLine("Best height", ShortestDigits(packing.m_Grid.Length(packing.m_nHeight)));
     addLine("Density", Decimals(100.0 * DensityOf(pieces, packing), 2) + " %");
     addLine("Seconds", Decimals(result.m_Seconds, 2));
     addLine("Ended", InWords(result.m_eEnd));
-    addLine("Repeat with", command);
+    if (!command.empty()) {
+        addLine("Repeat with", command);
+    }
     return report;
 }
 

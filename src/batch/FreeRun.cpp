@@ -8,6 +8,7 @@
 #include "batch/ExitStatus.h"
 #include "batch/Findings.h"
 #include "batch/FreeReport.h"
+#include "batch/Improvements.h"
 #include "batch/ResultRecord.h"
 #include "batch/StartPacking.h"
 #include "formats/FreePackingSvg.h"
@@ -34,13 +35,17 @@ SPackResult Search(const SPackTask& task, const std::vector<SPiece>& pieces, CFr
     if (!task.m_Options.m_bQuiet) {
         line.emplace(progress, stderr);
     }
-    return PackFreely(pieces, strip, settings, progress);
+    return task.m_Packer.m_Search(pieces, strip, settings, progress);
 }
 
-/// What repeats the search to the last digit, however long it took.
-std::string EndsOf(const SPackTask& task, const SPackResult& result) {
-    return " --seed " + std::to_string(task.m_nSeed) + " --threads " +
-           std::to_string(ThreadsOf(task.m_Options.m_Free)) + " --steps " + std::to_string(result.m_nSteps);
+/// The command that repeats the search to the last digit, however long it took; empty if none does.
+std::string CommandFor(const SPackTask& task, const SPackResult& result) {
+    if (task.m_Packer.m_nRanks) {
+        return {};  // it depends on when each of them heard of the others
+    }
+    return RepeatingCommand(task.m_Invocation, " --seed " + std::to_string(task.m_nSeed) + " --threads " +
+                                                   std::to_string(ThreadsOf(task.m_Options.m_Free)) +
+                                                   " --steps " + std::to_string(result.m_nSteps));
 }
 
 }  // namespace
@@ -58,11 +63,10 @@ int RunFree(const SPackTask& task) {
     if (!result.m_Packing) {
         return BATCH_BAD_INPUT;
     }
-    const std::string command = RepeatingCommand(task.m_Invocation, EndsOf(task, result));
-    std::fputs(ReportOf(pieces, task.m_nSeed, ThreadsOf(task.m_Options.m_Free), result, command).c_str(),
-               stdout);
+    const SSearchers searchers{task.m_nSeed, ThreadsOf(task.m_Options.m_Free), task.m_Packer.m_nRanks};
+    std::fputs(ReportOf(pieces, searchers, result, CommandFor(task, result)).c_str(), stdout);
     const SCutPlan plan{pieces, task.m_Set.m_Drawn, *result.m_Packing, task.m_Set.m_Unit};
-    const SPackOutcome outcome{plan, WriteSvgPlan(plan), progress.Improvements(),
+    const SPackOutcome outcome{plan, WriteSvgPlan(plan), WriteCsv(progress.Improvements()),
                                RecordOf(task, pieces, result)};
     std::vector<std::string> faults = task.m_Outputs.Write(outcome);
     faults.insert(faults.end(), watchFault.empty() ? 0 : 1, watchFault);

@@ -23,21 +23,22 @@ std::string WriteRecord(const SPackOutcome& outcome) {
 }
 
 std::string WriteTable(const SPackOutcome& outcome) {
-    return WriteCsv(outcome.m_Improvements);
+    return outcome.m_Table;
 }
 
 constexpr std::array<SOutputFormat, 4> FORMATS{{
     {"--json", "the packing with all that certifies and repeats it", WriteRecord},
     {"--svg", "the packing, to look at or to cut", WritePicture},
     {"--dxf", "the packing for a cutter", WriteDxf},
-    {"--csv", "a table with a line for each improvement", WriteTable},
+    {"--csv", nullptr, WriteTable},
 }};
 
 }  // namespace
 
-void AddOutputOptions(CLI::App& app, std::vector<SOutputRequest>& requests) {
+void AddOutputOptions(CLI::App& app, char const* pTable, std::vector<SOutputRequest>& requests) {
     for (const SOutputFormat& format : FORMATS) {
-        AddFiles(app, format.m_pOption, format.m_pHelp, [&requests, &format](const std::string& path) {
+        char const* const pHelp = format.m_pHelp != nullptr ? format.m_pHelp : pTable;
+        AddFiles(app, format.m_pOption, pHelp, [&requests, &format](const std::string& path) {
             requests.push_back({path, &format});
         })->group(RESULT_GROUP);
     }

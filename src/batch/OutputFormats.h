@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "batch/Improvements.h"
 #include "drawing/SCutPlan.h"
 #include "formats/json/PackingRecord.h"
 
@@ -18,14 +17,14 @@ namespace nestrix {
 struct SPackOutcome {
     SCutPlan m_Plan;
     std::string m_Picture;  ///< as SVG; empty for what is too large to draw
-    std::vector<SImprovement> m_Improvements;
+    std::string m_Table;    ///< as CSV
     SPackingRecord m_Record;
 };
 
 /// A kind of file that a result can be written to.
 struct SOutputFormat {
     char const* m_pOption;
-    char const* m_pHelp;
+    char const* m_pHelp;  ///< null for the table: commands have different ones
     std::string (*m_pWrite)(const SPackOutcome& outcome);  ///< the whole content
 };
 
@@ -39,7 +38,8 @@ struct SOutputRequest {
 inline constexpr char RESULT_GROUP[] = "Results";
 
 /// Adds an option for each kind of file. Each can be given any number of times.
+/// @param table what the table tells, in words for the help.
 /// @param requests takes what was asked for; it outlives the parsing.
-void AddOutputOptions(CLI::App& app, std::vector<SOutputRequest>& requests);
+void AddOutputOptions(CLI::App& app, char const* pTable, std::vector<SOutputRequest>& requests);
 
 }  // namespace nestrix

@@ -81,12 +81,30 @@ SInputSet ReadPieces(const SPackOptions& options, const std::optional<SPackingRe
     return set;
 }
 
+/// @return whether several processes can search together as they are asked to; if not, that has been said.
+bool FitForRanks(SPackOptions& options) {
+    if (options.m_eMethod == EPackMethod::DROP) {
+        Complain("several ranks search with --method free only");
+        return false;
+    }
+    // Whoever starts them says how many share a machine, so that each is content with little.
+    options.m_Free.m_nThreads = options.m_Free.m_nThreads.value_or(1);
+    return true;
+}
+
 }  // namespace
 
 int RunPackCommand(const SInvocation& invocation) {
+    return RunPackCommand(invocation, SPacker());
+}
+
+int RunPackCommand(const SInvocation& invocation, const SPacker& packer) {
     SPackOptions options;
-    if (const std::optional<int> status = ParsePackOptions(invocation.m_Words, options)) {
+    if (const std::optional<int> status = ParsePackOptions(invocation.m_Words, options, packer.m_Help)) {
         return *status;
+    }
+    if (packer.m_nRanks && !FitForRanks(options)) {
+        return BATCH_BAD_INPUT;
     }
     std::optional<SPackingRecord> earlier;
     if (!options.m_FromFile.empty() && !(earlier = ReadEarlier(options.m_FromFile))) {
@@ -111,7 +129,7 @@ int RunPackCommand(const SInvocation& invocation) {
     watch.Begin();
     const unsigned int nSeed = options.m_Seed.value_or(static_cast<unsigned int>(std::time(nullptr)));
     const SFreeRecord* const pFrom = earlier ? &std::get<SFreeRecord>(earlier->m_Packing) : nullptr;
-    const SPackTask task{invocation, options, set, pFrom, nSeed, bStop, watch, outputs};
+    const SPackTask task{invocation, options, set, pFrom, packer, nSeed, bStop, watch, outputs};
     const bool bDrop = options.m_eMethod == EPackMethod::DROP;
     const int nStatus = bDrop ? RunDrop(task) : RunFree(task);
     return nStatus == BATCH_DONE && bStop ? BATCH_SIGNALLED + CStopSignals::Received() : nStatus;

@@ -15,12 +15,6 @@ namespace nestrix {
 
 namespace {
 
-char const* const DESCRIPTION = "Packs pieces into a strip, as low as it can.";
-
-char const* const FOOTER =
-    "Ctrl-C, SIGTERM and SIGHUP end the search at once, and the best packing so far is the result; a second\n"
-    "one ends the program. Lengths are millimetres as soon as one input has a unit.";
-
 char const* const FREE_GROUP = "With --method free";
 char const* const DROP_GROUP = "With --method drop";
 
@@ -37,8 +31,8 @@ constexpr SValueKind<EPackMethod> METHOD{ReadMethod, "one of the methods: free, 
 constexpr std::array<std::string_view, 8> ENDS{"--time",     "--steps", "--target-height", "--target-density",
                                                "--patience", "--seed",  "--threads",       "--watch"};
 
-void Describe(CLI::App& app, SPackOptions& options) {
-    LayHelpOut(app, FOOTER);
+void Describe(CLI::App& app, SPackOptions& options, const SPackHelp& help) {
+    LayHelpOut(app, help.m_pFooter);
     AddInputOptions(app, options.m_Inputs);
     AddFile(app, "--job", options.m_JobFile, "a job written down; these options win over it");
     AddFile(app, "--from", options.m_FromFile, "a packing to search on from; its pieces, without INPUT");
@@ -50,7 +44,7 @@ void Describe(CLI::App& app, SPackOptions& options) {
         ->transform(WholeNumber(0, std::numeric_limits<unsigned int>::max()))
         ->type_name("S");
     app.add_flag("--quiet", options.m_bQuiet, "nothing about the inputs and the progress");
-    AddOutputOptions(app, options.m_Outputs);
+    AddOutputOptions(app, "a table with a line for each improvement", options.m_Outputs);
     AddFile(
         app, "--watch", options.m_Watch,
         "keeps a picture up to date, FILE.svg or one in a\nfolder, and beside it a page that shows it live")
@@ -108,9 +102,10 @@ CRecordedOptions GivenOptions(const CLI::App& app) {
     return given;
 }
 
-std::optional<int> ParseOnce(const std::vector<std::string>& words, SPackOptions& options) {
-    CLI::App app(DESCRIPTION, "nestrix-batch pack");
-    Describe(app, options);
+std::optional<int> ParseOnce(const std::vector<std::string>& words, SPackOptions& options,
+                             const SPackHelp& help) {
+    CLI::App app(help.m_pDescription, help.m_pName);
+    Describe(app, options, help);
     return ParseWords(app, words, [&] {
         if (options.m_JobFile.empty() || options.m_Job) {  // what a job says is still to come
             CheckInputs(options);
@@ -121,7 +116,8 @@ std::optional<int> ParseOnce(const std::vector<std::string>& words, SPackOptions
 }
 
 /// Reads the words once more, over what the job says.
-std::optional<int> ParseOverJob(const std::vector<std::string>& words, SPackOptions& options) {
+std::optional<int> ParseOverJob(const std::vector<std::string>& words, SPackOptions& options,
+                                const SPackHelp& help) {
     SReading<SJob> job = ReadJob(options.m_JobFile);
     for (const SFinding& finding : job.m_Findings) {
         Complain(finding);
@@ -133,14 +129,15 @@ std::optional<int> ParseOverJob(const std::vector<std::string>& words, SPackOpti
     ApplyJob(*job.m_Value, !HasLimits(options.m_Free.m_Limits), over);
     over.m_Job = std::move(job.m_Value);
     options = std::move(over);
-    return ParseOnce(words, options);
+    return ParseOnce(words, options, help);
 }
 
 }  // namespace
 
-std::optional<int> ParsePackOptions(const std::vector<std::string>& words, SPackOptions& options) {
-    const std::optional<int> status = ParseOnce(words, options);
-    return status || options.m_JobFile.empty() ? status : ParseOverJob(words, options);
+std::optional<int> ParsePackOptions(const std::vector<std::string>& words, SPackOptions& options,
+                                    const SPackHelp& help) {
+    const std::optional<int> status = ParseOnce(words, options, help);
+    return status || options.m_JobFile.empty() ? status : ParseOverJob(words, options, help);
 }
 
 std::string RepeatingCommand(const SInvocation& invocation, const std::string& ends) {

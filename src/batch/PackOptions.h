@@ -15,6 +15,15 @@
 
 namespace nestrix {
 
+/// What the help of a program that packs says of it.
+struct SPackHelp {
+    char const* m_pName = "nestrix-batch pack";
+    char const* m_pDescription = "Packs pieces into a strip, as low as it can.";
+    char const* m_pFooter =
+        "Ctrl-C, SIGTERM and SIGHUP end the search at once, and the best packing so far is the result; a "
+        "second\none ends the program. Lengths are millimetres as soon as one input has a unit.";
+};
+
 /// What the user asked for.
 struct SPackOptions {
     SInputOptions m_Inputs;
@@ -34,7 +43,7 @@ struct SPackOptions {
 /// Reads the words behind the command, and the job that they name: what they say wins over what it says.
 /// @return the status to exit with at once: see ParseWords.
 [[nodiscard]] std::optional<int> ParsePackOptions(const std::vector<std::string>& words,
-                                                  SPackOptions& options);
+                                                  SPackOptions& options, const SPackHelp& help = {});
 
 /// The command that searches the same again, for a shell: the words that it was given, without those that
 /// say when to end.

@@ -35,6 +35,7 @@ SPieceSource SourceOf(const SDrawnPiece& drawn) {
 SPackingRecord RecordOf(const SPackTask& task, const std::vector<SPiece>& pieces, const SPackResult& result) {
     SPackingRecord record = Begun(task, result.m_Seconds);
     record.m_nThreads = ThreadsOf(task.m_Options.m_Free);
+    record.m_nRanks = task.m_Packer.m_nRanks;
     record.m_nSteps = result.m_nSteps;
     record.m_eEnd = result.m_eEnd;
     record.m_Packing = SFreeRecord{pieces, *result.m_Packing};

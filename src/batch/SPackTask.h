@@ -10,6 +10,7 @@
 #include "batch/CWatch.h"
 #include "batch/PackOptions.h"
 #include "batch/SInputSet.h"
+#include "batch/SPacker.h"
 
 namespace nestrix {
 
@@ -19,6 +20,7 @@ struct SPackTask {
     const SPackOptions& m_Options;
     const SInputSet& m_Set;
     const SFreeRecord* m_pFrom;  ///< an earlier packing to search on from; null for none
+    const SPacker& m_Packer;
     unsigned int m_nSeed;
     const CRelaxed<bool>& m_Stop;  ///< becomes true when the program is asked to end
     CWatch& m_Watch;

@@ -12,6 +12,10 @@ std::shared_ptr<const SSolution> CExchange::Meet(size_t nWorker, std::shared_ptr
     if (m_nArrived == m_Shown.size()) {
         m_Best = *std::min_element(m_Shown.begin(), m_Shown.end(),
                                    [](const auto& a, const auto& b) { return a->m_Height < b->m_Height; });
+        const std::shared_ptr<const SSolution> other = m_Outside(m_nMeetings + 1);
+        if (other && other->m_Height < m_Best->m_Height) {
+            m_Best = other;
+        }
         m_nArrived = 0;
         ++m_nMeetings;
         m_Met.notify_all();

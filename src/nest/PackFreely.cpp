@@ -15,11 +15,13 @@ namespace {
 /// One search: what its workers share, and the workers.
 class CPackSearch {
 public:
-    CPackSearch(const CPackProblem& problem, const SPackSettings& settings, CIncumbent& incumbent)
+    CPackSearch(const CPackProblem& problem, const SPackSettings& settings, CIncumbent& incumbent,
+                CPackSink& sink)
         : m_Problem(problem),
           m_Incumbent(incumbent),
+          m_Sink(sink),
           m_nWorkers(static_cast<size_t>(std::max(settings.m_nThreads, 1))),
-          m_Exchange(m_nWorkers),
+          m_Exchange(m_nWorkers, [this](uint64_t nMeeting) { return SolutionOfOthers(nMeeting); }),
           m_Limit(m_nWorkers, StepsOfEach(settings.m_Limits), [&incumbent] { return incumbent.IsToEnd(); }) {
         if (CFieldTable::FitsAll(problem)) {
             m_pSharedFields = std::make_unique<CFieldTable>(problem);
@@ -71,8 +73,20 @@ private:
         }
     }
 
+    /// What another search has found, certified here.
+    [[nodiscard]] std::shared_ptr<const SSolution> SolutionOfOthers(uint64_t nMeeting) {
+        const std::optional<SFreePacking> packing = m_Sink.PackingOfOthers();
+        if (!packing) {
+            return nullptr;
+        }
+        const std::vector<SFreePlacement> placed = FindFirstPacking(m_Problem, &*packing);
+        (void)m_Incumbent.Offer(m_Problem.PackingOf(placed), nMeeting * CExchange::STEPS * m_nWorkers);
+        return std::make_shared<SSolution>(SolutionOf(m_Problem, placed));
+    }
+
     const CPackProblem& m_Problem;
     CIncumbent& m_Incumbent;
+    CPackSink& m_Sink;
     size_t m_nWorkers;
     uint64_t m_nSeed = 0;
     std::unique_ptr<CFieldTable> m_pSharedFields;
@@ -103,7 +117,7 @@ SPackResult PackFreely(std::span<const SPiece> pieces, const SFreeStrip& strip, 
     (void)incumbent.Offer(*result.m_Packing, 0);
     result.m_eEnd = bSearch ? incumbent.Reason() : EPackEnd::NOTHING_TO_GAIN;
     if (bSearch && !incumbent.IsLowEnough(*result.m_Packing)) {
-        CPackSearch search(problem, settings, incumbent);
+        CPackSearch search(problem, settings, incumbent, sink);
         result.m_Packing = search.Run(first);
         result.m_nSteps = search.Steps();
         result.m_eEnd = incumbent.Reason();

@@ -45,6 +45,12 @@ public:
     /// Whether the search is to end with what it has. Asked often, on any thread of the search.
     [[nodiscard]] virtual bool IsToStop() const = 0;
 
+    /// A packing of the same pieces in the same strip that another search has found, if there is a new one:
+    /// it is gone on from if it is valid and better. Asked when the threads of the search meet, on one of
+    /// them. What a search is given cannot be repeated; one that is given nothing finds what it finds by
+    /// itself.
+    [[nodiscard]] virtual std::optional<SFreePacking> PackingOfOthers() { return std::nullopt; }
+
 protected:
     ~CPackSink() = default;
 };

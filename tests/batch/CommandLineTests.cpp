@@ -135,14 +135,15 @@ TEST(CommandLine, WithoutACommandMeansToPack) {
 TEST(CommandLine, HelpNamesEveryCommandAndTheStatuses) {
     const SBatchResult result = RunBatchProgram("--help");
     EXPECT_EQ(result.m_nStatus, 0);
-    for (char const* const pWord : {"pack", "check", "certify", "draw", "convert", "Exit status", "130"}) {
+    for (char const* const pWord :
+         {"pack", "check", "certify", "best", "draw", "convert", "Exit status", "130"}) {
         EXPECT_THAT(result.m_Output, HasSubstr(pWord));
     }
     EXPECT_EQ(RunBatchProgram("-h").m_Output, result.m_Output);
 }
 
 TEST(CommandLine, EveryCommandHasItsHelp) {
-    for (char const* const pCommand : {"pack", "check", "certify", "draw", "convert"}) {
+    for (char const* const pCommand : {"pack", "check", "certify", "best", "draw", "convert"}) {
         const SBatchResult result = RunBatchProgram(std::string(pCommand) + " --help");
         EXPECT_EQ(result.m_nStatus, 0) << pCommand;
         EXPECT_THAT(result.m_Output, HasSubstr(std::string("Usage: nestrix-batch ") + pCommand));

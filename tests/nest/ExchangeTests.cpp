@@ -43,6 +43,20 @@ TEST(Exchange, OfEqualOnesGivesThatOfTheFirstWorker) {
     EXPECT_EQ(Meet(exchange, shown), std::vector<CShown>(3, shown[1]));
 }
 
+TEST(Exchange, GivesWhatComesFromOutsideWhereItIsLower) {
+    std::vector<uint64_t> meetings;
+    const std::vector<CShown> outside{nullptr, OfHeight(5.0), OfHeight(4.0)};
+    CExchange exchange(2, [&](uint64_t nMeeting) {
+        meetings.push_back(nMeeting);
+        return outside[nMeeting - 1];
+    });
+    const std::vector<CShown> shown{OfHeight(7.0), OfHeight(5.0)};
+    EXPECT_EQ(Meet(exchange, shown), std::vector<CShown>(2, shown[1]));
+    EXPECT_EQ(Meet(exchange, shown), std::vector<CShown>(2, shown[1]));
+    EXPECT_EQ(Meet(exchange, shown), std::vector<CShown>(2, outside[2]));
+    EXPECT_EQ(meetings, std::vector<uint64_t>({1, 2, 3}));
+}
+
 TEST(Exchange, GoesOnFromMeetingToMeeting) {
     CExchange exchange(2);
     for (int i = 0; i < 200; ++i) {

@@ -46,6 +46,7 @@ void WriteRun(CJsonWriter& writer, const SPackingRecord& record) {
     WriteText(writer, "method", NameOf(METHOD_NAMES, bFree ? EPackMethod::FREE : EPackMethod::DROP));
     WriteWhole(writer, "seed", record.m_nSeed);
     WriteWhole(writer, "threads", record.m_nThreads);
+    WriteWhole(writer, "ranks", record.m_nRanks);
     WriteWhole(writer, "steps", record.m_nSteps);
     WriteText(writer, "ended", record.m_eEnd ? NameOf(END_NAMES, *record.m_eEnd) : "");
     WriteOptions(writer, record.m_Options);

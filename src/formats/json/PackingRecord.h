@@ -60,6 +60,7 @@ struct SPackingRecord {
     CRecordedOptions m_Options;
     std::optional<uint64_t> m_nSeed;
     std::optional<int> m_nThreads;
+    std::optional<int> m_nRanks;  ///< processes that searched together, each with its threads; absent for one
     std::optional<uint64_t> m_nSteps;  ///< moves of pieces, or generations after the first: as a limit, with
                                        ///< the same seed and threads, it gives the same packing
     std::optional<EPackEnd> m_eEnd;    ///< not UNFIT: then there is no packing

@@ -47,6 +47,7 @@ void ReadRun(CMemberReader& members, SPackingRecord& record, CJsonFindings& find
     record.m_Version = members.Text("version").value_or("");
     record.m_nSeed = members.Whole("seed", 0, std::numeric_limits<uint64_t>::max());
     record.m_nThreads = members.Int("threads", 0, std::numeric_limits<int>::max());
+    record.m_nRanks = members.Int("ranks", 1, std::numeric_limits<int>::max());
     record.m_nSteps = members.Whole("steps", 0, std::numeric_limits<uint64_t>::max());
     record.m_eEnd = members.Named("ended", END_NAMES);
     record.m_Options = ReadOptions(members, findings);

@@ -85,6 +85,7 @@ void AddRun(CSeededRandom& random, SPackingRecord& record) {
     if (random.Percent(80)) {
         record.m_nSeed = random.Index(SIZE_MAX);
         record.m_nThreads = random.Range(1, 64);
+        record.m_nRanks = random.Percent(50) ? std::optional(random.Range(1, 64)) : std::nullopt;
         record.m_nSteps = random.Index(SIZE_MAX);
         record.m_eEnd = random.Pick({EPackEnd::STEPS, EPackEnd::SECONDS, EPackEnd::TARGET, EPackEnd::PATIENCE,
                                      EPackEnd::STOPPED, EPackEnd::NOTHING_TO_GAIN});
