@@ -19,6 +19,7 @@ public:
     /// @return why it is refused, in words for a user; empty if it is taken.
     [[nodiscard]] std::string Take(const std::string& file, SPackingRecord record);
 
+    /// The lowest packing so far.
     struct SBest {
         std::string m_File;
         SPackingRecord m_Record;  ///< with a free packing
