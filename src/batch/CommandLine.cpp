@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "batch/ExitStatus.h"
+#include "batch/ManualPage.h"
 
 namespace nestrix {
 
@@ -39,6 +40,10 @@ std::string TakeFileName(std::string& name) {
 
 std::optional<int> ParseWords(CLI::App& app, const std::vector<std::string>& words,
                               const std::function<void()>& check) {
+    if (words.size() == 1 && words.front() == MANUAL_WORD) {
+        PrintManualSection(app);
+        return BATCH_DONE;
+    }
     try {
         app.parse(GuardBrackets(words));
         check();

@@ -12,7 +12,9 @@ using support::WHITE;
 /// The program as it is installed, into a folder of the test's own.
 class InstalledSession : public SessionFixture {
 protected:
-    void SetUp() override { OutputOf({NESTRIX_CMAKE, "--install", NESTRIX_BUILD, "--prefix", Prefix()}); }
+    void SetUp() override {
+        OutputOf({NESTRIX_CMAKE, "--install", NESTRIX_BUILD, "--component", "window", "--prefix", Prefix()});
+    }
 
     [[nodiscard]] std::string Prefix() const { return m_Prefix.Path(); }
 
@@ -44,9 +46,19 @@ TEST_F(InstalledSession, MayBeMovedAsAWhole) {
     CloseWindow();
 }
 
-TEST_F(InstalledSession, BringsADesktopEntryAndAnIcon) {
-    EXPECT_TRUE(std::filesystem::exists(m_Prefix.PathOf("share/applications/nestrix.desktop")));
-    EXPECT_TRUE(std::filesystem::exists(m_Prefix.PathOf("share/icons/hicolor/scalable/apps/nestrix.svg")));
+TEST_F(InstalledSession, BringsWhatADesktopWantsToKnow) {
+    for (char const* const pFile :
+         {"applications/nestrix.desktop", "icons/hicolor/scalable/apps/nestrix.svg",
+          "icons/hicolor/16x16/apps/nestrix.png", "icons/hicolor/256x256/apps/nestrix.png",
+          "mime/packages/nestrix.xml", "metainfo/io.nestrix.nestrix.metainfo.xml", "man/man1/nestrix.1.gz"}) {
+        EXPECT_TRUE(std::filesystem::exists(m_Prefix.PathOf(std::string("share/") + pFile))) << pFile;
+    }
+}
+
+TEST_F(InstalledSession, TellsItsVersionAndItsOptionsWithoutAWindow) {
+    const std::string launcher = m_Prefix.PathOf("bin/nestrix");
+    EXPECT_THAT(OutputOf({launcher, "--version"}), testing::MatchesRegex("nestrix [0-9]+\\.[0-9]+\n"));
+    EXPECT_THAT(OutputOf({launcher, "--help"}), testing::HasSubstr("--display="));
 }
 
 }  // namespace
