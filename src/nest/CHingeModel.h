@@ -12,7 +12,8 @@ namespace nestrix {
 /// two of the hinges' lines, or one and the border of the room, cross: a weighted L1 problem in the plane.
 class CHingeModel {
 public:
-    /// The overlap with one other item: it falls in a straight line along the way out, and is 0 from there on.
+    /// The overlap with one other item: it falls in a straight line along the way out, and is 0 from there
+    /// on.
     struct SHinge {
         uint32_t m_nOther;  ///< whose overlap it is
         double m_Depth;     ///< how far to go along the way out until it is gone
