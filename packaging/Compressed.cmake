@@ -1,5 +1,5 @@
-# nestrix_compressed(OUTPUT INPUT): a compressed copy of a file that the build makes, without a name or time in it.
-# It is one of ${nestrix_documents}.
+# nestrix_compressed(OUTPUT INPUT): a compressed copy of a file that the build makes, without a name or time
+# in it. It is one of ${nestrix_documents}.
 function(nestrix_compressed output input)
     add_custom_command(
         OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${output}

@@ -1,12 +1,13 @@
-# The newest entry of CHANGELOG.md is this version's: nothing can be packaged under a number that it does not tell
-# about. Its date is the release's wherever one is told, so that what is built twice is the same.
+# The newest entry of CHANGELOG.md is this version's: nothing can be packaged under a number that it does not
+# tell about. Its date is the release's wherever one is told, so that what is built twice is the same.
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
 file(READ ${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog)
 if(NOT changelog MATCHES "\n## \\[([0-9.]+)\\] - ([0-9]+-[0-9]+-[0-9]+)\n")
     message(FATAL_ERROR "CHANGELOG.md has no entry such as \"## [1.0] - 2026-11-22\"")
 endif()
 if(NOT CMAKE_MATCH_1 VERSION_EQUAL PROJECT_VERSION)
-    message(FATAL_ERROR "The newest entry of CHANGELOG.md is ${CMAKE_MATCH_1}, the project's version ${PROJECT_VERSION}")
+    message(FATAL_ERROR
+        "The newest entry of CHANGELOG.md is ${CMAKE_MATCH_1}, the project's version ${PROJECT_VERSION}")
 endif()
 set(NESTRIX_RELEASE_DATE ${CMAKE_MATCH_2})
 execute_process(COMMAND env LC_ALL=C date --utc --rfc-email --date ${NESTRIX_RELEASE_DATE}

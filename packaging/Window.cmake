@@ -3,7 +3,8 @@ set(nestrix_program_folder ${CMAKE_INSTALL_LIBEXECDIR}/nestrix)
 set(nestrix_data_folder ${CMAKE_INSTALL_DATADIR}/nestrix)
 
 install(TARGETS nestrix RUNTIME DESTINATION ${nestrix_program_folder} COMPONENT window)
-install(FILES ${PROJECT_SOURCE_DIR}/src/app/Nestrix_wdr.xrc DESTINATION ${nestrix_data_folder} COMPONENT window)
+install(FILES ${PROJECT_SOURCE_DIR}/src/app/Nestrix_wdr.xrc
+    DESTINATION ${nestrix_data_folder} COMPONENT window)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples DESTINATION ${nestrix_data_folder} COMPONENT window
     FILES_MATCHING PATTERN "*.pol")
 
@@ -37,7 +38,8 @@ add_custom_command(
     DEPENDS ${launcher} nestrix.h2m
     VERBATIM)
 nestrix_compressed(nestrix.1.gz ${CMAKE_CURRENT_BINARY_DIR}/nestrix.1)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/nestrix.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT window)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/nestrix.1.gz
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT window)
 
 # Small sizes have a drawing of their own.
 set(icon_folder ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
@@ -61,7 +63,7 @@ endforeach()
 
 install(FILES nestrix.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT window)
 install(FILES nestrix.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages COMPONENT window)
-configure_file(io.nestrix.nestrix.metainfo.xml.in ${CMAKE_CURRENT_BINARY_DIR}/io.nestrix.nestrix.metainfo.xml @ONLY)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/io.nestrix.nestrix.metainfo.xml
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT window)
+set(metainfo ${CMAKE_CURRENT_BINARY_DIR}/io.nestrix.nestrix.metainfo.xml)
+configure_file(io.nestrix.nestrix.metainfo.xml.in ${metainfo} @ONLY)
+install(FILES ${metainfo} DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT window)
 nestrix_papers(nestrix window)

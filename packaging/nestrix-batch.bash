@@ -21,7 +21,9 @@ _nestrix_batch() {
         *--csv) _filedir csv ;;
         draw--to) _filedir '@(svg|png)' ;;
         convert--to) _filedir '@(pol|svg|dxf|json)' ;;
-        *--@(seed|scale|tolerance|join|width|margin|spacing|time|steps|target-height|target-density|patience|threads|population|generations|mutation|pixels)) ;;
+        # Numbers are the user's.
+        *--@(seed|scale|tolerance|join|width|margin|spacing|threads|pixels)) ;;
+        *--@(time|steps|target-height|target-density|patience|population|generations|mutation)) ;;
         *)
             $split && return
             if [[ $cur == -* ]]; then
