@@ -1,15 +1,15 @@
 #!/usr/bin/env python3
-"""Makes the drawings in the folder "drawings" beside this script, or in the folder given as the only argument.
+"""Makes the drawings in the folder "drawings" beside this script, or in the one given as the only argument.
 
-The parts of a wall shelf for hooks, to be cut from 12 mm board. Two of them are DXF files of loose lines and arcs, as
-drawing programs leave them; the others are SVG files. The same files come out every time.
+The parts of a wall shelf for hooks, to be cut from 12 mm board. Two of them are DXF files of loose lines and
+arcs, as drawing programs leave them; the others are SVG files. The same files come out every time.
 """
 
 import math
 import pathlib
 import sys
 
-# --- DXF -------------------------------------------------------------------------------------------------------
+# --- DXF ---------------------------------------------------------------------------------------------------
 
 
 def number(value):
@@ -20,11 +20,12 @@ class Dxf:
     """A DXF file of release 12's entities, which every program reads, in millimetres."""
 
     def __init__(self):
-        self._pairs = [(0, "SECTION"), (2, "HEADER"), (9, "$ACADVER"), (1, "AC1009"), (9, "$INSUNITS"), (70, "4"),
-                       (0, "ENDSEC"), (0, "SECTION"), (2, "ENTITIES")]
+        self._pairs = [(0, "SECTION"), (2, "HEADER"), (9, "$ACADVER"), (1, "AC1009"), (9, "$INSUNITS"),
+                       (70, "4"), (0, "ENDSEC"), (0, "SECTION"), (2, "ENTITIES")]
 
     def _entity(self, name, layer, *pairs):
-        self._pairs += [(0, name), (8, layer), *((code, v if isinstance(v, str) else number(v)) for code, v in pairs)]
+        self._pairs += [(0, name), (8, layer)]
+        self._pairs += [(code, v if isinstance(v, str) else number(v)) for code, v in pairs]
 
     def line(self, start, end, layer="cut"):
         self._entity("LINE", layer, (10, start[0]), (20, start[1]), (11, end[0]), (21, end[1]))
@@ -43,7 +44,8 @@ class Dxf:
         """A counter-clockwise outline with its convex corners rounded."""
         touching = [touch_points(corners, i, radius) for i in range(len(corners))]
         for i, (before, after, centre) in enumerate(touching):
-            first, last = (math.degrees(math.atan2(p[1] - centre[1], p[0] - centre[0])) % 360 for p in (before, after))
+            first, last = (math.degrees(math.atan2(p[1] - centre[1], p[0] - centre[0])) % 360
+                           for p in (before, after))
             self.arc(centre, radius, first, last)
             self.line(after, touching[(i + 1) % len(corners)][0])
 
@@ -93,7 +95,7 @@ def rail():
     return dxf.content()
 
 
-# --- SVG -------------------------------------------------------------------------------------------------------
+# --- SVG ---------------------------------------------------------------------------------------------------
 
 CUT = 'fill="none" stroke="#d00000" stroke-width="0.2"'
 ENGRAVE = 'fill="none" stroke="#0000d0" stroke-width="0.2"'
@@ -128,7 +130,8 @@ def washer():
 
 
 def main():
-    folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else pathlib.Path(__file__).resolve().parent / "drawings"
+    beside = pathlib.Path(__file__).resolve().parent / "drawings"
+    folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else beside
     folder.mkdir(parents=True, exist_ok=True)
     contents = {"bracket.dxf": bracket(), "rail.dxf": rail(), "hook.svg": hook(), "badge.svg": badge(),
                 "washer.svg": washer()}
