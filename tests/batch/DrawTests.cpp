@@ -46,7 +46,7 @@ double SheetWidth(const std::string& name) {
 TEST(ProfileSvg, IsAsWideAsTheNamesUnderSmallPieces) {
     // Each of the letters is half as wide as the text is high, and that is more than a sixtieth of the
     // square.
-    EXPECT_GT(SheetWidth(std::string(100, 'w')), SheetWidth("w") + 10.0);
+    EXPECT_GT(SheetWidth(std::string(200, 'w')), SheetWidth("w") + 10.0);
 }
 
 TEST(ProfileSvg, HasTheFrontInRedAndTheBackInBlue) {
