@@ -33,7 +33,21 @@ std::pair<int, int> SizeOfPng(const std::string& content) {
     return {number(16), number(20)};
 }
 
+/// How wide the sheet of a square of that name is, in units of the square.
+double SheetWidth(const std::string& name) {
+    const std::string picture =
+        DrawProfilesSvg(std::vector<SProfiledPiece>{{name, support::MakeSquare(10.0F), {}}});
+    const std::string before = "viewBox=\"0 0 ";
+    return std::stod(picture.substr(picture.find(before) + before.size()));
+}
+
 }  // namespace
+
+TEST(ProfileSvg, IsAsWideAsTheNamesUnderSmallPieces) {
+    // Each of the letters is half as wide as the text is high, and that is more than a sixtieth of the
+    // square.
+    EXPECT_GT(SheetWidth(std::string(200, 'w')), SheetWidth("w") + 10.0);
+}
 
 TEST(ProfileSvg, HasTheFrontInRedAndTheBackInBlue) {
     const CPolygon square = support::MakeSquare(10.0F);

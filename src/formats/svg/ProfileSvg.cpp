@@ -19,6 +19,7 @@ constexpr char const* BACK = "#0000ff";
 constexpr char const* REFERENCE = "#000000";
 
 constexpr double PICTURE_PIXELS = 1000.0;  ///< the longer side, for viewers that ask for a size
+constexpr double GLYPH_WIDTH = 0.556;      ///< of a digit in the sheet's font, in sizes of the text
 constexpr double ROW_OF_SQUARE = 1.5;      ///< a row's length, counted in sides of the square of all cells
 
 struct SSheetBox {
@@ -50,6 +51,12 @@ SSheetBox BoxOf(const SProfiledPiece& piece) {
         include(point.m_Position);
     }
     return box;
+}
+
+/// How wide and how high a piece is, for its reader.
+std::string SizeText(const CPolygon& polygon) {
+    const mgVector3 size = polygon.m_BoundingBoxMax - polygon.m_BoundingBoxMin;
+    return SvgNumber(double{size.x}) + " x " + SvgNumber(double{size.y});
 }
 
 /// A piece's place on the sheet: where its 0, 0 lies, y downward.
@@ -91,7 +98,8 @@ private:
         double x = Gap();
         double top = Gap();
         double height = 0.0;
-        for (SCell& cell : m_Cells) {
+        for (size_t i = 0; i < m_Cells.size(); ++i) {
+            SCell& cell = m_Cells[i];
             if (x > Gap() && x + cell.m_Box.Width() > row) {
                 x = Gap();
                 top += height + Gap();
@@ -100,7 +108,7 @@ private:
             height = std::max(height, cell.m_Box.Height() + 2.5 * TextSize());
             cell.m_X = x - cell.m_Box.m_Left;
             cell.m_Y = top + cell.m_Box.m_High;
-            x += std::max(cell.m_Box.Width(), 6.0 * TextSize()) + Gap();
+            x += std::max(cell.m_Box.Width(), WidthOfTexts(m_Pieces[i])) + Gap();
             m_Width = std::max(m_Width, x);
             m_Height = std::max(m_Height, top + height + Gap());
         }
@@ -131,8 +139,7 @@ private:
         }
         m_Svg.EndContent("g");
         Text(piece.m_Name, cell, 1.0);
-        const mgVector3 size = polygon.m_BoundingBoxMax - polygon.m_BoundingBoxMin;
-        Text(SvgNumber(double{size.x}) + " x " + SvgNumber(double{size.y}), cell, 2.1);
+        Text(SizeText(polygon), cell, 2.1);
     }
 
     void DrawBox(const CPolygon& polygon) {
@@ -213,6 +220,10 @@ private:
     }
 
     [[nodiscard]] double Gap() const { return 12.0 * m_Unit; }
+    [[nodiscard]] double WidthOfTexts(const SProfiledPiece& piece) const {
+        const size_t nLetters = std::max(piece.m_Name.size(), SizeText(piece.m_Polygon).size());
+        return static_cast<double>(nLetters) * GLYPH_WIDTH * TextSize();
+    }
     [[nodiscard]] double TextSize() const { return 7.0 * m_Unit; }
 
     std::span<const SProfiledPiece> m_Pieces;
