@@ -49,6 +49,17 @@ bool IsEnclosed(const CPolygon& polygon) {
            tight.m_BoundingBoxMax.y <= polygon.m_BoundingBoxMax.y;
 }
 
+/// What a curve's calculation leaves of a coordinate that is 0 would ask for digits that no exact examination
+/// has room for.
+constexpr double NOISE_SHARE = 1e-12;  ///< of the largest coordinate
+
+mgVector3 WithoutNoise(SPoint point, double largest) {
+    const auto plain = [noise = largest * NOISE_SHARE](double coordinate) {
+        return std::fabs(coordinate) < noise ? 0.0F : static_cast<float>(coordinate);
+    };
+    return {plain(point.m_X), plain(point.m_Y), 0.0F};
+}
+
 CRing OutlineOf(const CPolygon& polygon, double scale) {
     CRing outline;
     outline.reserve(polygon.m_Lines.size());
@@ -169,10 +180,14 @@ CPolygon PolygonOf(const SInputPiece& piece) {
     if (piece.m_Polygon) {
         return *piece.m_Polygon;
     }
+    const CRing& outline = piece.m_Piece.m_Shape.m_Outline;
+    double largest = 0.0;
+    for (const SPoint point : outline) {
+        largest = std::max({largest, std::fabs(point.m_X), std::fabs(point.m_Y)});
+    }
     CPolygon polygon;
-    for (const SPoint point : piece.m_Piece.m_Shape.m_Outline) {
-        polygon.m_Points.emplace_back().m_Position = {static_cast<float>(point.m_X),
-                                                      static_cast<float>(point.m_Y), 0.0F};
+    for (const SPoint point : outline) {
+        polygon.m_Points.emplace_back().m_Position = WithoutNoise(point, largest);
     }
     polygon.BuildConnectivity();
     if (TwiceSignedArea(polygon) < 0.0) {

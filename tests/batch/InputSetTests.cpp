@@ -117,4 +117,10 @@ TEST(PolygonOfAPiece, OfADrawingRunsCounterClockwiseInATightBox) {
     EXPECT_EQ(polygon, support::MakePolygon({{9, 0, 0}, {0, 9, 0}, {0, 0, 0}}));
 }
 
+TEST(PolygonOfAPiece, OfADrawingHasNothingOfItsCurvesRounding) {
+    SInputPiece piece;
+    piece.m_Piece.m_Shape.m_Outline = {{5.6e-17, 0}, {9, -1e-16}, {1e-3, 9}};
+    EXPECT_EQ(PolygonOf(piece), support::MakePolygon({{0, 0, 0}, {9, 0, 0}, {1e-3F, 9, 0}}));
+}
+
 }  // namespace nestrix
