@@ -14,7 +14,9 @@ void CMailbox::BetterPacking(const SFreePacking& packing, const SPackProgress& p
 
 std::optional<SFreePacking> CMailbox::PackingOfOthers() {
     const std::lock_guard lock(m_Mutex);
-    return std::exchange(m_OfOthers, std::nullopt);
+    std::optional<SFreePacking> packing = std::exchange(m_OfOthers, std::nullopt);
+    // The search may have been quicker than the message.
+    return packing && m_Best && m_Best->m_nHeight <= packing->m_nHeight ? std::nullopt : packing;
 }
 
 std::optional<SFreePacking> CMailbox::BestBelow(int64_t nHeight) const {

@@ -24,7 +24,8 @@ public:
     /// The best packing of the search, if it is lower than this, in units of the grid.
     [[nodiscard]] std::optional<SFreePacking> BestBelow(int64_t nHeight) const;
 
-    /// Leaves a packing for the search. It takes the place of one that was not fetched yet.
+    /// Leaves a packing for the search, which hears of it if it is lower than its own. It takes the place of
+    /// one that was not fetched yet.
     void Put(SFreePacking packing);
 
     /// Asks the search to end, since another rank has found that all should.

@@ -40,6 +40,17 @@ TEST_F(Mailbox, GivesWhatOthersFoundOnceAndTheLastOnly) {
     EXPECT_FALSE(m_Mailbox.PackingOfOthers());
 }
 
+TEST_F(Mailbox, KeepsWhatIsNoLowerThanTheSearchsOwnToItself) {
+    m_Mailbox.BetterPacking(OfHeight(8), {});
+    m_Mailbox.Put(OfHeight(8));
+    EXPECT_FALSE(m_Mailbox.PackingOfOthers());
+    m_Mailbox.Put(OfHeight(7));
+    m_Mailbox.BetterPacking(OfHeight(7), {});
+    EXPECT_FALSE(m_Mailbox.PackingOfOthers());
+    m_Mailbox.Put(OfHeight(6));
+    EXPECT_EQ(m_Mailbox.PackingOfOthers(), OfHeight(6));
+}
+
 TEST_F(Mailbox, TellsAStopOfAnotherRankFromOneOfItsOwn) {
     m_Mailbox.Stop();
     EXPECT_TRUE(m_Mailbox.IsToStop());
