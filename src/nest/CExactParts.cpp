@@ -9,16 +9,17 @@ namespace nestrix {
 CExactParts::CExactParts(const CPackProblem& problem)
     : m_Problem(problem), m_Parts(problem.Versions().size()) {}
 
-const std::vector<CExactParts::SPart>& CExactParts::Of(size_t nVersion) {
-    std::optional<std::vector<SPart>>& parts = m_Parts[nVersion];
+const CExactParts::SParts& CExactParts::Of(size_t nVersion) {
+    std::optional<SParts>& parts = m_Parts[nVersion];
     if (!parts) {
         parts.emplace();
         for (CConvexPart& part : ConvexPartsOf(m_Problem.Versions()[nVersion].m_Shape)) {
             SPlaneBox box;
             for (const SPoint point : part) {
                 box.Include(point);
+                parts->m_Box.Include(point);
             }
-            parts->push_back({std::move(part), box});
+            parts->m_Parts.push_back({std::move(part), box});
         }
     }
     return *parts;

@@ -17,13 +17,18 @@ public:
         SPlaneBox m_Box;
     };
 
+    struct SParts {
+        std::vector<SPart> m_Parts;
+        SPlaneBox m_Box;  ///< of them all
+    };
+
     explicit CExactParts(const CPackProblem& problem);
 
-    [[nodiscard]] const std::vector<SPart>& Of(size_t nVersion);
+    [[nodiscard]] const SParts& Of(size_t nVersion);
 
 private:
     const CPackProblem& m_Problem;
-    std::vector<std::optional<std::vector<SPart>>> m_Parts;  ///< of each version
+    std::vector<std::optional<SParts>> m_Parts;  ///< of each version
 };
 
 }  // namespace nestrix

@@ -20,6 +20,11 @@ constexpr size_t SIMPLE_POINTS = 28;
 constexpr double LEAST_SIMPLIFIED_SHARE = 0.0015;
 constexpr double MOST_SIMPLIFIED_SHARE = 0.012;
 
+/// Fields take time that grows with the fourth power of the points: with more than this, several seconds. So
+/// ragged outlines are simplified further, and those with deep gaps stand for their hulls.
+constexpr size_t MOST_POINTS = 100;
+constexpr double MOST_RAGGED_SHARE = 0.2;
+
 /// Two turns of one piece look the same when no point differs by more, in units: what rounding does.
 constexpr int64_t SAME_POINT = 2;
 
@@ -57,11 +62,17 @@ size_t CountPoints(const SGridShape& shape) {
 SGridShape SimplifiedForSearch(const SGridShape& shape, double area) {
     const double size = std::sqrt(area);
     SGridShape simple = shape;
-    for (double share = LEAST_SIMPLIFIED_SHARE;
-         CountPoints(simple) > SIMPLE_POINTS && share <= MOST_SIMPLIFIED_SHARE; share *= 2.0) {
+    for (double share = LEAST_SIMPLIFIED_SHARE; CountPoints(simple) > SIMPLE_POINTS; share *= 2.0) {
+        const size_t nPoints = CountPoints(simple);
+        if (share > (nPoints > MOST_POINTS ? MOST_RAGGED_SHARE : MOST_SIMPLIFIED_SHARE)) {
+            break;
+        }
         simple = Simplified(shape, share * size);
     }
-    return simple;
+    if (CountPoints(simple) <= MOST_POINTS) {
+        return simple;
+    }
+    return Simplified({HullOf(shape.m_Outline), {}}, MOST_SIMPLIFIED_SHARE * size);
 }
 
 double GridAreaOf(const SGridShape& shape) {

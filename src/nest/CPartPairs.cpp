@@ -44,13 +44,29 @@ CPartPairs::CPartPairs(CExactParts& parts, double spacing, double reach)
 void CPartPairs::Add(const SItem& first, const SItem& second) {
     const size_t nBefore = m_Waiting.size();
     m_Items.push_back({first.m_nNumber, second.m_nNumber, first.m_At - second.m_At});
-    for (const CExactParts::SPart& own : m_Parts.Of(first.m_nVersion)) {
-        for (const CExactParts::SPart& its : m_Parts.Of(second.m_nVersion)) {
-            AddParts(own, its);
+    const SPoint at = m_Items.back().m_At;
+    const CExactParts::SParts& all = m_Parts.Of(first.m_nVersion);
+    const CExactParts::SParts& others = m_Parts.Of(second.m_nVersion);
+    const std::vector<const CExactParts::SPart*> reachable = Reachable(others, -at, all.m_Box);
+    for (const CExactParts::SPart* pOwn : Reachable(all, at, others.m_Box)) {
+        for (const CExactParts::SPart* pIts : reachable) {
+            AddParts(*pOwn, *pIts);
         }
     }
     std::stable_sort(m_Waiting.begin() + static_cast<std::ptrdiff_t>(nBefore), m_Waiting.end(),
                      [](const SPartPair& a, const SPartPair& b) { return a.m_Apart < b.m_Apart; });
+}
+
+/// The parts of an item at a place that can reach a box in a compaction.
+std::vector<const CExactParts::SPart*> CPartPairs::Reachable(const CExactParts::SParts& parts, SPoint at,
+                                                             const SPlaneBox& box) const {
+    std::vector<const CExactParts::SPart*> reachable;
+    for (const CExactParts::SPart& part : parts.m_Parts) {
+        if (GapOf(BoxAt(part.m_Box, at), box) - m_Spacing < m_Farthest) {
+            reachable.push_back(&part);
+        }
+    }
+    return reachable;
 }
 
 void CPartPairs::AddParts(const CExactParts::SPart& own, const CExactParts::SPart& its) {

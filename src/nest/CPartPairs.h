@@ -55,6 +55,8 @@ private:
         std::optional<SHalfPlane> m_Side;  ///< that separates them best, once it is known
     };
 
+    [[nodiscard]] std::vector<const CExactParts::SPart*> Reachable(const CExactParts::SParts& parts,
+                                                                   SPoint at, const SPlaneBox& box) const;
     void AddParts(const CExactParts::SPart& own, const CExactParts::SPart& its);
     [[nodiscard]] const SHalfPlane& SideOf(SPartPair& parts) const;
     [[nodiscard]] bool Overlap(SPartPair& parts, SPoint at) const;

@@ -54,6 +54,23 @@ CInt128 TwiceArea(std::span<const SGridPoint> ring) {
     return area;
 }
 
+CGridRing HullOf(CGridRing points) {
+    std::sort(points.begin(), points.end());
+    CGridRing hull;
+    for (int nSide = 0; nSide < 2; ++nSide) {
+        const size_t nFirst = hull.size();
+        for (const SGridPoint point : points) {
+            while (hull.size() >= nFirst + 2 && Turn(hull[hull.size() - 2], hull.back(), point) <= 0) {
+                hull.pop_back();
+            }
+            hull.push_back(point);
+        }
+        hull.pop_back();
+        std::reverse(points.begin(), points.end());
+    }
+    return hull;
+}
+
 CGridRing Cleaned(std::span<const SGridPoint> ring, bool bCounterClockwise) {
     CGridRing clean;
     const auto dropNeedless = [&clean](SGridPoint next) {

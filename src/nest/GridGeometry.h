@@ -42,6 +42,9 @@ struct SGridBox {
 /// Twice the signed area, positive for a counter-clockwise ring.
 [[nodiscard]] CInt128 TwiceArea(std::span<const SGridPoint> ring);
 
+/// The convex hull, counter-clockwise (Andrew's monotone chain, 1979).
+[[nodiscard]] CGridRing HullOf(CGridRing points);
+
 /// The ring without points that repeat the one before and without those in the middle of a straight line,
 /// also one that runs back on itself; counter-clockwise if asked for, clockwise otherwise.
 /// @return fewer than three points for a ring without inside.

@@ -18,24 +18,6 @@ double Rounded(double degrees) {
     return std::round(degrees * 1e6) / 1e6;
 }
 
-/// The convex hull, counter-clockwise (Andrew's monotone chain, 1979).
-CGridRing HullOf(CGridRing points) {
-    std::sort(points.begin(), points.end());
-    CGridRing hull;
-    for (int nSide = 0; nSide < 2; ++nSide) {
-        const size_t nFirst = hull.size();
-        for (const SGridPoint point : points) {
-            while (hull.size() >= nFirst + 2 && Turn(hull[hull.size() - 2], hull.back(), point) <= 0) {
-                hull.pop_back();
-            }
-            hull.push_back(point);
-        }
-        hull.pop_back();
-        std::reverse(points.begin(), points.end());
-    }
-    return hull;
-}
-
 /// The turn that lays the edge from a to b along the floor, to the right.
 double LevelTurnOf(SGridPoint a, SGridPoint b) {
     constexpr double DEGREES_IN_A_RADIAN = 57.29577951308232;

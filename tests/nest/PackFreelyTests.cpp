@@ -107,6 +107,12 @@ TEST(PackFreely, PacksOutlinesOfFiveThousandVertices) {
     (void)PackAndExamine(pieces, {60.0, 0.0, 0.0}, StepSettings(5));
 }
 
+TEST(PackFreely, PacksRaggedOutlines) {
+    const std::vector<SPiece> pieces{Copies(support::Star(500, 18.0, 20.0), 2),
+                                     Copies(support::Star(200, 5.0, 20.0), 2)};
+    (void)PackAndExamine(pieces, {90.0, 0.0, 0.0}, StepSettings(20));
+}
+
 TEST(PackFreely, PacksShapesThatTouchThemselves) {
     const std::vector<SPiece> pieces{
         Copies(support::PieceOf({{0, 0}, {10, 10}, {20, 0}, {20, 20}, {10, 10}, {0, 20}}), 3),

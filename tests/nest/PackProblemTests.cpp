@@ -116,6 +116,17 @@ TEST(PackProblem, LeavesOutTurnsInWhichRoundingSpoilsTheShape) {
     }
 }
 
+TEST(PackProblem, SearchesWithFewPartsOfRaggedOutlinesAndWithHullsOfDeepOnes) {
+    const std::vector<SPiece> pieces{support::Star(1000, 27.0, 30.0), support::Star(1000, 5.0, 30.0),
+                                     support::Star(16, 5.0, 30.0)};
+    const CPackProblem problem(pieces, STRIP, true);
+    ASSERT_EQ(problem.Figures().size(), 3U);
+    EXPECT_LE(problem.Figures()[0].m_Parts.size(), 100U);
+    EXPECT_EQ(problem.Figures()[1].m_Parts.size(), 1U);
+    EXPECT_GE(problem.Figures()[2].m_Parts.size(), 16U);
+    EXPECT_LT(problem.Figures()[1].m_Area, 0.3 * problem.Figures()[0].m_Area);
+}
+
 TEST(PackProblem, PlacesAnItemWhereItsReferencePointIsPut) {
     const std::vector<SPiece> pieces{Copies(support::LetterL(30), 1, {90.0})};
     const CPackProblem problem(pieces, STRIP, true);

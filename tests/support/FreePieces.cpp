@@ -4,6 +4,8 @@
 #include <numbers>
 #include <utility>
 
+#include "packing/PointVectors.h"
+
 namespace nestrix::support {
 
 CRing RectangleRing(double left, double bottom, double width, double height) {
@@ -24,6 +26,14 @@ SPiece RegularPiece(int nVertices, double radius) {
                         std::round(radius * std::sin(angle) * 1e3) / 1e3});
     }
     return PieceOf(ring);
+}
+
+SPiece Star(int nPoints, double inner, double outer) {
+    SPiece star = RegularPiece(2 * nPoints, outer);
+    for (size_t i = 0; i < star.m_Shape.m_Outline.size(); i += 2) {
+        star.m_Shape.m_Outline[i] = star.m_Shape.m_Outline[i] * (inner / outer);
+    }
+    return star;
 }
 
 SFreePacking PackingAt(const SFreeStrip& strip, std::span<const SPiece> pieces,
