@@ -74,13 +74,6 @@ std::vector<bool> FindAgain(std::span<const std::vector<SPoint>> outlines, doubl
     return again;
 }
 
-double DistanceOf(SPoint point, SPoint from, SPoint to) {
-    const SPoint along = to - from;
-    const double square = Dot(along, along);
-    const double share = square > 0.0 ? std::clamp(Dot(point - from, along) / square, 0.0, 1.0) : 0.0;
-    return Length(point - from - along * share);
-}
-
 bool IsNear(SPoint point, const CRing& ring, double distance) {
     for (size_t i = 0; i < ring.size(); ++i) {
         if (DistanceOf(point, ring[i], ring[(i + 1) % ring.size()]) <= distance) {
