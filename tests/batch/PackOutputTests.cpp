@@ -65,7 +65,7 @@ TEST(Outputs, OfADroppedPackingKeepTheHolesThatItsDensityLeavesOut) {
                         "cd " + folder.Path().native());
     EXPECT_EQ(result.ValueOf("Density: "), "8.00 %") << result.m_Errors;
     EXPECT_THAT(RunBatchProgram("certify " + folder.PathOf("a.json")).m_Output,
-                HasSubstr("valid, 1 pieces, height 50, density 8.00 %"));
+                HasSubstr("valid, 1 piece, height 50, density 8.00 %"));
 }
 
 TEST(Outputs, HaveTheSameBytesForTheSameInputAndSeed) {
