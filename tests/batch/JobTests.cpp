@@ -126,6 +126,7 @@ TEST(Job, MayTakeOnePieceOfAFile) {
     const SBatchResult result = RunBatchProgram("pack --job " + job + " --steps 0 --json " + record);
     EXPECT_EQ(result.ValueOf("Pieces: "), "3") << result.m_Errors;
     EXPECT_THAT(result.m_Errors, HasSubstr("three.svg: 1 piece (2 with copies), 7 x 7 mm"));
+    EXPECT_THAT(result.m_Errors, HasSubstr("three.svg: 1 piece, 6 x 6 mm"));
     EXPECT_THAT(ReadFile(record), HasSubstr("\"name\": \"plate\""));
 }
 
