@@ -134,7 +134,8 @@ TEST(Job, ThatTakesAPieceThatAFileHasNotIsRefused) {
     const CTemporaryFolder folder;
     (void)folder.Write("two.svg", R"(<svg width="99mm" height="99mm" viewBox="0 0 99 99"
         xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape">
-        <rect inkscape:label="a" width="5" height="5"/><rect inkscape:label="a" x="10" width="5" height="5"/></svg>)");
+        <rect inkscape:label="a" width="5" height="5"/>
+        <rect inkscape:label="a" x="10" width="5" height="5"/></svg>)");
     const auto errorsOf = [&folder](const std::string& choice) {
         const SBatchResult result = RunBatchProgram(
             "pack --steps 0 --job " +

@@ -84,7 +84,8 @@ TEST(Job, NamesFilesFromItsOwnFolder) {
 
 TEST(Job, MayChooseOnePieceOfAFileByNameOrNumber) {
     const SJob job = Read(
-        R"({"pieces": [{"file": "a.dxf", "piece": "leg"}, {"file": "a.dxf", "piece": 2}, {"file": "a.dxf"}]})");
+        R"({"pieces": [{"file": "a.dxf", "piece": "leg"}, {"file": "a.dxf", "piece": 2},
+            {"file": "a.dxf"}]})");
     EXPECT_EQ(job.m_Pieces[0].m_Choice, CPieceChoice("leg"));
     EXPECT_EQ(job.m_Pieces[1].m_Choice, CPieceChoice(2));
     EXPECT_EQ(job.m_Pieces[2].m_Choice, std::nullopt);
