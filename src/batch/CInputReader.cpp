@@ -6,6 +6,7 @@
 #include "batch/InputFormats.h"
 #include "batch/InputPaths.h"
 #include "batch/PolygonInput.h"
+#include "drawing/Quoting.h"
 #include "formats/SvgNumber.h"
 
 namespace nestrix {
@@ -30,6 +31,39 @@ SJobDemand Merged(const SJobDemand& own, const SJobDemand& general) {
 void Demand(const SJobDemand& demand, SPiece& piece) {
     piece.m_Turns = demand.m_Turns.value_or(piece.m_Turns);
     piece.m_bMirrored = demand.m_bMirror.value_or(piece.m_bMirrored);
+}
+
+/// Which pieces are meant.
+std::vector<size_t> FindChosen(const std::vector<SInputPiece>& pieces, const CPieceChoice& choice) {
+    std::vector<size_t> chosen;
+    for (size_t i = 0; i < pieces.size(); ++i) {
+        const std::string* const pName = std::get_if<std::string>(&choice);
+        if (pName != nullptr ? pieces[i].m_Piece.m_Name == *pName
+                             : i + 1 == static_cast<size_t>(std::get<int>(choice))) {
+            chosen.push_back(i);
+        }
+    }
+    return chosen;
+}
+
+std::string InWords(const CPieceChoice& choice) {
+    const std::string* const pName = std::get_if<std::string>(&choice);
+    return pName != nullptr ? Quoted(*pName, {'"', '?', 60}) : std::to_string(std::get<int>(choice));
+}
+
+/// Leaves the chosen piece only. A choice that is none is a finding.
+void Choose(const CPieceChoice& choice, const std::string& path, SInputFile& file) {
+    const std::vector<size_t> chosen = FindChosen(file.m_Pieces, choice);
+    if (chosen.size() == 1) {
+        file.m_Pieces = {std::move(file.m_Pieces[chosen[0]])};
+    } else if (!file.m_Pieces.empty()) {
+        const std::string asked =
+            chosen.empty() ? "it has no piece " : "more than one piece of it has the name ";
+        const std::string has = "; it holds " + std::to_string(file.m_Pieces.size());
+        file.m_Findings.push_back(
+            {path, 0, ESeverity::FAULT,
+             asked + InWords(choice) + (chosen.empty() ? has : ": their numbers tell")});
+    }
 }
 
 CRing Scaled(CRing ring, double scale) {
@@ -71,6 +105,9 @@ void CInputReader::ReadJobFile(const SJobPiece& piece, const SJobDemand& demand)
     Append(paths.m_Findings, m_Set.m_Findings);
     for (const SInputPath& path : paths.m_Files) {
         SInputFile file = ReadInput(path.m_File, m_Options);
+        if (piece.m_Choice) {
+            Choose(*piece.m_Choice, path.m_File, file);
+        }
         for (SInputPiece& read : file.m_Pieces) {
             Demand(demand, read.m_Piece);
         }

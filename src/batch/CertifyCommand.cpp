@@ -38,9 +38,10 @@ template <class TRecord>
 bool ReportRecord(const std::string& file, const SPackingRecord& whole, const TRecord& record) {
     const SCertificate certificate = CertificateOf(record);
     const SPackingFigures figures = FiguresOf(whole);
-    std::printf("%s: %s, %zu pieces, height %s, density %s %%\n", file.c_str(),
+    std::printf("%s: %s, %zu %s, height %s, density %s %%\n", file.c_str(),
                 certificate.IsValid() ? "valid" : "not valid", figures.m_nPlaced,
-                ShortestDigits(figures.m_Height).c_str(), Decimals(100.0 * figures.m_Density, 2).c_str());
+                figures.m_nPlaced == 1 ? "piece" : "pieces", ShortestDigits(figures.m_Height).c_str(),
+                Decimals(100.0 * figures.m_Density, 2).c_str());
     for (const SViolation& violation : certificate.m_Violations) {
         std::printf("%s: %s\n", file.c_str(), InWords(violation, record).c_str());
     }

@@ -49,9 +49,11 @@ SPackingRecord RecordOf(const SPackTask& task, const SDroppedResult& result) {
     SPackingRecord record = Begun(task, result.m_Seconds);
     record.m_nSteps = static_cast<uint64_t>(result.m_nGenerations);
     record.m_eEnd = task.m_Stop ? EPackEnd::STOPPED : EPackEnd::STEPS;
-    SDroppedRecord dropped{{}, result.m_Polygons, result.m_Packing};
+    SDroppedRecord dropped{{}, result.m_Polygons, {}, result.m_Packing};
     for (const size_t nPiece : task.m_Set.m_Order) {
-        dropped.m_Names.push_back(task.m_Set.m_Pieces[nPiece].m_Name);
+        const SPiece& piece = task.m_Set.m_Pieces[nPiece];
+        dropped.m_Names.push_back(piece.m_Name);
+        dropped.m_Holes.push_back(piece.m_Shape.m_Holes);
         record.m_Sources.push_back(SourceOf(task.m_Set.m_Drawn[nPiece]));
     }
     record.m_Packing = std::move(dropped);

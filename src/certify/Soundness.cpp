@@ -2,8 +2,9 @@
 #include <vector>
 
 #include "certify/CEdgeSweep.h"
+#include "certify/CLocator.h"
 #include "certify/Certify.h"
-#include "certify/Inside.h"
+#include "certify/Meetings.h"
 
 namespace nestrix {
 
@@ -18,11 +19,10 @@ using certify::SWhere;
 bool BoundsOneInside(const SBorder& border) {
     const std::vector<SStretch> stretches =
         certify::StretchesBetween(border, certify::FindOwnMeetings(border).m_First);
-    return std::all_of(stretches.begin(), stretches.end(), [&border](const SStretch& stretch) {
-        const SWhere where = certify::Locate(stretch, border);
-        const SGridPoint direction = stretch.m_Direction;
-        const bool bInsideEast = direction.m_nY < 0 || (direction.m_nY == 0 && direction.m_nX > 0);
-        return where.m_nAlong == 1 && where.m_nWinding == (bInsideEast ? 1 : 0);
+    const certify::CLocator locator(border);
+    return std::all_of(stretches.begin(), stretches.end(), [&locator](const SStretch& stretch) {
+        const SWhere where = locator.Locate(stretch);
+        return where.m_nAlong == 1 && where.m_nWinding == 1;
     });
 }
 

@@ -27,18 +27,23 @@ public:
         std::sort(m_Items.begin(), m_Items.end(), IsBefore);
     }
 
-    /// Calls visit(index) for each point nearer than a cell is wide, and for some that are farther.
+    /// Calls visit(index) for each point nearer than a cell is wide, and for some that are farther, until it
+    /// returns true.
+    /// @return whether it did.
     template <class TVisit>
-    void VisitNear(SPoint point, TVisit&& visit) const {
+    bool VisitNear(SPoint point, TVisit&& visit) const {
         const SCell cell = CellOf(point);
         for (int64_t nX = cell.m_nX - 1; nX <= cell.m_nX + 1; ++nX) {
             auto item =
                 std::lower_bound(m_Items.begin(), m_Items.end(), SItem{{nX, cell.m_nY - 1}, 0}, IsBefore);
             for (; item != m_Items.end() && item->m_Cell.m_nX == nX && item->m_Cell.m_nY <= cell.m_nY + 1;
                  ++item) {
-                visit(item->m_nIndex);
+                if (visit(item->m_nIndex)) {
+                    return true;
+                }
             }
         }
+        return false;
     }
 
 private:

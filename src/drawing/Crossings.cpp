@@ -5,8 +5,10 @@
 #include <cmath>
 #include <map>
 #include <optional>
+#include <utility>
 
 #include "drawing/PathArea.h"
+#include "packing/CSegmentTree.h"
 #include "packing/PointVectors.h"
 
 namespace nestrix {
@@ -22,7 +24,6 @@ struct SEdge {
     SPoint m_From;
     SPoint m_To;
     size_t m_nRing = 0;
-    SPlaneBox m_Box;  ///< in the coordinates of the sweep
 };
 
 /// Whether b is within the turn counter-clockwise from a to c.
@@ -109,10 +110,10 @@ private:
     double m_Rounding;
 };
 
-/// Goes over edges in one direction and compares those only that lie side by side.
-class CCrossingSweep {
+/// Compares the edges with those only that come near them.
+class CCrossingSearch {
 public:
-    explicit CCrossingSweep(std::span<const CRing> rings) {
+    explicit CCrossingSearch(std::span<const CRing> rings) {
         SPlaneBox extent;
         for (size_t i = 0; i < rings.size(); ++i) {
             AddRing(rings[i], i);
@@ -123,29 +124,21 @@ public:
         m_Rounding = extent.IsEmpty() ? 0.0 : ROUNDING * Length(extent.m_High - extent.m_Low);
     }
 
-    [[nodiscard]] std::vector<SCrossing> Find() {
-        Project(BestDirection());
-        std::sort(m_Edges.begin(), m_Edges.end(),
-                  [](const SEdge& a, const SEdge& b) { return a.m_Box.m_Low.m_X < b.m_Box.m_Low.m_X; });
+    [[nodiscard]] std::vector<SCrossing> Find() const {
         const CCrossingTest test(m_Rounding);
         std::map<std::pair<size_t, size_t>, SPoint> found;
-        for (size_t i = 0; i < m_Edges.size(); ++i) {
-            const SEdge& a = m_Edges[i];
-            const double reach = a.m_Box.m_High.m_X + m_Rounding;
-            for (size_t k = i + 1; k < m_Edges.size() && m_Edges[k].m_Box.m_Low.m_X <= reach; ++k) {
-                const SEdge& b = m_Edges[k];
-                if (b.m_Box.m_Low.m_Y > a.m_Box.m_High.m_Y + m_Rounding ||
-                    a.m_Box.m_Low.m_Y > b.m_Box.m_High.m_Y + m_Rounding) {
-                    continue;
-                }
-                if (const std::optional<SPoint> at = test.Find(a, b); at.has_value()) {
-                    const auto [place, bNew] = found.insert({std::minmax(a.m_nRing, b.m_nRing), *at});
-                    if (!bNew && IsBefore(*at, place->second)) {
-                        place->second = *at;
-                    }
+        AsTree().VisitPairs([&](int i, int j) {
+            const auto [nFirst, nSecond] = std::minmax(i, j);
+            const SEdge& a = m_Edges[static_cast<size_t>(nFirst)];
+            const SEdge& b = m_Edges[static_cast<size_t>(nSecond)];
+            if (const std::optional<SPoint> at = test.Find(a, b); at.has_value()) {
+                const auto [place, bNew] = found.insert({std::minmax(a.m_nRing, b.m_nRing), *at});
+                if (!bNew && IsBefore(*at, place->second)) {
+                    place->second = *at;
                 }
             }
-        }
+            return false;
+        });
         std::vector<SCrossing> crossings;
         for (const auto& [rings, at] : found) {
             crossings.push_back({rings.first, rings.second, at});
@@ -167,50 +160,18 @@ private:
         }
         const size_t nCorners = corners.size();
         for (size_t i = 0; i < nCorners; ++i) {
-            m_Edges.push_back({corners[(i + nCorners - 1) % nCorners], corners[i],
-                               corners[(i + 1) % nCorners], nRing, SPlaneBox()});
+            m_Edges.push_back(
+                {corners[(i + nCorners - 1) % nCorners], corners[i], corners[(i + 1) % nCorners], nRing});
         }
     }
 
-    void Project(SPoint along) {
-        for (SEdge& edge : m_Edges) {
-            edge.m_Box = SPlaneBox();
-            for (const SPoint point : {edge.m_From, edge.m_To}) {
-                edge.m_Box.Include({Dot(along, point), Cross(along, point)});
-            }
-        }
-    }
-
-    /// How many edges a line across the direction meets on average.
-    [[nodiscard]] double CrowdAlong(SPoint along) const {
-        double sum = 0.0;
-        double low = HUGE_VAL;
-        double high = -HUGE_VAL;
+    [[nodiscard]] CSegmentTree AsTree() const {
+        std::vector<SSegment> segments;
+        segments.reserve(m_Edges.size());
         for (const SEdge& edge : m_Edges) {
-            const double from = Dot(along, edge.m_From);
-            const double to = Dot(along, edge.m_To);
-            sum += std::abs(to - from);
-            low = std::min({low, from, to});
-            high = std::max({high, from, to});
+            segments.push_back({edge.m_From, edge.m_To, static_cast<int>(segments.size())});
         }
-        return high > low ? sum / (high - low) : HUGE_VAL;
-    }
-
-    /// Along an axis, or across the direction of most edges: those of a comb.
-    [[nodiscard]] SPoint BestDirection() const {
-        SPoint doubled;  // the sum of the edges with their angles doubled: opposite ones are the same
-        for (const SEdge& edge : m_Edges) {
-            const SPoint along = edge.m_To - edge.m_From;
-            const double length = std::max(Length(along), 1e-300);
-            doubled =
-                doubled + SPoint{along.m_X * along.m_X - along.m_Y * along.m_Y, 2.0 * along.m_X * along.m_Y} *
-                              (1.0 / length);
-        }
-        const double angle = std::atan2(doubled.m_Y, doubled.m_X) / 2.0;
-        const std::array<SPoint, 3> directions{SPoint{1.0, 0.0}, SPoint{0.0, 1.0},
-                                               SPoint{-std::sin(angle), std::cos(angle)}};
-        return *std::min_element(directions.begin(), directions.end(),
-                                 [this](SPoint a, SPoint b) { return CrowdAlong(a) < CrowdAlong(b); });
+        return {std::move(segments), m_Rounding};
     }
 
     std::vector<SEdge> m_Edges;
@@ -220,7 +181,7 @@ private:
 }  // namespace
 
 std::vector<SCrossing> FindCrossings(std::span<const CRing> rings) {
-    return CCrossingSweep(rings).Find();
+    return CCrossingSearch(rings).Find();
 }
 
 std::vector<SCrossing> FindCrossings(const SShape& shape) {

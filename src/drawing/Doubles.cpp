@@ -66,19 +66,12 @@ std::vector<bool> FindAgain(std::span<const std::vector<SPoint>> outlines, doubl
     const CPointGrid grid(keys, std::max(2.0 * distance, least));
     const auto isNear = [distance](SPoint a, SPoint b) { return Length(a - b) <= distance; };
     for (size_t i = 0; i < outlines.size(); ++i) {
-        grid.VisitNear(keys[i], [&](size_t k) {
-            again[i] = again[i] || (k < i && !again[k] && isNear(boxes[i].m_Low, boxes[k].m_Low) &&
-                                    isNear(boxes[i].m_High, boxes[k].m_High) && isSame(i, k));
+        again[i] = grid.VisitNear(keys[i], [&](size_t k) {
+            return k < i && !again[k] && isNear(boxes[i].m_Low, boxes[k].m_Low) &&
+                   isNear(boxes[i].m_High, boxes[k].m_High) && isSame(i, k);
         });
     }
     return again;
-}
-
-double DistanceOf(SPoint point, SPoint from, SPoint to) {
-    const SPoint along = to - from;
-    const double square = Dot(along, along);
-    const double share = square > 0.0 ? std::clamp(Dot(point - from, along) / square, 0.0, 1.0) : 0.0;
-    return Length(point - from - along * share);
 }
 
 bool IsNear(SPoint point, const CRing& ring, double distance) {

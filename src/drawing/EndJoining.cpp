@@ -63,6 +63,7 @@ public:
                 if (k > i && Length(places[i] - places[k]) <= distance) {
                     Join(atPlaces[i], atPlaces[k]);
                 }
+                return false;
             });
         }
     }
@@ -131,6 +132,7 @@ private:
                     gaps.push_back({width, bFirstLow ? places[i] : places[k],
                                     bFirstLow ? places[k] : places[i], left[i], left[k]});
                 }
+                return false;
             });
         }
         std::sort(gaps.begin(), gaps.end(), IsNarrower);

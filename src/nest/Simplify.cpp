@@ -10,13 +10,6 @@ namespace nestrix {
 
 namespace {
 
-double DistanceFromSegment(SPoint from, SPoint to, SPoint point) {
-    const SPoint along = to - from;
-    const double square = Dot(along, along);
-    const double share = square > 0.0 ? Dot(point - from, along) / square : 0.0;
-    return Length(point - from - along * std::fmin(std::fmax(share, 0.0), 1.0));
-}
-
 size_t FarthestFrom(const CGridRing& ring, size_t nFrom) {
     size_t nFarthest = nFrom;
     double farthest = 0.0;
@@ -43,8 +36,7 @@ CGridRing Simplified(const CGridRing& ring, double tolerance) {
         double farthest = tolerance;
         size_t nFarthest = nFrom;
         for (size_t i = (nFrom + 1) % nCount; i != nTo; i = (i + 1) % nCount) {
-            const double distance =
-                DistanceFromSegment(AsPoint(ring[nFrom]), AsPoint(ring[nTo]), AsPoint(ring[i]));
+            const double distance = DistanceOf(AsPoint(ring[i]), AsPoint(ring[nFrom]), AsPoint(ring[nTo]));
             if (distance > farthest) {
                 farthest = distance;
                 nFarthest = i;

@@ -32,6 +32,13 @@ namespace nestrix {
 [[nodiscard]] inline double Length(SPoint a) {
     return std::sqrt(Dot(a, a));
 }
+/// From a point to the nearest one of a straight line between two others, which may be the same.
+[[nodiscard]] inline double DistanceOf(SPoint point, SPoint from, SPoint to) {
+    const SPoint along = to - from;
+    const double square = Dot(along, along);
+    const double share = square > 0.0 ? std::clamp(Dot(point - from, along) / square, 0.0, 1.0) : 0.0;
+    return Length(point - from - along * share);
+}
 /// Whether a is farther to the left than b, or as far and lower.
 [[nodiscard]] inline bool IsBefore(SPoint a, SPoint b) {
     return std::tie(a.m_X, a.m_Y) < std::tie(b.m_X, b.m_Y);

@@ -114,6 +114,41 @@ TEST(Job, DemandsTheSameOfAllPiecesOfAFile) {
     EXPECT_EQ(support::CountOf("\"turns\": [90]", ReadFile(record)), 2);
 }
 
+TEST(Job, MayTakeOnePieceOfAFile) {
+    const CTemporaryFolder folder;
+    (void)folder.Write("three.svg", R"(<svg width="99mm" height="99mm" viewBox="0 0 99 99">
+        <rect id="leg" width="5" height="5"/><rect x="10" width="6" height="6"/>
+        <rect id="arm" x="20" width="7" height="7"/></svg>)");
+    const std::string job = folder.Write("job.json", R"({"pieces": [
+        {"file": "three.svg", "piece": "arm", "quantity": 2, "turns": [90]},
+        {"file": "three.svg", "piece": 2, "name": "plate"}]})");
+    const std::string record = folder.PathOf("r.json");
+    const SBatchResult result = RunBatchProgram("pack --job " + job + " --steps 0 --json " + record);
+    EXPECT_EQ(result.ValueOf("Pieces: "), "3") << result.m_Errors;
+    EXPECT_THAT(result.m_Errors, HasSubstr("three.svg: 1 piece (2 with copies), 7 x 7 mm"));
+    EXPECT_THAT(result.m_Errors, HasSubstr("three.svg: 1 piece, 6 x 6 mm"));
+    EXPECT_THAT(ReadFile(record), HasSubstr("\"name\": \"plate\""));
+}
+
+TEST(Job, ThatTakesAPieceThatAFileHasNotIsRefused) {
+    const CTemporaryFolder folder;
+    (void)folder.Write("two.svg", R"(<svg width="99mm" height="99mm" viewBox="0 0 99 99"
+        xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape">
+        <rect inkscape:label="a" width="5" height="5"/>
+        <rect inkscape:label="a" x="10" width="5" height="5"/></svg>)");
+    const auto errorsOf = [&folder](const std::string& choice) {
+        const SBatchResult result = RunBatchProgram(
+            "pack --steps 0 --job " +
+            folder.Write("job.json", R"({"pieces": [{"file": "two.svg", "piece": )" + choice + "}]}"));
+        EXPECT_EQ(result.m_nStatus, 2);
+        return result.m_Errors;
+    };
+    EXPECT_THAT(errorsOf("3"), HasSubstr("two.svg: it has no piece 3; it holds 2\n"));
+    EXPECT_THAT(errorsOf("\"b\""), HasSubstr("two.svg: it has no piece \"b\"; it holds 2\n"));
+    EXPECT_THAT(errorsOf("\"a\""),
+                HasSubstr("two.svg: more than one piece of it has the name \"a\": their numbers tell\n"));
+}
+
 TEST(Job, IsPackedTogetherWithWhatTheCommandLineNames) {
     const CTemporaryFolder folder;
     const std::string piece = folder.Write("a.pol", support::SquareFile(10.0F));

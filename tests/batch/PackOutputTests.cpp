@@ -56,6 +56,18 @@ TEST(Outputs, CanBeWrittenOfADroppedPacking) {
     EXPECT_EQ(RunBatchProgram("check --quiet " + folder.PathOf("a.dxf")).m_Errors, "");
 }
 
+TEST(Outputs, OfADroppedPackingKeepTheHolesThatItsDensityLeavesOut) {
+    const CTemporaryFolder folder;
+    (void)folder.Write("washer.svg", R"(<svg width="99mm" height="99mm" viewBox="0 0 99 99">
+        <path d="M0,0h50v50h-50z M10,10h30v30h-30z"/></svg>)");
+    const SBatchResult result =
+        RunBatchProgram("pack --method drop --population 2 --generations 0 --seed 1 washer.svg --json a.json",
+                        "cd " + folder.Path().native());
+    EXPECT_EQ(result.ValueOf("Density: "), "8.00 %") << result.m_Errors;
+    EXPECT_THAT(RunBatchProgram("certify " + folder.PathOf("a.json")).m_Output,
+                HasSubstr("valid, 1 piece, height 50, density 8.00 %"));
+}
+
 TEST(Outputs, HaveTheSameBytesForTheSameInputAndSeed) {
     const CTemporaryFolder folder;
     for (char const* const pName : {"a", "b"}) {

@@ -6,6 +6,7 @@
 #include "certify/Spacing.h"
 #include "tests/certify/ViolationMatchers.h"
 #include "tests/support/FreePieces.h"
+#include "tests/support/GridShapes.h"
 #include "tests/support/RandomCases.h"
 
 namespace nestrix {
@@ -123,6 +124,87 @@ TEST(LargeOutlines, FitIntoEachOtherUntilTheirTeethMeet) {
         EXPECT_FALSE(certify::Overlap(border, borderAt(48.0))) << degrees;
         EXPECT_TRUE(certify::Overlap(border, borderAt(52.0))) << degrees;
     }
+}
+
+/// So many teeth all around a circle, each half as long as it is wide.
+SGridShape Gear(int nTeeth) {
+    CGridRing ring;
+    for (int i = 0; i < 2 * nTeeth; ++i) {
+        const SDirection direction = DirectionOf(180.0 * i / nTeeth);
+        const double radius = i % 2 == 0 ? 1e9 : 2e9;
+        ring.push_back({std::llround(radius * direction.m_Cosine), std::llround(radius * direction.m_Sine)});
+    }
+    return {ring, {}};
+}
+
+TEST(LargeOutlines, WithTeethInAllDirectionsAreSoundUntilOneVertexPassesAnEdge) {
+    SGridShape gear = Gear(support::RandomCases(50'000));
+    EXPECT_TRUE(IsSound(gear));
+    for (const size_t nTip : {gear.m_Outline.size() / 3 | 1, gear.m_Outline.size() / 7 | 1}) {
+        SGridShape bent = gear;
+        const SGridPoint next = gear.m_Outline[nTip + 2] - gear.m_Outline[nTip];
+        SGridPoint& tip = bent.m_Outline[nTip];
+        tip = tip + next + next;
+        EXPECT_FALSE(IsSound(bent)) << nTip;
+    }
+}
+
+TEST(LargeOutlines, WithTeethInAllDirectionsFitIntoTheirOwnHolesUntilTheyMoveByAUnit) {
+    const SGridShape gear = Gear(support::RandomCases(5000));
+    const SGridShape plate{{{-3'000'000'000, -3'000'000'000},
+                            {3'000'000'000, -3'000'000'000},
+                            {3'000'000'000, 3'000'000'000},
+                            {-3'000'000'000, 3'000'000'000}},
+                           {gear.m_Outline}};
+    EXPECT_FALSE(DoInsidesOverlap(plate, gear));
+    EXPECT_TRUE(DoInsidesOverlap(plate, support::Moved(gear, {1, 0})));
+    EXPECT_TRUE(DoInsidesOverlap(plate, support::Moved(gear, {0, -1})));
+}
+
+/// Squares on their corners, each of which touches the next, in a row to the east or to the north: as one
+/// outline that passes each corner between two of them twice.
+SGridShape Chain(int nLinks, bool bNorth) {
+    CGridRing ring;
+    const auto add = [&](int64_t nAlong, int64_t nLeft) {
+        ring.push_back(bNorth ? SGridPoint{-nLeft, nAlong} : SGridPoint{nAlong, nLeft});
+    };
+    for (int i = 0; i < nLinks; ++i) {
+        add(20 * i, 0);
+        add(20 * i + 10, -10);
+    }
+    for (int i = nLinks; i > 0; --i) {
+        add(20 * i, 0);
+        add(20 * i - 10, 10);
+    }
+    return {ring, {}};
+}
+
+// Where each link is compared with all others, these take minutes.
+
+TEST(LargeOutlines, ThatTouchThemselvesEverywhereAreSoundUntilOneLinkLiesInTheNext) {
+    const int nLinks = support::RandomCases(50'000);
+    for (const bool bNorth : {false, true}) {
+        SGridShape chain = Chain(nLinks, bNorth);
+        EXPECT_TRUE(IsSound(chain));
+        SGridPoint& corner = chain.m_Outline[static_cast<size_t>(nLinks / 2 * 2)];
+        corner = corner + (bNorth ? SGridPoint{-1, 0} : SGridPoint{0, 1});
+        EXPECT_FALSE(IsSound(chain));
+    }
+}
+
+TEST(LargeOutlines, WithManyHolesThatTouchAreSoundUntilTwoOverlap) {
+    const int nSide = static_cast<int>(std::sqrt(support::RandomCases(22'500)));
+    SGridShape sieve{
+        {{-50, -50}, {20 * nSide + 50, -50}, {20 * nSide + 50, 20 * nSide + 50}, {-50, 20 * nSide + 50}}, {}};
+    for (int i = 0; i < nSide * nSide; ++i) {
+        const int64_t nX = i % nSide * 20;
+        const int64_t nY = i / nSide * 20;
+        sieve.m_Holes.push_back({{nX, nY}, {nX + 10, nY + 10}, {nX, nY + 20}, {nX - 10, nY + 10}});
+    }
+    EXPECT_TRUE(IsSound(sieve));
+    SGridPoint& corner = sieve.m_Holes[static_cast<size_t>(nSide * nSide / 3)][0];
+    corner.m_nY -= 1;
+    EXPECT_FALSE(IsSound(sieve));
 }
 
 TEST(Certificate, OfPiecesAtAnyAngleIsThatOfTheCoordinatesThatAreWrittenOut) {

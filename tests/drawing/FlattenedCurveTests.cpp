@@ -17,7 +17,6 @@ namespace {
 
 using std::numbers::pi;
 using support::CSeededRandom;
-using support::DistanceOf;
 using support::DrawnCircle;
 using support::RandomCases;
 using support::SamplesOf;

@@ -27,7 +27,7 @@ using support::SamplesOf;
 double DistanceToRing(SPoint point, const std::vector<SPoint>& ring) {
     double least = HUGE_VAL;
     for (size_t i = 0; i < ring.size(); ++i) {
-        least = std::min(least, support::DistanceOf(point, ring[i], ring[(i + 1) % ring.size()]));
+        least = std::min(least, DistanceOf(point, ring[i], ring[(i + 1) % ring.size()]));
     }
     return least;
 }

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 
 #include "drawing/Oddities.h"
@@ -95,6 +97,15 @@ TEST(LargeDrawings, HaveAllTheirLinesAtOnePoint) {
     SAssembly assembly;
     assembly.m_JoinTolerance = 1e-6;
     EXPECT_THAT(FindPieces(DrawingOf(lines), "a.dxf", assembly).m_Pieces, SizeIs(lines.size() / 3));
+}
+
+TEST(LargeDrawings, HaveWhatIsDrawnOnOneSpotTakenOnce) {
+    // In two ways: some are found to be doubles as lines already, the others as contours only.
+    const SPath plate = DrawnRectangle(0, 0, 5, 5);
+    const SPath elsewhere{{5, 5}, {SLineTo{{0, 5}}, SLineTo{{0, 0}}, SLineTo{{5, 0}}}, true};
+    std::vector<SPath> lines(static_cast<size_t>(RandomCases(400'000)), plate);
+    std::fill(lines.begin() + std::ssize(lines) / 2, lines.end(), elsewhere);
+    EXPECT_THAT(FindPieces(DrawingOf(lines), "", {}).m_Pieces, SizeIs(1));
 }
 
 TEST(LargeDrawings, HaveTheirPiecesNested) {

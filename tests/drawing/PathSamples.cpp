@@ -1,6 +1,5 @@
 #include "tests/drawing/PathSamples.h"
 
-#include <algorithm>
 #include <variant>
 
 #include "drawing/CCurve.h"
@@ -25,13 +24,6 @@ std::vector<SPoint> SamplesOf(const SPath& path, int nPerStretch) {
         from = EndOf(stretch);
     }
     return samples;
-}
-
-double DistanceOf(SPoint point, SPoint from, SPoint to) {
-    const SPoint along = to - from;
-    const double square = Dot(along, along);
-    const double share = square > 0.0 ? std::clamp(Dot(point - from, along) / square, 0.0, 1.0) : 0.0;
-    return Length(point - from - along * share);
 }
 
 }  // namespace nestrix::support

@@ -9,7 +9,4 @@ namespace nestrix::support {
 /// Points of a path, in its order and from end to end, so many for each stretch besides its start.
 [[nodiscard]] std::vector<SPoint> SamplesOf(const SPath& path, int nPerStretch);
 
-/// From a point to the nearest one of a straight line between two others.
-[[nodiscard]] double DistanceOf(SPoint point, SPoint from, SPoint to);
-
 }  // namespace nestrix::support

@@ -9,11 +9,12 @@
 
 namespace nestrix::support {
 
-/// The fields of a set of pieces in a strip 80 wide, and what they can be asked: versions beside each other
+/// The fields of a set of pieces in a strip, and what they can be asked: versions beside each other
 /// in places anywhere.
 class CFieldScene {
 public:
-    explicit CFieldScene(uint64_t nSeed, std::vector<SPiece> pieces = TurnedSet(), double spacing = 0.0);
+    explicit CFieldScene(uint64_t nSeed, std::vector<SPiece> pieces = TurnedSet(),
+                         const SFreeStrip& strip = {80.0, 0.0, 0.0});
 
     [[nodiscard]] const CPackProblem& Problem() const { return m_Problem; }
     [[nodiscard]] CFieldTable& Table() { return m_Table; }

@@ -27,17 +27,14 @@ void GrowSome(CPairWeights& weights, size_t nItems, CSeededRandom& random) {
 }  // namespace
 
 CMoveScene::CMoveScene(std::vector<SPiece> pieces, const SFreeStrip& strip, double height, uint64_t nSeed)
-    : m_Pieces(std::move(pieces)),
-      m_Problem(m_Pieces, strip, true),
-      m_Fields(m_Problem),
-      m_Layout(m_Problem, m_Fields, std::vector<SPlace>(m_Problem.Items().size())),
-      m_Weights(m_Problem.Items().size()),
-      m_Random(nSeed) {
+    : m_Fields(nSeed, std::move(pieces), strip),
+      m_Layout(m_Fields.Problem(), m_Fields.Table(), std::vector<SPlace>(m_Fields.Problem().Items().size())),
+      m_Weights(m_Fields.Problem().Items().size()) {
     SetHeight(height);
     for (size_t nItem = 0; nItem < m_Layout.Count(); ++nItem) {
         m_Layout.Move(nItem, DrawPlace(nItem));
     }
-    GrowSome(m_Weights, m_Layout.Count(), m_Random);
+    GrowSome(m_Weights, m_Layout.Count(), Random());
 }
 
 void CMoveScene::Put(size_t nItem, double x, double y) {
@@ -50,7 +47,7 @@ void CMoveScene::SetHeight(double height) {
 }
 
 const std::vector<size_t>& CMoveScene::VersionsOf(size_t nItem) const {
-    return m_Problem.VersionsOf(m_Problem.Items()[nItem]);
+    return m_Fields.Problem().VersionsOf(m_Fields.Problem().Items()[nItem]);
 }
 
 bool CMoveScene::IsInRoom(const SPlace& place) const {
@@ -59,17 +56,16 @@ bool CMoveScene::IsInRoom(const SPlace& place) const {
 
 SPlace CMoveScene::DrawPlace(size_t nItem) {
     const std::vector<size_t>& versions = VersionsOf(nItem);
-    const size_t nVersion = versions[m_Random.Index(versions.size())];
+    const size_t nVersion = versions[Random().Index(versions.size())];
     const SPlaneBox& room = m_Layout.RoomFor(nVersion);
-    const double right = static_cast<double>(m_Random.Unit());
-    const double up = static_cast<double>(m_Random.Unit());
+    const double right = static_cast<double>(Random().Unit());
+    const double up = static_cast<double>(Random().Unit());
     const SPoint size = room.m_High - room.m_Low;
     return {room.m_Low + SPoint{size.m_X * right, size.m_Y * up}, nVersion};
 }
 
 SPoint CMoveScene::DrawAround(SPoint middle, double reach) {
-    const double x = static_cast<double>(m_Random.Between(-1.0F, 1.0F)) * InUnits(reach);
-    return middle + SPoint{x, static_cast<double>(m_Random.Between(-1.0F, 1.0F)) * InUnits(reach)};
+    return m_Fields.DrawAround(middle, InUnits(reach));
 }
 
 CMoveScene MixedScene(uint64_t nSeed) {

@@ -5,7 +5,7 @@
 
 #include "nest/CLayout.h"
 #include "nest/CPairWeights.h"
-#include "tests/support/CSeededRandom.h"
+#include "tests/nest/CFieldScene.h"
 
 namespace nestrix::support {
 
@@ -17,11 +17,11 @@ public:
 
     [[nodiscard]] CLayout& Layout() { return m_Layout; }
     [[nodiscard]] const CPairWeights& Weights() const { return m_Weights; }
-    [[nodiscard]] CSeededRandom& Random() { return m_Random; }
+    [[nodiscard]] CSeededRandom& Random() { return m_Fields.Random(); }
 
-    [[nodiscard]] double InUnits(double length) const { return length / m_Problem.Grid().Length(1); }
+    [[nodiscard]] double InUnits(double length) const { return m_Fields.InUnits(length); }
     /// In units, too.
-    [[nodiscard]] double Slack() const { return m_Problem.Slack(); }
+    [[nodiscard]] double Slack() const { return m_Fields.Problem().Slack(); }
 
     /// The middle of an item's first version, which need not be in the strip.
     void Put(size_t nItem, double x, double y);
@@ -38,12 +38,9 @@ public:
     [[nodiscard]] SPoint DrawAround(SPoint middle, double reach);
 
 private:
-    std::vector<SPiece> m_Pieces;
-    CPackProblem m_Problem;
-    CFieldTable m_Fields;
+    CFieldScene m_Fields;
     CLayout m_Layout;
     CPairWeights m_Weights;
-    CSeededRandom m_Random;
 };
 
 /// MixedSet in a strip 80 wide and 60 high, with a spacing and a margin.

@@ -42,7 +42,7 @@ constexpr double ROUNDING = 1e-3;
 
 TEST(FieldTable, HasTheDepthThatTheFieldOfAnyTwoVersionsHas) {
     for (const double spacing : {0.0, 2.0}) {
-        CFieldScene scene(1, support::TurnedSet(), spacing);
+        CFieldScene scene(1, support::TurnedSet(), {80.0, spacing, 0.0});
         const double reach = scene.InUnits(40.0);
         const size_t nVersions = scene.Problem().Versions().size();
         for (size_t nMoves = 0; nMoves < nVersions; ++nMoves) {

@@ -81,10 +81,8 @@ TEST(ForbiddenRegion, MovedOutwardIsFartherOffByTheDistanceAndAtItsCornersByAFif
     for (const SPoint corner : wide.m_Corners) {
         double nearest = HUGE_VAL;
         for (size_t i = 0; i < region.m_Corners.size(); ++i) {
-            const SPoint from = region.m_Corners[i];
-            const SPoint along = region.m_Corners[(i + 1) % region.m_Corners.size()] - from;
-            const double share = std::clamp(Dot(corner - from, along) / Dot(along, along), 0.0, 1.0);
-            nearest = std::min(nearest, Length(corner - from - along * share));
+            const SPoint to = region.m_Corners[(i + 1) % region.m_Corners.size()];
+            nearest = std::min(nearest, DistanceOf(corner, region.m_Corners[i], to));
         }
         EXPECT_GE(nearest, 3.0 - 1e-9);
         EXPECT_LE(nearest, 3.0 * 1.02);

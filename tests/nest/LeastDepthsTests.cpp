@@ -72,7 +72,7 @@ struct SCase {
 };
 
 TEST(LeastDepths, AreNeverAboveTheDepthAndWithinACellOfIt) {
-    CFieldScene scene(1, support::TurnedSet(), 1.0);
+    CFieldScene scene(1, support::TurnedSet(), {80.0, 1.0, 0.0});
     CFieldTable& table = scene.Table();
     int nDeep = 0;
     int nPositive = 0;
@@ -98,7 +98,7 @@ TEST(LeastDepths, AreNeverAboveTheDepthAndWithinACellOfIt) {
 }
 
 TEST(LeastDepths, OfSeveralFieldsAreAddedUpInTheirOrderAndNothingIsContracted) {
-    CFieldScene scene(2, support::TurnedSet(), 1.0);
+    CFieldScene scene(2, support::TurnedSet(), {80.0, 1.0, 0.0});
     int nSeveral = 0;
     for (int i = 0; i < RandomCases(500); ++i) {
         const CPlaces places = SCase(scene).m_Places;

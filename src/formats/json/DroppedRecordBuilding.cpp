@@ -44,12 +44,14 @@ CRing BoxOf(const CRing& outline) {
 
 CPolygon ReadPolygon(const SWrittenPiece& piece, CJsonFindings& findings) {
     const CRing box = piece.m_Box.value_or(BoxOf(piece.m_Shape.m_Outline));
-    if (!IsSingle(piece.m_Shape.m_Outline) || !IsSingle(box)) {
+    const std::vector<CRing>& holes = piece.m_Shape.m_Holes;
+    if (!IsSingle(piece.m_Shape.m_Outline) || !IsSingle(box) ||
+        !std::all_of(holes.begin(), holes.end(), IsSingle)) {
         findings.Miss(piece.m_Value, "it is too large for single precision, in which pieces are dropped");
         return {};
     }
-    if (piece.m_nQuantity.value_or(1) != 1 || !piece.m_Shape.m_Holes.empty()) {
-        findings.Miss(piece.m_Value, "a dropped piece is there once, and has no holes");
+    if (piece.m_nQuantity.value_or(1) != 1) {
+        findings.Miss(piece.m_Value, "a dropped piece is there once");
     }
     return PolygonOf(piece.m_Shape.m_Outline, box[0], box[1]);
 }
@@ -95,6 +97,7 @@ SDroppedRecord DroppedRecordOf(const SWrittenPacking& written, CMemberReader& me
     for (const SWrittenPiece& piece : written.m_Pieces) {
         record.m_Names.push_back(piece.m_Name);
         record.m_Pieces.push_back(ReadPolygon(piece, findings));
+        record.m_Holes.push_back(piece.m_Shape.m_Holes);
     }
     for (const SWrittenPlacement& placement : written.m_Placements) {
         record.m_Packing.m_Placed.push_back(ReadPlaced(placement, findings));

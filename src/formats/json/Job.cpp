@@ -78,6 +78,21 @@ SShape ReadShape(CMemberReader& members, const CJsonValue& piece, CJsonFindings&
     return shape;
 }
 
+std::optional<CPieceChoice> ReadChoice(CMemberReader& members, CJsonFindings& findings) {
+    const std::optional<CJsonValue> value = members.Find("piece");
+    if (!value) {
+        return std::nullopt;
+    }
+    if (value->Kind() == EKind::TEXT) {
+        return std::string(value->Text());
+    }
+    if (value->Kind() != EKind::NUMBER && value->Kind() != EKind::WHOLE) {
+        findings.Refuse(*value, "is neither the name of a piece nor its number in the file, from 1");
+        return std::nullopt;
+    }
+    return members.Int("piece", 1, COUNT_MOST);
+}
+
 SJobPiece ReadPiece(const CJsonValue& value, const std::string& job, CJsonFindings& findings) {
     CMemberReader members(value, findings);
     SJobPiece piece;
@@ -85,6 +100,7 @@ SJobPiece ReadPiece(const CJsonValue& value, const std::string& job, CJsonFindin
     piece.m_Name = members.Text("name").value_or("");
     const std::optional<std::string> file = members.Text("file");
     piece.m_File = file && !file->empty() ? PathFrom(job, *file) : "";
+    piece.m_Choice = ReadChoice(members, findings);
     piece.m_Shape = ReadShape(members, value, findings);
     piece.m_Demand.m_nQuantity = members.Int("quantity", 0, COUNT_MOST);
     ReadDemand(members, piece.m_Demand, findings);
@@ -95,6 +111,9 @@ SJobPiece ReadPiece(const CJsonValue& value, const std::string& job, CJsonFindin
     }
     if (bFile && members.Find("holes")) {
         findings.Miss(value, R"("holes" belong to an "outline"; a file has its own)");
+    }
+    if (bOutline && members.Find("piece")) {
+        findings.Miss(value, R"("piece" chooses one of a "file")");
     }
     if (file && (file->empty() || file->find('\0') != std::string::npos)) {
         findings.Miss(value, "its \"file\" is no name of a file");

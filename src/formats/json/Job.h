@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "drawing/Unit.h"
@@ -29,13 +30,17 @@ struct SJobDemand {
     std::optional<bool> m_bMirror;
 };
 
+/// One of the pieces of a file: its name, or its number in the file, from 1.
+using CPieceChoice = std::variant<std::string, int>;
+
 /// A piece of a job, or all pieces of a file.
 struct SJobPiece {
     std::string m_File;  ///< from the folder of the job if it is no whole path, so that it can be opened;
                          ///< empty: the piece is m_Shape
-    SShape m_Shape;      ///< as it stands in the job, not yet scaled
-    std::string m_Name;  ///< empty for none
-    int m_nLine = 0;     ///< of the job, from 1
+    std::optional<CPieceChoice> m_Choice;  ///< of the file's pieces; without one, all of them
+    SShape m_Shape;                        ///< as it stands in the job, not yet scaled
+    std::string m_Name;                    ///< empty for none
+    int m_nLine = 0;                       ///< of the job, from 1
     SJobDemand m_Demand;
 };
 

@@ -15,7 +15,8 @@ SPackingFigures FiguresOf(const SDroppedRecord& record) {
     const SPacking& packing = record.m_Packing;
     double area = 0.0;
     for (const SPlacedPiece& placed : packing.m_Placed) {
-        area += AreaOf({RingOf(record.m_Pieces[static_cast<size_t>(placed.m_nPiece)]), {}});
+        const auto nPiece = static_cast<size_t>(placed.m_nPiece);
+        area += AreaOf({RingOf(record.m_Pieces[nPiece]), record.m_Holes[nPiece]});
     }
     const double height = packing.m_fHeight;
     const double taken = static_cast<double>(packing.m_Strip.m_fWidth) * height;

@@ -28,6 +28,7 @@ struct SFreeRecord {
 struct SDroppedRecord {
     std::vector<std::string> m_Names;  ///< as many as pieces
     std::vector<CPolygon> m_Pieces;
+    std::vector<std::vector<CRing>> m_Holes;  ///< of each piece, as it was drawn; nothing is dropped into one
     SPacking m_Packing;
 
     friend bool operator==(const SDroppedRecord&, const SDroppedRecord&) = default;

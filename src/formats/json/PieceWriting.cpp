@@ -66,10 +66,12 @@ void WritePiece(CJsonWriter& writer, const SPiece& piece, const SPieceSource& so
     writer.EndObject();
 }
 
-void WritePolygon(CJsonWriter& writer, const CPolygon& polygon, const std::string& name,
+void WritePolygon(CJsonWriter& writer, const SDroppedRecord& record, size_t nPiece,
                   const SPieceSource& source) {
-    BeginPiece(writer, name, source);
+    const CPolygon& polygon = record.m_Pieces[nPiece];
+    BeginPiece(writer, record.m_Names[nPiece], source);
     WriteRing(writer.Name("outline"), RingOf(polygon));
+    WriteHoles(writer, record.m_Holes[nPiece]);
     const mgVector3& low = polygon.m_BoundingBoxMin;
     const mgVector3& high = polygon.m_BoundingBoxMax;
     WriteRing(writer.Name("box"), {{low.x, low.y}, {high.x, high.y}});
@@ -138,7 +140,7 @@ void WritePieces(CJsonWriter& writer, const SFreeRecord& record, std::span<const
 void WritePieces(CJsonWriter& writer, const SDroppedRecord& record, std::span<const SPieceSource> sources) {
     writer.Name("pieces").BeginArray();
     for (size_t i = 0; i < record.m_Pieces.size(); ++i) {
-        WritePolygon(writer, record.m_Pieces[i], record.m_Names[i], sources[i]);
+        WritePolygon(writer, record, i, sources[i]);
     }
     writer.EndArray();
     writer.Name("placements").BeginArray();

@@ -48,18 +48,11 @@ CLines LinesOf(const SDrawing& drawing) {
     return lines;
 }
 
-double DistanceTo(SPoint point, SPoint start, SPoint end) {
-    const SPoint along = end - start;
-    const double square = Dot(along, along);
-    const double share = square > 0.0 ? std::clamp(Dot(point - start, along) / square, 0.0, 1.0) : 0.0;
-    return Length(point - start - along * share);
-}
-
 double DistanceTo(SPoint point, const CLines& lines) {
     double nearest = HUGE_VAL;
     for (const auto& line : lines) {
         for (size_t i = 0; i + 1 < line.size() && nearest > 0.0; ++i) {
-            nearest = std::min(nearest, DistanceTo(point, line[i], line[i + 1]));
+            nearest = std::min(nearest, DistanceOf(point, line[i], line[i + 1]));
         }
     }
     return nearest;

@@ -100,11 +100,7 @@ double DistanceFrom(const SPath& path, const SSpline& spline) {
         const SPoint point = PlainPoint(spline, first + (last - first) * nStep / 50);
         double nearest = HUGE_VAL;
         for (size_t i = 0; i + 1 < points.size(); ++i) {
-            const SPoint along = points[i + 1] - points[i];
-            const double square = Dot(along, along);
-            const double share =
-                square > 0.0 ? std::clamp(Dot(point - points[i], along) / square, 0.0, 1.0) : 0.0;
-            nearest = std::min(nearest, Length(point - points[i] - along * share));
+            nearest = std::min(nearest, DistanceOf(point, points[i], points[i + 1]));
         }
         farthest = std::max(farthest, nearest);
     }

@@ -208,6 +208,8 @@ TEST(FaultyDroppedPacking, IsRefusedWithItsLineAndPlace) {
     EXPECT_EQ(FaultsOf(text), "");
     EXPECT_THAT(FaultsOf(Replaced(text, "[20, 0]", "[2e39, 0]")),
                 HasSubstr("2: /pieces/0: it is too large for single"));
+    EXPECT_THAT(FaultsOf(Replaced(text, "{\"outline\"", "{\"holes\": [[[2e39, 0]]], \"outline\"")),
+                HasSubstr("2: /pieces/0: it is too large for single"));
     EXPECT_THAT(FaultsOf(Replaced(text, "1.5", "1e39")),
                 HasSubstr("3: /placements/0: its place is too far away"));
     EXPECT_THAT(FaultsOf(Replaced(Replaced(text, "20, 20", "20, 3e38"), "\"y\": 2", "\"y\": 3e38")),

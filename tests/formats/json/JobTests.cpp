@@ -82,6 +82,15 @@ TEST(Job, NamesFilesFromItsOwnFolder) {
     EXPECT_EQ(Read(DROP_JOB).m_Pieces[0].m_File, "/samples/star.pol");
 }
 
+TEST(Job, MayChooseOnePieceOfAFileByNameOrNumber) {
+    const SJob job = Read(
+        R"({"pieces": [{"file": "a.dxf", "piece": "leg"}, {"file": "a.dxf", "piece": 2},
+            {"file": "a.dxf"}]})");
+    EXPECT_EQ(job.m_Pieces[0].m_Choice, CPieceChoice("leg"));
+    EXPECT_EQ(job.m_Pieces[1].m_Choice, CPieceChoice(2));
+    EXPECT_EQ(job.m_Pieces[2].m_Choice, std::nullopt);
+}
+
 TEST(Job, MayNameItsSchemaForAnEditor) {
     EXPECT_EQ(FaultsOf(R"({"$schema": "job.schema.json", "pieces": [{"file": "a.dxf"}]})"), "");
 }

@@ -122,7 +122,7 @@ TEST(PackingRecord, IsCertifiedWithoutItsInputs) {
 
 TEST(PackingRecord, OfADroppedPackingIsCertifiedAsBefore) {
     SPackingRecord record;
-    SDroppedRecord dropped{{"a", "b"}, {support::MakeSquare(20), support::MakeSquare(20)}, {}};
+    SDroppedRecord dropped{{"a", "b"}, {support::MakeSquare(20), support::MakeSquare(20)}, {{}, {}}, {}};
     dropped.m_Packing.m_Placed = {{0, {0, 0, 0}}, {1, {5, 20, 0}}};
     dropped.m_Packing.m_fHeight = 40;
     record.m_Packing = dropped;
@@ -161,7 +161,7 @@ TEST(PackingFigures, AreThoseOfThePacking) {
 }
 
 TEST(PackingFigures, OfADroppedPackingAreThose) {
-    SDroppedRecord dropped{{"a"}, {support::MakeSquare(20)}, {}};
+    SDroppedRecord dropped{{"a"}, {support::MakeSquare(20)}, {{}}, {}};
     dropped.m_Packing.m_Placed = {{0, {0, 0, 0}}};
     dropped.m_Packing.m_fHeight = 20;
     SPackingRecord record;
@@ -170,6 +170,15 @@ TEST(PackingFigures, OfADroppedPackingAreThose) {
     EXPECT_EQ(figures.m_nPlaced, 1U);
     EXPECT_EQ(figures.m_Height, 20.0);
     EXPECT_DOUBLE_EQ(figures.m_Density, 20.0 / 400.0);
+}
+
+TEST(PackingFigures, OfADroppedPackingLeaveHolesOut) {
+    SDroppedRecord dropped{{"a"}, {support::MakeSquare(20)}, {{support::RectangleRing(5, 5, 10, 10)}}, {}};
+    dropped.m_Packing.m_Placed = {{0, {0, 0, 0}}};
+    dropped.m_Packing.m_fHeight = 20;
+    SPackingRecord record;
+    record.m_Packing = dropped;
+    EXPECT_DOUBLE_EQ(FiguresOf(record).m_Density, 15.0 / 400.0);
 }
 
 TEST(PackingFigures, OfNothingAreNothing) {

@@ -130,6 +130,10 @@ SPackingRecord RandomDroppedRecord(CSeededRandom& random) {
                                            EPiece::NegativeLocal, EPiece::Huge, EPiece::Distant});
         dropped.m_Pieces.push_back(MakePiece(random, ePiece));
         dropped.m_Names.push_back(RandomText(random));
+        dropped.m_Holes.emplace_back();
+        if (random.Percent(30)) {
+            dropped.m_Holes.back().push_back(RandomRing(random));
+        }
         record.m_Sources.push_back(RandomSource(random));
     }
     dropped.m_Packing.m_Strip = {random.Between(1.0F, 1000.0F), random.Between(1.0F, 1000.0F)};
