@@ -1,8 +1,5 @@
 #include "nest/CPackWorker.h"
 
-#include <algorithm>
-#include <utility>
-
 #include "nest/CPuzzleSolver.h"
 
 namespace nestrix {
@@ -15,20 +12,6 @@ namespace {
 constexpr double FIRST_SQUEEZE = 0.1;
 constexpr double LAST_SQUEEZE = 0.002;
 constexpr SPatience SQUEEZING{40, 1};
-
-/// A walk asks for a strip lower by a share between these, and soon gives up: another beginning leads to a
-/// packing sooner than more patience with the present one.
-constexpr SPatience WALKING{20, 1};
-constexpr double SHORTEST_STEP = 0.001;
-constexpr double LONGEST_STEP = 0.01;
-
-/// How much higher, as a share, a packing may be to go on from. Exchanging two of many pieces changes a
-/// smaller part of the strip: less, then.
-constexpr double HIGHEST_RISE = 0.01;
-constexpr double HIGHEST_RISE_BY_ITEM = 0.3;
-
-/// So many attempts in a row without a better packing than the best, and the walk begins again at that.
-constexpr int LONGEST_WALK = 100;
 
 }  // namespace
 
@@ -44,15 +27,9 @@ CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
       m_Steps(limit, nWorker, CExchange::STEPS,
               [this, &exchange, nWorker] { m_pShown = exchange.Meet(nWorker, m_pBest); }),
       m_Finder(problem, fields, m_pBest->m_Places, m_Random, m_Steps),
+      m_Walker(problem, m_Finder, m_Steps, m_Random, nWorker),
       m_nWorker(nWorker),
-      m_nWorkers(limit.Workers()) {
-    for (size_t i = 0; i < first.size(); ++i) {
-        m_LargeFirst.push_back(i);
-    }
-    std::stable_sort(m_LargeFirst.begin(), m_LargeFirst.end(), [&](size_t a, size_t b) {
-        return problem.AreaOf(problem.Items()[a]) > problem.AreaOf(problem.Items()[b]);
-    });
-}
+      m_nWorkers(limit.Workers()) {}
 
 void CPackWorker::Run() {
     // All workers would find the same.
@@ -62,7 +39,10 @@ void CPackWorker::Run() {
     }
     Squeeze();
     while (!m_Steps.IsOver()) {
-        Walk();
+        Learn();
+        // What it takes is another object: the walk's own beginning stays.
+        const std::shared_ptr<const SSolution> pBest = m_pBest;
+        m_Walker.Walk(*pBest, [this](const SSolution& packing) { return Take(packing); });
     }
 }
 
@@ -73,28 +53,6 @@ void CPackWorker::Squeeze() {
             m_Finder.Find(m_pBest->m_Places, height * (1.0 - share), SQUEEZING, height * (1.0 - LEAST_GAIN));
         if (!found || !Take(*found)) {
             share /= 2.0;
-        }
-    }
-}
-
-/// From the best packing on, until nothing better has been found for long.
-void CPackWorker::Walk() {
-    Learn();
-    const double rise =
-        std::min(HIGHEST_RISE, HIGHEST_RISE_BY_ITEM / static_cast<double>(m_pBest->m_Places.size()));
-    SSolution present = *m_pBest;
-    int nVain = 0;
-    while (nVain < LONGEST_WALK && !m_Steps.IsOver()) {
-        // Small steps more often: the square of a random number.
-        const double longest = LONGEST_STEP - SHORTEST_STEP;
-        const double share = SHORTEST_STEP + longest * m_Random.Share() * m_Random.Share();
-        const std::optional<SSolution> found =
-            m_Finder.Find(nVain == 0 ? present.m_Places : Disturbed(present.m_Places),
-                          present.m_Height * (1.0 - share), WALKING, present.m_Height * (1.0 - LEAST_GAIN));
-        const bool bBest = found && Take(*found);
-        nVain = bBest ? 0 : nVain + 1;
-        if (found && found->m_Height < present.m_Height * (1.0 + rise * m_Random.Share())) {
-            present = *found;
         }
     }
 }
@@ -121,21 +79,6 @@ void CPackWorker::Learn() {
     if (m_pShown->m_Height < m_pBest->m_Height) {
         m_pBest = m_pShown;
     }
-}
-
-/// Exchanges two large items of different pieces.
-std::vector<SPlace> CPackWorker::Disturbed(std::vector<SPlace> places) {
-    constexpr int TRIES = 50;
-    const size_t nLarge = std::max<size_t>(2, m_LargeFirst.size() / 2);
-    for (int i = 0; i < TRIES; ++i) {
-        const size_t a = m_LargeFirst[m_Random.Index(nLarge)];
-        const size_t b = m_LargeFirst[m_Random.Index(nLarge)];
-        if (m_Problem.Items()[a] != m_Problem.Items()[b]) {
-            std::swap(places[a].m_At, places[b].m_At);
-            break;
-        }
-    }
-    return places;
 }
 
 }  // namespace nestrix

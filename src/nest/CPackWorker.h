@@ -2,21 +2,19 @@
 
 #include <memory>
 #include <span>
-#include <vector>
 
 #include "nest/CExchange.h"
 #include "nest/CIncumbent.h"
 #include "nest/CPackingFinder.h"
 #include "nest/CRandom.h"
 #include "nest/CStepCounter.h"
+#include "nest/CWalker.h"
 #include "nest/Places.h"
 
 namespace nestrix {
 
 /// One thread of a search. The first of all tries to fit the pieces together like a puzzle. Then makes the
-/// strip lower in large steps, as long as that succeeds. Then walks from packing to packing: exchanges two
-/// pieces, looks for a packing a little lower than the present one, and goes on from what it finds, unless
-/// that is much higher.
+/// strip lower in large steps, as long as that succeeds. Then walks from packing to packing.
 class CPackWorker {
 public:
     /// @param first a valid packing: a placement for each item.
@@ -32,10 +30,8 @@ public:
 
 private:
     void Squeeze();
-    void Walk();
     bool Take(const SSolution& found);
     void Learn();
-    [[nodiscard]] std::vector<SPlace> Disturbed(std::vector<SPlace> places);
 
     const CPackProblem& m_Problem;
     CFieldTable& m_Fields;
@@ -45,9 +41,9 @@ private:
     std::shared_ptr<const SSolution> m_pShown;  ///< the best of all workers when they last met
     CStepCounter m_Steps;
     CPackingFinder m_Finder;
+    CWalker m_Walker;
     size_t m_nWorker;
     size_t m_nWorkers;
-    std::vector<size_t> m_LargeFirst;  ///< the items by area
 };
 
 }  // namespace nestrix

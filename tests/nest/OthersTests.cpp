@@ -13,7 +13,7 @@ namespace nestrix {
 
 namespace {
 
-constexpr SFreeStrip STRIP{90.0, 0.0, 0.0};
+constexpr SFreeStrip STRIP{75.0, 0.0, 0.0};
 
 /// Gives a search a packing when it asks for the first time.
 class CGivingSink final : public CPackSink {

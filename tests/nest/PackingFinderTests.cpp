@@ -49,7 +49,7 @@ TEST_F(PackingFinder, FindsAPackingThatIsAsLowAsTheStrip) {
 }
 
 TEST_F(PackingFinder, FindsTheLowestThereIsWhereTheStripIsTooLow) {
-    const std::optional<SSolution> found = Find(19.5);
+    const std::optional<SSolution> found = Find(19.9);
     ASSERT_TRUE(found);
     EXPECT_DOUBLE_EQ(found->m_Height, Units(20.0));
 }
@@ -64,9 +64,9 @@ TEST_F(PackingFinder, LeavesNothingOfOneSearchForTheNext) {
 }
 
 TEST_F(PackingFinder, EndsAtOnceWithAPackingThatIsLowEnough) {
-    ASSERT_TRUE(Find(19.5));
+    ASSERT_TRUE(Find(19.9));
     const uint64_t nPatient = m_Steps.Steps();
-    ASSERT_TRUE(Find(19.5, 20.1));
+    ASSERT_TRUE(Find(19.9, 20.1));
     EXPECT_LT(m_Steps.Steps() - nPatient, nPatient / 2);
 }
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <vector>
+
+#include "nest/CPackingFinder.h"
+#include "nest/CRandom.h"
+#include "nest/CStepCounter.h"
+#include "nest/Places.h"
+
+namespace nestrix {
+
+/// Walks from packing to packing: exchanges two large items of different pieces, looks for a packing a little
+/// lower than the present one, and goes on from what it finds, unless that is much higher. A walk ends when
+/// nothing better than the best has been found for long.
+///
+/// There are three manners of walking, since none is good for all pieces: many hasty attempts; a few patient
+/// ones, from packings that may be farther from the best; and hasty ones from where some exchanges at random
+/// lead. They take turns, each for as many steps as the others.
+class CWalker {
+public:
+    /// @param nFirst the manner to begin with, from 0: workers begin with different ones.
+    CWalker(const CPackProblem& problem, CPackingFinder& finder, CStepCounter& steps, CRandom& random,
+            size_t nFirst);
+
+    /// One walk.
+    /// @param best where it begins.
+    /// @param take is given each packing that is found; whether it is the best.
+    void Walk(const SSolution& best, const std::function<bool(const SSolution&)>& take);
+
+private:
+    struct SManner;
+    static const std::array<SManner, 3> MANNERS;
+
+    [[nodiscard]] size_t LeastUsedManner() const;
+    [[nodiscard]] SSolution Begin(const SManner& manner, const SSolution& best);
+    [[nodiscard]] bool GoesOnFrom(const SManner& manner, const SSolution& present, const SSolution& found);
+    [[nodiscard]] std::vector<SPlace> Disturbed(std::vector<SPlace> places);
+    void ExchangeAnyTwo(std::vector<SPlace>& places);
+
+    const CPackProblem& m_Problem;
+    CPackingFinder& m_Finder;
+    CStepCounter& m_Steps;
+    CRandom& m_Random;
+    std::vector<size_t> m_LargeFirst;  ///< the items by area
+    double m_Rise;                     ///< how much higher, as a share, a packing may be to go on from
+    double m_LearntRise;               ///< the same, learnt from how often that was so
+    size_t m_nFirst;
+    std::array<uint64_t, 3> m_StepsOf{};  ///< taken in each manner
+};
+
+}  // namespace nestrix
