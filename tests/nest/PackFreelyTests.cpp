@@ -108,8 +108,9 @@ TEST(PackFreely, PacksOutlinesOfFiveThousandVertices) {
 }
 
 TEST(PackFreely, PacksRaggedOutlines) {
-    const std::vector<SPiece> pieces{Copies(support::Star(500, 18.0, 20.0), 2),
-                                     Copies(support::Star(200, 5.0, 20.0), 2)};
+    const std::vector<SPiece> pieces{
+        Copies(support::Star(500, 18.0, 20.0), 2), Copies(support::Star(200, 5.0, 20.0), 2),
+        Copies(support::Star(4000, 19.99, 20.0), 2), Copies(support::Star(4000, 10.0, 20.0), 2)};
     (void)PackAndExamine(pieces, {90.0, 0.0, 0.0}, StepSettings(20));
 }
 
