@@ -10,7 +10,7 @@ namespace {
 // All of these were measured over instances and seeds: docs/packing-freely.md.
 
 /// Layouts that overlap more than so much of the items' size on an average are not compacted.
-constexpr double MOST_OVERLAP_SHARE = 0.012;
+constexpr double MOST_OVERLAP_SHARE = 0.025;
 
 /// Of more items than this a compaction takes long, and waits for less overlap.
 constexpr size_t QUICKLY_COMPACTED_ITEMS = 64;
