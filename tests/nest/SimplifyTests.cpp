@@ -19,19 +19,14 @@ using support::GridRectangle;
 using support::RandomCases;
 using support::Text;
 
-double DistanceOf(SGridPoint point, SGridPoint from, SGridPoint to) {
-    const SPoint along = AsPoint(to - from);
-    const double share = Dot(AsPoint(point - from), along) / Dot(along, along);
-    return Length(AsPoint(point - from) - along * std::clamp(share, 0.0, 1.0));
-}
-
 /// The distance of the point of a ring that is farthest from another ring.
 double FarthestFrom(const CGridRing& points, const CGridRing& ring) {
     double farthest = 0.0;
     for (const SGridPoint point : points) {
         double nearest = HUGE_VAL;
         for (size_t i = 0; i < ring.size(); ++i) {
-            nearest = std::min(nearest, DistanceOf(point, ring[i], ring[(i + 1) % ring.size()]));
+            nearest = std::min(
+                nearest, DistanceOf(AsPoint(point), AsPoint(ring[i]), AsPoint(ring[(i + 1) % ring.size()])));
         }
         farthest = std::max(farthest, nearest);
     }
