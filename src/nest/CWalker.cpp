@@ -116,6 +116,8 @@ SSolution CWalker::Begin(const SManner& manner, const SSolution& best) {
     return best;
 }
 
+/// Whether the walk goes on from what it found. A manner that learns its rise does so here: from one answer
+/// to the next, less after each that leads away and more after each that does not.
 bool CWalker::GoesOnFrom(const SManner& manner, const SSolution& present, const SSolution& found) {
     const double ratio = found.m_Height / present.m_Height;
     const double rise = manner.m_bLearnsRise ? m_LearntRise : m_Rise;
