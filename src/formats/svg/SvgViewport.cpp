@@ -103,10 +103,11 @@ void MeasurePage(const CSvgElement& svg, const std::optional<SSvgBox>& box, std:
     inside.m_Map = TurnedOver(pageHeight) * Fitting(*box, pageWidth, pageHeight, AspectOf(svg));
 }
 
-void SayWhatIsTaken(pugi::xml_node svg, const SSvgContext& inside, CSvgFindings& findings) {
-    std::string message = "the file names no unit of length; its user units are taken as they are";
+/// Not what they stand for: that is the reader's choice.
+void MentionUserUnits(pugi::xml_node svg, const SSvgContext& inside, CSvgFindings& findings) {
+    std::string message = "the file names no unit of length, only user units";
     if (inside.m_Width > 0.0 && inside.m_Height > 0.0) {
-        message += ", and the page measures " + ShortestDigits(inside.m_Width) + " by " +
+        message += ", of which the page measures " + ShortestDigits(inside.m_Width) + " by " +
                    ShortestDigits(inside.m_Height);
     }
     findings.Add(svg, SFinding::ESeverity::NOTE, message);
@@ -138,7 +139,7 @@ SSvgPage ReadPage(pugi::xml_node svg, CSvgFindings& findings) {
         inside.m_Height = Pixels(height).value_or(0.0);
         inside.m_Map = TurnedOver(inside.m_Height);
     }
-    SayWhatIsTaken(svg, inside, findings);
+    MentionUserUnits(svg, inside, findings);
     return page;
 }
 

@@ -122,10 +122,9 @@ TEST(InkscapeSamples, OfLettersLieWhereInkscapeSeesThem) {
 TEST(InkscapeSamples, OfLettersHaveTheirHolesAndATextNearItsPlace) {
     const SDrawing drawing = ReadSvg(SamplePath("letters.svg"));
     EXPECT_FALSE(drawing.m_Unit);
-    EXPECT_EQ(InShort(drawing.m_Findings),
-              "2 note: the file names no unit of length; its user units are taken as they are, and the page "
-              "measures "
-              "300 by 120");
+    EXPECT_EQ(
+        InShort(drawing.m_Findings),
+        "2 note: the file names no unit of length, only user units, of which the page measures 300 by 120");
     std::vector<size_t> holes;
     for (const SDrawnPiece& piece : FindPieces(drawing, "letters.svg", {}).m_Pieces) {
         holes.push_back(piece.m_Holes.size());

@@ -42,8 +42,8 @@ TEST(SvgPages, WithoutAViewBoxCountInPixels) {
 
 TEST(SvgPages, WithoutAPhysicalSizeKeepTheirUserUnitsAndSaySo) {
     const std::string square = "M10,80 L20,80 L20,70 L10,70 Z";
-    const std::string note = "1 note: the file names no unit of length; its user units are taken as they are";
-    const std::string size = ", and the page measures 200 by 100";
+    const std::string note = "1 note: the file names no unit of length, only user units";
+    const std::string size = ", of which the page measures 200 by 100";
     EXPECT_EQ(Read(OnPage("width='200' height='100'")), square + " | " + note + size);
     EXPECT_EQ(Read(OnPage("width='200px' height='100px'")), square + " | " + note + size);
     EXPECT_EQ(Read(OnPage("width='100%' height='100%' viewBox='0 0 200 100'")), square + " | " + note + size);
