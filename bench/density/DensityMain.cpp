@@ -137,8 +137,8 @@ int main(int argc, char** argv) {
     SMeasuring measuring;
     CLI::App app("Measures the densities of free packing.", "nestrix-density");
     app.add_option("SET", measuring.m_Sets,
-                   "instances (.json), or made sets: sheet-PIECES-SEED, blobs-PIECES-SEED,\n"
-                   "copies-PIECES-KINDS-VERTICES-SEED")
+                   "instances (.json), or made sets: sheet-PIECES-SEED, rectangles-PIECES-SEED,\n"
+                   "letters-PIECES-SEED, blobs-PIECES-SEED, copies-PIECES-KINDS-VERTICES-SEED")
         ->required();
     app.add_option("--seconds", measuring.m_Seconds, "of each search")->capture_default_str();
     app.add_option("--seeds", measuring.m_nSeeds, "how many seeds, from 1 on")->capture_default_str();

@@ -6,6 +6,7 @@
 #include <numbers>
 #include <stdexcept>
 
+#include "bench/density/CellSheets.h"
 #include "nest/CRandom.h"
 #include "packing/PointVectors.h"
 
@@ -70,6 +71,15 @@ CRing MakeBlob(CRandom& random, double size, int nVertices) {
     return outline;
 }
 
+SInstance SheetOf(const std::string& kind, const std::vector<CRing>& rings, uint64_t nSeed) {
+    SInstance instance{
+        kind + "-" + std::to_string(rings.size()) + "-" + std::to_string(nSeed), {SHEET, 0.0, 0.0}, {}, {}};
+    for (const CRing& ring : rings) {
+        instance.m_Pieces.push_back(PieceOf(ring, {0.0, 90.0, 180.0, 270.0}));
+    }
+    return instance;
+}
+
 }  // namespace
 
 SInstance MakeCutSheet(int nPieces, uint64_t nSeed) {
@@ -96,6 +106,14 @@ SInstance MakeCutSheet(int nPieces, uint64_t nSeed) {
         instance.m_Pieces.push_back(PieceOf(ring, {0.0, 180.0}));
     }
     return instance;
+}
+
+SInstance MakeRectangles(int nPieces, uint64_t nSeed) {
+    return SheetOf("rectangles", CutIntoRectangles(static_cast<int>(SHEET), nPieces, nSeed), nSeed);
+}
+
+SInstance MakeLetters(int nPieces, uint64_t nSeed) {
+    return SheetOf("letters", CutIntoLetters(SHEET, nPieces, nSeed), nSeed);
 }
 
 SInstance MakeBlobs(int nPieces, uint64_t nSeed) {
@@ -133,6 +151,12 @@ SInstance MakeSet(const std::string& name) {
     unsigned long long nSeed = 0;
     if (std::sscanf(name.c_str(), "sheet-%d-%llu", &nPieces, &nSeed) == 2) {
         return MakeCutSheet(nPieces, nSeed);
+    }
+    if (std::sscanf(name.c_str(), "rectangles-%d-%llu", &nPieces, &nSeed) == 2) {
+        return MakeRectangles(nPieces, nSeed);
+    }
+    if (std::sscanf(name.c_str(), "letters-%d-%llu", &nPieces, &nSeed) == 2) {
+        return MakeLetters(nPieces, nSeed);
     }
     if (std::sscanf(name.c_str(), "blobs-%d-%llu", &nPieces, &nSeed) == 2) {
         return MakeBlobs(nPieces, nSeed);
