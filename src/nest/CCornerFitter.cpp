@@ -15,13 +15,17 @@ constexpr size_t MOST_POINTS = 32;
 /// Layouts whose scores differ by less are the same, made in another way.
 constexpr double SAME_SCORE = 1e-12;
 
+// Measured over sheets cut into rectangles and letters: docs/packing-freely.md.
+constexpr double LARGE_COUNTS = 1.0;
+constexpr double EMPTY_COUNTS = 3.0;
+
 }  // namespace
 
 CCornerFitter::CCornerFitter(const CPackProblem& problem, CFieldTable& fields, CStepCounter& steps,
-                             double tolerance)
+                             double tolerance, double height)
     : m_Problem(problem),
       m_Steps(steps),
-      m_CornerProblem(problem, fields, tolerance * static_cast<double>(problem.Strip().m_nWidth)) {}
+      m_CornerProblem(problem, fields, tolerance * static_cast<double>(problem.Strip().m_nWidth), height) {}
 
 bool CCornerFitter::IsWorthTrying(const CPackProblem& problem) {
     size_t nPoints = 0;
@@ -58,6 +62,7 @@ void CCornerFitter::Grow(SBranch& branch, size_t nBranch) {
         if (!corner) {
             return;
         }
+        m_EmptyArea = branch.m_Layout.EmptyAreaBelow(corner->m_At.m_Y);
         for (size_t nPiece = 0; nPiece < m_Problem.Pieces().size(); ++nPiece) {
             if (branch.m_Layout.LeftOf(nPiece) > 0) {
                 for (const size_t nVersion : m_Problem.VersionsOf(nPiece)) {
@@ -85,13 +90,20 @@ void CCornerFitter::TryCorners(const SBranch& branch, size_t nBranch, const CCor
                    place,
                    branch.m_Contact + branch.m_Layout.ContactOf(place),
                    branch.m_Perimeter + shape.m_Perimeter,
+                   branch.m_Area + m_Problem.AreaOf(nPiece),
                    branch.m_nFilled + (bFills ? 1 : 0),
                    0.0};
-        // Two shares: of the borders that touch, and of the pieces that fill their corners.
-        twig.m_Score = twig.m_Contact / twig.m_Perimeter +
-                       twig.m_nFilled / static_cast<double>(branch.m_Layout.Placed().size() + 1);
+        twig.m_Score = ScoreOf(branch, twig);
         m_Twigs.push_back(twig);
     }
+}
+
+double CCornerFitter::ScoreOf(const SBranch& branch, const STwig& twig) const {
+    // Of the borders, those that touch; of the pieces, those that fill their corners; of all area, what is
+    // placed, and what stays empty.
+    return twig.m_Contact / twig.m_Perimeter +
+           twig.m_nFilled / static_cast<double>(branch.m_Layout.Placed().size() + 1) +
+           (LARGE_COUNTS * twig.m_Area - EMPTY_COUNTS * m_EmptyArea) / m_Problem.TotalArea();
 }
 
 /// The branches that the best twigs make, each once.
@@ -109,7 +121,8 @@ std::vector<CCornerFitter::SBranch> CCornerFitter::BestOf(const std::vector<SBra
             continue;
         }
         last = twig.m_Score;
-        best.push_back({branches[twig.m_nBranch].m_Layout, twig.m_Contact, twig.m_Perimeter, twig.m_nFilled});
+        best.push_back({branches[twig.m_nBranch].m_Layout, twig.m_Contact, twig.m_Perimeter, twig.m_Area,
+                        twig.m_nFilled});
         best.back().m_Layout.Add(twig.m_nPiece, twig.m_Place);
     }
     return best;
@@ -117,7 +130,9 @@ std::vector<CCornerFitter::SBranch> CCornerFitter::BestOf(const std::vector<SBra
 
 CCornerFitter::SFit CCornerFitter::Finished(const SBranch& branch) const {
     std::vector<CCornerLayout::SPlaced> placed = branch.m_Layout.Placed();
-    SFit fit{{}, branch.m_nFilled / static_cast<double>(std::max<size_t>(m_Problem.Items().size(), 1))};
+    SFit fit{{},
+             branch.m_nFilled / static_cast<double>(std::max<size_t>(m_Problem.Items().size(), 1)),
+             placed.size() == m_Problem.Items().size()};
     double top = m_CornerProblem.Room().m_Low.m_Y;
     for (const CCornerLayout::SPlaced& item : placed) {
         top = std::max(top, m_CornerProblem.BoxOf(item.m_Place).m_High.m_Y);

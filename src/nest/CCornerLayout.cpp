@@ -6,22 +6,24 @@ namespace nestrix {
 
 namespace {
 
-/// Whether a side lies along a wall or the floor of a room.
+/// Whether a side lies along a wall, the floor or the ceiling of a room.
 bool RunsAlong(const SPlaneBox& room, SPoint from, SPoint to, double tolerance) {
     const double left = room.m_Low.m_X + tolerance;
     const double right = room.m_High.m_X - tolerance;
     const double floor = room.m_Low.m_Y + tolerance;
+    const double ceiling = room.m_High.m_Y - tolerance;
     return std::max(from.m_X, to.m_X) < left || std::min(from.m_X, to.m_X) > right ||
-           std::max(from.m_Y, to.m_Y) < floor;
+           std::max(from.m_Y, to.m_Y) < floor || std::min(from.m_Y, to.m_Y) > ceiling;
 }
 
 }  // namespace
 
-CCornerProblem::CCornerProblem(const CPackProblem& problem, CFieldTable& fields, double tolerance)
+CCornerProblem::CCornerProblem(const CPackProblem& problem, CFieldTable& fields, double tolerance,
+                               double height)
     : m_Problem(problem), m_Fields(fields), m_Tolerance(tolerance) {
     const SGridStrip& strip = problem.Strip();
     m_Room = {AsPoint({strip.m_nMargin, strip.m_nMargin}),
-              {static_cast<double>(strip.m_nWidth - strip.m_nMargin), HUGE_VAL}};
+              {static_cast<double>(strip.m_nWidth - strip.m_nMargin), height}};
     for (const SVersion& version : problem.Versions()) {
         m_Shapes.push_back(CornerShapeOf(version));
     }
@@ -111,6 +113,15 @@ double CCornerLayout::ContactOf(const SPlace& place) const {
                                       place.m_At - placed.m_Place.m_At, tolerance);
     }
     return contact;
+}
+
+double CCornerLayout::EmptyAreaBelow(double height) const {
+    const SPlaneBox& room = m_pProblem->Room();
+    double area = (room.m_High.m_X - room.m_Low.m_X) * (height - room.m_Low.m_Y);
+    for (const SPlaced& placed : m_Placed) {
+        area -= AreaBelow(m_pProblem->ShapeOf(placed.m_Place.m_nVersion), height - placed.m_Place.m_At.m_Y);
+    }
+    return area;
 }
 
 void CCornerLayout::Add(size_t nPiece, const SPlace& place) {

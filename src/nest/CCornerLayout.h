@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <vector>
@@ -15,14 +16,16 @@ namespace nestrix {
 class CCornerProblem {
 public:
     /// @param tolerance what two points may be apart and are still the same, in units.
-    CCornerProblem(const CPackProblem& problem, CFieldTable& fields, double tolerance);
+    /// @param height that the pieces are to keep below, in units.
+    CCornerProblem(const CPackProblem& problem, CFieldTable& fields, double tolerance,
+                   double height = HUGE_VAL);
 
     [[nodiscard]] const CPackProblem& Problem() const { return m_Problem; }
     [[nodiscard]] const SCornerShape& ShapeOf(size_t nVersion) const { return m_Shapes[nVersion]; }
     [[nodiscard]] SPlaneBox BoxOf(const SPlace& place) const {
         return BoxAt(m_Shapes[place.m_nVersion].m_Box, place.m_At);
     }
-    /// The part of the plane that is the strip, without end above.
+    /// The part of the plane that is the strip, up to that height.
     [[nodiscard]] const SPlaneBox& Room() const { return m_Room; }
     [[nodiscard]] double Tolerance() const { return m_Tolerance; }
     [[nodiscard]] bool DoOverlap(const SPlace& first, const SPlace& second) const;
@@ -60,6 +63,9 @@ public:
 
     /// How much of its border would touch others, the walls or the floor.
     [[nodiscard]] double ContactOf(const SPlace& place) const;
+
+    /// How much of the room below a height no piece covers.
+    [[nodiscard]] double EmptyAreaBelow(double height) const;
 
     void Add(size_t nPiece, const SPlace& place);
 

@@ -11,7 +11,6 @@ namespace {
 /// The first shares by which the strip is made lower, and the last ones.
 constexpr double FIRST_SQUEEZE = 0.1;
 constexpr double LAST_SQUEEZE = 0.002;
-constexpr SPatience SQUEEZING{40, 1};
 
 }  // namespace
 
@@ -33,13 +32,18 @@ CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
 
 void CPackWorker::Run() {
     // All workers would find the same.
+    CPuzzleSolver solver(m_Problem, m_Fields, m_Finder, m_Steps,
+                         [this](const SSolution& packing) { (void)Take(packing); });
     if (m_nWorker == 0) {
-        const auto take = [this](const SSolution& packing) { (void)Take(packing); };
-        CPuzzleSolver(m_Problem, m_Fields, m_Finder, m_Steps, take).Solve();
+        solver.Solve();
     }
     Squeeze();
     while (!m_Steps.IsOver()) {
         Learn();
+        if (solver.IsOneLikely() && 2 * solver.Steps() <= m_Steps.Steps()) {
+            solver.Lower(m_pBest->m_Height);
+            continue;
+        }
         // What it takes is another object: the walk's own beginning stays.
         const std::shared_ptr<const SSolution> pBest = m_pBest;
         m_Walker.Walk(*pBest, [this](const SSolution& packing) { return Take(packing); });
@@ -50,7 +54,7 @@ void CPackWorker::Squeeze() {
     for (double share = FIRST_SQUEEZE; share >= LAST_SQUEEZE && !m_Steps.IsOver();) {
         const double height = m_pBest->m_Height;
         const std::optional<SSolution> found =
-            m_Finder.Find(m_pBest->m_Places, height * (1.0 - share), SQUEEZING, height * (1.0 - LEAST_GAIN));
+            m_Finder.Find(m_pBest->m_Places, height * (1.0 - share), BEGINNING, height * (1.0 - LEAST_GAIN));
         if (!found || !Take(*found)) {
             share /= 2.0;
         }

@@ -9,12 +9,9 @@ namespace {
 
 // All of these were measured over instances and seeds: docs/packing-freely.md.
 
-/// Layouts that overlap more than so much of the items' size on an average are not compacted.
-constexpr double MOST_OVERLAP_SHARE = 0.025;
-
 /// Of more items than this a compaction takes long, and waits for less overlap.
 constexpr size_t QUICKLY_COMPACTED_ITEMS = 64;
-constexpr double MOST_OVERLAP_SHARE_OF_MANY = 0.003;
+constexpr double MOST_OVERLAP_OF_MANY = 0.003;
 
 /// Then the overlap must have become so much less for the next one.
 constexpr double NEXT_TRY = 0.7;
@@ -36,29 +33,28 @@ CPackingFinder::CPackingFinder(const CPackProblem& problem, CFieldTable& fields,
       m_Separator(m_Layout, random, steps),
       m_Compactor(problem) {
     const auto count = static_cast<double>(places.size());
-    const double share =
-        places.size() > QUICKLY_COMPACTED_ITEMS ? MOST_OVERLAP_SHARE_OF_MANY : MOST_OVERLAP_SHARE;
-    m_MostOverlap = share * std::sqrt(problem.TotalArea() * count);
+    m_WholeOverlap = std::sqrt(problem.TotalArea() * count);
     m_Reach = REACH_SHARE * std::sqrt(problem.TotalArea() / count);
 }
 
 std::optional<SSolution> CPackingFinder::Find(std::span<const SPlace> places, double height,
-                                              const SPatience& patience, double lowEnough) {
+                                              const SEffort& effort, double lowEnough) {
     m_Found.reset();
     if (!m_Steps.Take()) {
         return std::nullopt;
     }
     m_Layout.Assign(places, height);
-    double tried = m_MostOverlap;
+    const bool bMany = m_Layout.Count() > QUICKLY_COMPACTED_ITEMS;
+    double tried = (bMany ? MOST_OVERLAP_OF_MANY : effort.m_MostOverlap) * m_WholeOverlap;
     const auto improved = [&](double overlap) {
         if (overlap > tried) {
             return false;
         }
-        tried = overlap * (m_Layout.Count() > QUICKLY_COMPACTED_ITEMS ? NEXT_TRY_OF_MANY : NEXT_TRY);
+        tried = overlap * (bMany ? NEXT_TRY_OF_MANY : NEXT_TRY);
         Compact();
         return m_Found && m_Found->m_Height < lowEnough;
     };
-    if (m_Separator.Separate(patience, improved)) {
+    if (m_Separator.Separate(effort.m_Patience, improved)) {
         Compact();
     }
     return std::exchange(m_Found, std::nullopt);

@@ -13,6 +13,16 @@ namespace nestrix {
 /// Less than this share of a height is no gain.
 inline constexpr double LEAST_GAIN = 1e-5;
 
+/// What is done to find a packing.
+struct SEffort {
+    SPatience m_Patience;
+    /// Layouts that overlap more than so much of the items' size on an average are not compacted.
+    double m_MostOverlap = 0.025;
+};
+
+/// Where a search has only begun, layouts of much overlap come near the best, too.
+inline constexpr SEffort BEGINNING{{40, 1}, 0.1};
+
 /// Turns layouts that overlap into packings: separates them piece by piece in a strip of a given height, and
 /// on the way compacts those that overlap little. What comes out may be lower than all before, though not as
 /// low as was asked for.
@@ -27,7 +37,7 @@ public:
     /// @return the lowest packing found; nothing if there was none. Takes a step by itself: where nothing
     /// overlaps, there are no others.
     [[nodiscard]] std::optional<SSolution> Find(std::span<const SPlace> places, double height,
-                                                const SPatience& patience, double lowEnough);
+                                                const SEffort& effort, double lowEnough);
 
 private:
     void Compact();
@@ -37,8 +47,8 @@ private:
     CLayout m_Layout;
     CSeparator m_Separator;
     CCompactor m_Compactor;
-    double m_MostOverlap;  ///< of layouts that are worth a compaction
-    double m_Reach;        ///< of the items in one compaction
+    double m_WholeOverlap;  ///< if each item overlapped as much as it is large
+    double m_Reach;         ///< of the items in one compaction
     std::optional<SSolution> m_Found;
 };
 

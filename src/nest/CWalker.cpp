@@ -11,9 +11,12 @@ namespace {
 
 // All of these were measured over instances and seeds: docs/packing-freely.md.
 
-/// A walk asks for a strip lower by a share between these.
+/// A walk asks for a strip lower by a share between these. Sometimes it leaps: between heights at which
+/// pieces fit without play there may be no packing.
 constexpr double SHORTEST_STEP = 0.001;
 constexpr double LONGEST_STEP = 0.01;
+constexpr double LEAPS = 0.2;  ///< of all steps
+constexpr double LONGEST_LEAP = 0.04;
 
 /// How much higher, as a share, a packing may be to go on from. Exchanging two of many pieces changes a
 /// smaller part of the strip: less, then.
@@ -29,25 +32,18 @@ constexpr double MORE = 1.01;
 /// Packings that differ by less, as a share, are taken for the same.
 constexpr double SAME_HEIGHT = 1e-5;
 
-/// The strips, as shares above the best, in which a packing is looked for after exchanges at random.
-constexpr double FIRST_ABOVE = 0.01;
-constexpr double NEXT_ABOVE = 0.02;
-constexpr double LAST_ABOVE = 0.2;
-constexpr SPatience AFTER_EXCHANGES{40, 1};
-
 }  // namespace
 
 struct CWalker::SManner {
-    SPatience m_Patience;        ///< with an attempt
+    SEffort m_Effort;            ///< of an attempt
     int m_nLongest = 0;          ///< so many attempts in a row without a better packing than the best
     bool m_bLearnsRise = false;  ///< from how often it goes on
-    int m_nExchanges = 0;        ///< at random, before it begins
 };
 
-// Some pieces find to lower packings sooner by another beginning, others by more patience with the present
-// one.
-const std::array<CWalker::SManner, 3> CWalker::MANNERS{
-    {{{20, 1}, 100, false, 0}, {{200, 2}, 12, true, 0}, {{20, 1}, 200, false, 5}}};
+// Some pieces find to lower packings sooner by many attempts, others by patience with each.
+const std::array<CWalker::SManner, 2> CWalker::MANNERS{
+    {{.m_Effort = {{20, 1}}, .m_nLongest = 100},
+     {.m_Effort = {{200, 2}}, .m_nLongest = 12, .m_bLearnsRise = true}}};
 
 CWalker::CWalker(const CPackProblem& problem, CPackingFinder& finder, CStepCounter& steps, CRandom& random,
                  size_t nFirst)
@@ -69,22 +65,26 @@ void CWalker::Walk(const SSolution& best, const std::function<bool(const SSoluti
     const size_t nManner = LeastUsedManner();
     const SManner& manner = MANNERS[nManner];
     const uint64_t nBefore = m_Steps.Steps();
-    SSolution present = Begin(manner, best);
+    SSolution present = best;
     int nVain = 0;
     while (nVain < manner.m_nLongest && !m_Steps.IsOver()) {
-        // Small steps more often: the square of a random number.
-        const double longest = LONGEST_STEP - SHORTEST_STEP;
-        const double share = SHORTEST_STEP + longest * m_Random.Share() * m_Random.Share();
+        const double share = DrawStep();
         const std::vector<SPlace> places = nVain == 0 ? present.m_Places : Disturbed(present.m_Places);
-        const std::optional<SSolution> found =
-            m_Finder.Find(places, present.m_Height * (1.0 - share), manner.m_Patience,
-                          present.m_Height * (1.0 - LEAST_GAIN));
+        const std::optional<SSolution> found = m_Finder.Find(
+            places, present.m_Height * (1.0 - share), manner.m_Effort, present.m_Height * (1.0 - LEAST_GAIN));
         nVain = found && take(*found) ? 0 : nVain + 1;
         if (found && GoesOnFrom(manner, present, *found)) {
             present = *found;
         }
     }
     m_StepsOf[nManner] += m_Steps.Steps() - nBefore;
+}
+
+/// By what share a lower strip is asked for: small steps more often.
+double CWalker::DrawStep() {
+    const double longest = m_Random.Share() < LEAPS ? LONGEST_LEAP : LONGEST_STEP;
+    const double share = m_Random.Share();
+    return SHORTEST_STEP + (longest - SHORTEST_STEP) * share * m_Random.Share();
 }
 
 size_t CWalker::LeastUsedManner() const {
@@ -96,24 +96,6 @@ size_t CWalker::LeastUsedManner() const {
         }
     }
     return nLeast;
-}
-
-/// The best packing, or one that its exchanges lead to.
-SSolution CWalker::Begin(const SManner& manner, const SSolution& best) {
-    if (manner.m_nExchanges == 0) {
-        return best;
-    }
-    std::vector<SPlace> places = best.m_Places;
-    for (int i = 0; i < manner.m_nExchanges; ++i) {
-        ExchangeAnyTwo(places);
-    }
-    for (double above = FIRST_ABOVE; above < LAST_ABOVE; above += NEXT_ABOVE) {
-        if (std::optional<SSolution> found =
-                m_Finder.Find(places, best.m_Height * (1.0 + above), AFTER_EXCHANGES, HUGE_VAL)) {
-            return *std::move(found);
-        }
-    }
-    return best;
 }
 
 /// Whether the walk goes on from what it found. A manner that learns its rise does so here: from one answer
@@ -143,15 +125,6 @@ std::vector<SPlace> CWalker::Disturbed(std::vector<SPlace> places) {
         }
     }
     return places;
-}
-
-/// Exchanges any two items, and turns the first one at random.
-void CWalker::ExchangeAnyTwo(std::vector<SPlace>& places) {
-    const size_t a = m_Random.Index(places.size());
-    const size_t b = m_Random.Index(places.size());
-    std::swap(places[a].m_At, places[b].m_At);
-    const std::vector<size_t>& versions = m_Problem.VersionsOf(m_Problem.Items()[a]);
-    places[a].m_nVersion = versions[m_Random.Index(versions.size())];
 }
 
 }  // namespace nestrix

@@ -15,9 +15,9 @@ namespace nestrix {
 /// lower than the present one, and goes on from what it finds, unless that is much higher. A walk ends when
 /// nothing better than the best has been found for long.
 ///
-/// There are three manners of walking, since none is good for all pieces: many hasty attempts; a few patient
-/// ones, from packings that may be farther from the best; and hasty ones from where some exchanges at random
-/// lead. They take turns, each for as many steps as the others.
+/// There are two manners of walking, since neither is good for all pieces: many hasty attempts; and a few
+/// patient ones, from packings that may be farther from the best. They take turns, each for as many steps as
+/// the other.
 class CWalker {
 public:
     /// @param nFirst the manner to begin with, from 0: workers begin with different ones.
@@ -31,13 +31,12 @@ public:
 
 private:
     struct SManner;
-    static const std::array<SManner, 3> MANNERS;
+    static const std::array<SManner, 2> MANNERS;
 
+    [[nodiscard]] double DrawStep();
     [[nodiscard]] size_t LeastUsedManner() const;
-    [[nodiscard]] SSolution Begin(const SManner& manner, const SSolution& best);
     [[nodiscard]] bool GoesOnFrom(const SManner& manner, const SSolution& present, const SSolution& found);
     [[nodiscard]] std::vector<SPlace> Disturbed(std::vector<SPlace> places);
-    void ExchangeAnyTwo(std::vector<SPlace>& places);
 
     const CPackProblem& m_Problem;
     CPackingFinder& m_Finder;
@@ -47,7 +46,7 @@ private:
     double m_Rise;                     ///< how much higher, as a share, a packing may be to go on from
     double m_LearntRise;               ///< the same, learnt from how often that was so
     size_t m_nFirst;
-    std::array<uint64_t, 3> m_StepsOf{};  ///< taken in each manner
+    std::array<uint64_t, 2> m_StepsOf{};  ///< taken in each manner
 };
 
 }  // namespace nestrix

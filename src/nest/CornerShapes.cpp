@@ -62,6 +62,24 @@ void AddInnerDirections(const SCornerShape& shape, SPoint at, double tolerance, 
     }
 }
 
+double AreaBelow(const SCornerShape& shape, double height) {
+    // Between each side and the line at the height, as far as the side lies below.
+    double area = 0.0;
+    for (const SCornerShape::SSide& side : shape.m_Sides) {
+        const SPoint to = side.m_From + side.m_Along * side.m_Length;
+        const double fromDepth = height - side.m_From.m_Y;
+        const double toDepth = height - to.m_Y;
+        if (fromDepth <= 0.0 && toDepth <= 0.0) {
+            continue;
+        }
+        const double below = std::max(fromDepth, 0.0) + std::max(toDepth, 0.0);
+        const double share =
+            fromDepth < 0.0 || toDepth < 0.0 ? below / (std::abs(fromDepth) + std::abs(toDepth)) : 1.0;
+        area += (to.m_X - side.m_From.m_X) * share * below / 2.0;
+    }
+    return area;
+}
+
 double ContactOf(const SCornerShape& first, const SCornerShape& second, SPoint at, double tolerance) {
     double contact = 0.0;
     if (GapOf(BoxAt(first.m_Box, at), second.m_Box) > tolerance) {

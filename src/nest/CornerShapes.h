@@ -30,6 +30,10 @@ struct SCornerShape {
 /// @param at relative to the shape's reference point.
 void AddInnerDirections(const SCornerShape& shape, SPoint at, double tolerance, std::vector<SSector>& taken);
 
+/// How much of a shape's area lies below a height.
+/// @param height relative to the shape's reference point.
+[[nodiscard]] double AreaBelow(const SCornerShape& shape, double height);
+
 /// How long the borders of two shapes run along each other, outside against outside, at most the tolerance
 /// apart.
 /// @param at the place of the first less that of the second.

@@ -210,7 +210,7 @@ TEST(Best, IsSearchedOnFrom) {
     std::string files;
     for (int nSeed = 1; nSeed <= 2; ++nSeed) {
         const std::string path = folder.PathOf(std::to_string(nSeed) + ".json");
-        const std::string options = "--quiet --threads 1 --steps 300 --seed " + std::to_string(nSeed);
+        const std::string options = "--quiet --threads 1 --steps 50 --seed " + std::to_string(nSeed);
         EXPECT_EQ(
             RunBatchProgram("pack " NESTRIX_SAMPLES "/concave " + options + " --json " + path).m_nStatus, 0);
         files += path + " ";

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "tests/nest/FreeSets.h"
 
@@ -21,8 +22,9 @@ public:
           m_Limit(1, nMost, [] { return false; }),
           m_Steps(m_Limit, 0, 1'000'000, [] {}) {}
 
-    [[nodiscard]] std::optional<CCornerFitter::SFit> Fit(size_t nLayouts) {
-        return CCornerFitter(m_Problem, m_Fields, m_Steps, TOLERANCE).Fit(nLayouts);
+    [[nodiscard]] std::optional<CCornerFitter::SFit> Fit(size_t nLayouts, double height = HUGE_VAL) {
+        return CCornerFitter(m_Problem, m_Fields, m_Steps, TOLERANCE, height / m_Problem.Grid().Length(1))
+            .Fit(nLayouts);
     }
     [[nodiscard]] double HeightOf(const CCornerFitter::SFit& fit) const {
         return nestrix::HeightOf(m_Problem, fit.m_Places) * m_Problem.Grid().Length(1);
@@ -89,6 +91,22 @@ TEST(CornerFitter, PutsWhatFitsNoCornerAboveTheOthers) {
     const std::optional<CCornerFitter::SFit> fit = fitting.Fit(2);
     EXPECT_DOUBLE_EQ(fitting.HeightOf(*fit), 60.0);
     EXPECT_EQ(fit->m_Filled, 0.0);
+    EXPECT_EQ(fitting.FaultOf(*fit), "");
+}
+
+TEST(CornerFitter, KeepsBelowAHeight) {
+    // Upright the two fill half of the width; below 10 they have to lie.
+    CFitting fitting({support::Copies(support::Box(5, 20), 2, {0.0, 90.0})}, {20.0, 0.0, 0.0});
+    const std::optional<CCornerFitter::SFit> fit = fitting.Fit(1, 10.0);
+    EXPECT_TRUE(fit->m_bComplete);
+    EXPECT_DOUBLE_EQ(fitting.HeightOf(*fit), 10.0);
+}
+
+TEST(CornerFitter, PutsWhatFitsNoCornerBelowTheHeightAboveTheOthers) {
+    CFitting fitting({support::Copies(support::Box(10, 10), 9)}, {30.0, 0.0, 0.0});
+    const std::optional<CCornerFitter::SFit> fit = fitting.Fit(1, 29.0);
+    EXPECT_FALSE(fit->m_bComplete);
+    EXPECT_DOUBLE_EQ(fitting.HeightOf(*fit), 50.0);
     EXPECT_EQ(fitting.FaultOf(*fit), "");
 }
 

@@ -72,6 +72,18 @@ TEST_F(CornerLayout, GoesUpWhereAllBelowIsFull) {
     ExpectLowestCorner(0.0, 20.0, 0.0, 1.0);
 }
 
+TEST_F(CornerLayout, TellsHowMuchIsEmptyBelowAHeight) {
+    m_Layout.Add(BOX, At(BOX, 0.0, 0.0));
+    m_Layout.Add(TRIANGLE, At(TRIANGLE, 10.0, 5.0));
+    const auto emptyBelow = [this](double height) {
+        return m_Layout.EmptyAreaBelow(Units(height)) / (Units(1.0) * Units(1.0));
+    };
+    EXPECT_NEAR(emptyBelow(0.0), 0.0, 1e-6);
+    EXPECT_NEAR(emptyBelow(5.0), 200.0 - 50.0, 1e-6);
+    EXPECT_NEAR(emptyBelow(10.0), 400.0 - 100.0 - 37.5, 1e-6);
+    EXPECT_NEAR(emptyBelow(30.0), 1200.0 - 200.0 - 50.0, 1e-6);
+}
+
 TEST_F(CornerLayout, TakesNoPeakForACorner) {
     m_Layout.Add(BOX, At(BOX, 15.0, 0.0));
     for (const double x : {0.0, 15.0, 25.0, 40.0}) {

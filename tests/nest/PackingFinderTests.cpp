@@ -10,7 +10,7 @@ namespace nestrix {
 namespace {
 
 constexpr SFreeStrip STRIP{20.0, 0.0, 0.0};
-constexpr SPatience PATIENCE{40, 2};
+constexpr SEffort EFFORT{{40, 2}};
 constexpr double NEVER_LOW_ENOUGH = 0.0;
 
 /// Four squares of which two fit beside each other, all laid into one corner.
@@ -22,7 +22,7 @@ protected:
     [[nodiscard]] double Units(double length) const { return length / m_Problem.Grid().Length(1); }
 
     std::optional<SSolution> Find(double height, double lowEnough = NEVER_LOW_ENOUGH) {
-        return m_Finder.Find(m_InOneCorner, Units(height), PATIENCE, Units(lowEnough));
+        return m_Finder.Find(m_InOneCorner, Units(height), EFFORT, Units(lowEnough));
     }
 
     std::vector<SPiece> m_Pieces{support::Copies(support::Box(10, 10), 4)};
