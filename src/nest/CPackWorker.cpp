@@ -31,10 +31,9 @@ CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
       m_nWorkers(limit.Workers()) {}
 
 void CPackWorker::Run() {
-    // All workers would find the same.
     CPuzzleSolver solver(m_Problem, m_Fields, m_Finder, m_Steps,
                          [this](const SSolution& packing) { (void)Take(packing); });
-    if (m_nWorker == 0) {
+    if (m_nWorker == 0) {  // all workers would find the same
         solver.Solve();
     }
     Squeeze();

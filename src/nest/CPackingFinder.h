@@ -16,7 +16,8 @@ inline constexpr double LEAST_GAIN = 1e-5;
 /// What is done to find a packing.
 struct SEffort {
     SPatience m_Patience;
-    /// Layouts that overlap more than so much of the items' size on an average are not compacted.
+    /// Layouts that overlap more than so much of the items' size on an average are not compacted; many items
+    /// wait for less.
     double m_MostOverlap = 0.025;
 };
 

@@ -7,14 +7,8 @@
 
 namespace nestrix::faults {
 
+using support::AT_FULL_SPEED;
 using support::UNDER_SANITIZER;
-
-/// Whether times mean what a user would see: the compiler optimised, and no sanitizer slows it down.
-#ifdef __OPTIMIZE__
-inline constexpr bool AT_FULL_SPEED = !UNDER_SANITIZER;
-#else
-inline constexpr bool AT_FULL_SPEED = false;
-#endif
 
 /// What a failed operation must leave as it found it, besides its own objects.
 struct SProcessState {

@@ -7,16 +7,6 @@
 
 namespace nestrix::support {
 
-namespace {
-
-#ifdef __OPTIMIZE__
-constexpr bool AT_FULL_SPEED = !UNDER_SANITIZER;
-#else
-constexpr bool AT_FULL_SPEED = false;
-#endif
-
-}  // namespace
-
 int RandomCases(int nOrdinary) {
     const char* pFactor = std::getenv("NESTRIX_CASES_FACTOR");
     const int nFactor = pFactor == nullptr ? 1 : std::max(1, std::atoi(pFactor));

@@ -11,4 +11,11 @@ inline constexpr bool UNDER_SANITIZER = __has_feature(address_sanitizer) || __ha
 inline constexpr bool UNDER_SANITIZER = false;
 #endif
 
+/// Whether times mean what a user would see: the compiler optimised, and no sanitizer slows it down.
+#ifdef __OPTIMIZE__
+inline constexpr bool AT_FULL_SPEED = !UNDER_SANITIZER;
+#else
+inline constexpr bool AT_FULL_SPEED = false;
+#endif
+
 }  // namespace nestrix::support
