@@ -6,7 +6,7 @@
 #include <numbers>
 #include <stdexcept>
 
-#include "bench/density/CellSheets.h"
+#include "bench/density/RightAngledSheets.h"
 #include "nest/CRandom.h"
 #include "packing/PointVectors.h"
 
@@ -15,6 +15,7 @@ namespace nestrix::bench {
 namespace {
 
 constexpr double SHEET = 1000.0;
+const std::vector<double> QUARTERS{0.0, 90.0, 180.0, 270.0};
 
 double TwiceAreaOf(const CRing& ring) {
     double area = 0.0;
@@ -71,11 +72,12 @@ CRing MakeBlob(CRandom& random, double size, int nVertices) {
     return outline;
 }
 
-SInstance SheetOf(const std::string& kind, const std::vector<CRing>& rings, uint64_t nSeed) {
+SInstance SheetOf(const std::string& kind, const std::vector<CRing>& rings, const std::vector<double>& turns,
+                  uint64_t nSeed) {
     SInstance instance{
         kind + "-" + std::to_string(rings.size()) + "-" + std::to_string(nSeed), {SHEET, 0.0, 0.0}, {}, {}};
     for (const CRing& ring : rings) {
-        instance.m_Pieces.push_back(PieceOf(ring, {0.0, 90.0, 180.0, 270.0}));
+        instance.m_Pieces.push_back(PieceOf(ring, turns));
     }
     return instance;
 }
@@ -100,20 +102,15 @@ SInstance MakeCutSheet(int nPieces, uint64_t nSeed) {
         *largest = one;
         rings.push_back(other);
     }
-    SInstance instance{
-        "sheet-" + std::to_string(nPieces) + "-" + std::to_string(nSeed), {SHEET, 0.0, 0.0}, {}, {}};
-    for (const CRing& ring : rings) {
-        instance.m_Pieces.push_back(PieceOf(ring, {0.0, 180.0}));
-    }
-    return instance;
+    return SheetOf("sheet", rings, {0.0, 180.0}, nSeed);
 }
 
 SInstance MakeRectangles(int nPieces, uint64_t nSeed) {
-    return SheetOf("rectangles", CutIntoRectangles(static_cast<int>(SHEET), nPieces, nSeed), nSeed);
+    return SheetOf("rectangles", CutIntoRectangles(SHEET, nPieces, nSeed), QUARTERS, nSeed);
 }
 
 SInstance MakeLetters(int nPieces, uint64_t nSeed) {
-    return SheetOf("letters", CutIntoLetters(SHEET, nPieces, nSeed), nSeed);
+    return SheetOf("letters", CutIntoLetters(SHEET, nPieces, nSeed), QUARTERS, nSeed);
 }
 
 SInstance MakeBlobs(int nPieces, uint64_t nSeed) {
@@ -123,7 +120,7 @@ SInstance MakeBlobs(int nPieces, uint64_t nSeed) {
     for (int i = 0; i < nPieces; ++i) {
         const int nVertices = 50 + static_cast<int>(random.Index(71));
         const double size = random.Between(25.0, 75.0);
-        instance.m_Pieces.push_back(PieceOf(MakeBlob(random, size, nVertices), {0.0, 90.0, 180.0, 270.0}));
+        instance.m_Pieces.push_back(PieceOf(MakeBlob(random, size, nVertices), QUARTERS));
     }
     return instance;
 }
@@ -137,7 +134,7 @@ SInstance MakeCopies(int nPieces, int nKinds, int nVertices, uint64_t nSeed) {
                        {}};
     for (int i = 0; i < nKinds; ++i) {
         const double size = random.Between(15.0, 45.0);
-        SPiece piece = PieceOf(MakeBlob(random, size, nVertices), {0.0, 90.0, 180.0, 270.0});
+        SPiece piece = PieceOf(MakeBlob(random, size, nVertices), QUARTERS);
         piece.m_nQuantity = nPieces / nKinds + (i < nPieces % nKinds ? 1 : 0);
         instance.m_Pieces.push_back(std::move(piece));
     }

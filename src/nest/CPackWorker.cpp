@@ -39,7 +39,7 @@ void CPackWorker::Run() {
     Squeeze();
     while (!m_Steps.IsOver()) {
         Learn();
-        if (solver.IsOneLikely() && 2 * solver.Steps() <= m_Steps.Steps()) {
+        if (solver.IsPuzzleLikely() && 2 * solver.Steps() <= m_Steps.Steps()) {
             solver.Lower(m_pBest->m_Height);
             continue;
         }

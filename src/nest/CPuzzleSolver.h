@@ -26,7 +26,7 @@ public:
     void Solve();
 
     /// Whether the pieces have turned out to be like those of a puzzle.
-    [[nodiscard]] bool IsOneLikely() const { return m_bLikely; }
+    [[nodiscard]] bool IsPuzzleLikely() const { return m_bLikely; }
 
     /// Looks for lower packings of likely pieces, by more layouts than the last time.
     /// @param height of the best packing.

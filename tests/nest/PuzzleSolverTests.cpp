@@ -49,47 +49,24 @@ private:
     double m_Lowest = HUGE_VAL;
 };
 
-/// A square with sides of 1000, cut into rectangles by lines from side to side, each across the longer side
-/// of the largest; they may be turned by a quarter.
-std::vector<SPiece> CutIntoRectangles(int nPieces, uint64_t nSeed) {
-    support::CSeededRandom random(nSeed);
-    std::vector<SPoint> sizes{{1000.0, 1000.0}};
-    while (static_cast<int>(sizes.size()) < nPieces) {
-        const auto largest = std::max_element(
-            sizes.begin(), sizes.end(), [](SPoint a, SPoint b) { return a.m_X * a.m_Y < b.m_X * b.m_Y; });
-        const double share = random.Range(30, 70) / 100.0;
-        SPoint rest = *largest;
-        double SPoint::*const pSide = largest->m_X > largest->m_Y ? &SPoint::m_X : &SPoint::m_Y;
-        (*largest).*pSide = std::round(rest.*pSide * share);
-        rest.*pSide -= (*largest).*pSide;
-        sizes.push_back(rest);
-    }
-    std::vector<SPiece> pieces;
-    for (const SPoint size : sizes) {
-        pieces.push_back(support::Copies(support::Box(size.m_X, size.m_Y), 1, {0.0, 90.0}));
-    }
-    return pieces;
-}
-
-constexpr SFreeStrip SHEET{1000.0, 0.0, 0.0};
-
 TEST(PuzzleSolver, TakesPiecesThatFillTheirCornersForAPuzzle) {
     CSolving solving(support::Puzzle(), {60.0, 0.0, 0.0});
-    EXPECT_FALSE(solving.Solver().IsOneLikely());
+    EXPECT_FALSE(solving.Solver().IsPuzzleLikely());
     solving.Solve();
-    EXPECT_TRUE(solving.Solver().IsOneLikely());
+    EXPECT_TRUE(solving.Solver().IsPuzzleLikely());
     EXPECT_EQ(solving.Density(), 1.0);
 }
 
 TEST(PuzzleSolver, TakesOtherPiecesForNone) {
     CSolving solving(support::MixedSet(), {100.0, 0.0, 0.0});
     solving.Solve();
-    EXPECT_FALSE(solving.Solver().IsOneLikely());
+    EXPECT_FALSE(solving.Solver().IsPuzzleLikely());
 }
 
 TEST(PuzzleSolver, FindsLowerPackingsOfRectanglesBelowACeiling) {
     for (uint64_t nSeed = 1; nSeed <= 3; ++nSeed) {
-        CSolving solving(CutIntoRectangles(25, nSeed), SHEET);
+        support::CSeededRandom random(nSeed);
+        CSolving solving(support::RandomBoxes(random, 20, 30), {100.0, 0.0, 0.0});
         solving.Solve();
         const double before = solving.Density();
         const uint64_t nBefore = solving.Solver().Steps();

@@ -1,4 +1,4 @@
-#include "bench/density/CellSheets.h"
+#include "bench/density/RightAngledSheets.h"
 
 #include <algorithm>
 #include <cmath>
@@ -24,17 +24,17 @@ struct SCellPoint {
 /// Each by its lower left corner.
 using CCells = std::set<SCellPoint>;
 
-constexpr SCellPoint WAYS[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
+/// To the neighbours of a cell, counter-clockwise from below.
+constexpr SCellPoint WAYS[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}};
 
 /// The sides of cells that border others, counter-clockwise about the cells: from where to where. Empty where
 /// the cells touch only at a corner.
 std::map<SCellPoint, SCellPoint> SidesOf(const CCells& cells) {
     constexpr SCellPoint CORNERS[] = {{0, 0}, {1, 0}, {1, 1}, {0, 1}};
-    constexpr SCellPoint BELOW_TO_LEFT[] = {{0, -1}, {1, 0}, {0, 1}, {-1, 0}};
     std::map<SCellPoint, SCellPoint> sides;
     for (const SCellPoint cell : cells) {
         for (size_t i = 0; i < 4; ++i) {
-            if (!cells.contains(cell + BELOW_TO_LEFT[i]) &&
+            if (!cells.contains(cell + WAYS[i]) &&
                 !sides.emplace(cell + CORNERS[i], cell + CORNERS[(i + 1) % 4]).second) {
                 return {};
             }
@@ -100,9 +100,9 @@ std::pair<CCells, CCells> Halved(const CCells& cells, CRandom& random) {
 
 }  // namespace
 
-std::vector<CRing> CutIntoRectangles(int nSheet, int nPieces, uint64_t nSeed) {
+std::vector<CRing> CutIntoRectangles(double sheet, int nPieces, uint64_t nSeed) {
     CRandom random(nSeed);
-    std::vector<SPoint> sizes{{1.0 * nSheet, 1.0 * nSheet}};
+    std::vector<SPoint> sizes{{sheet, sheet}};
     while (static_cast<int>(sizes.size()) < nPieces) {
         const auto largest = std::max_element(
             sizes.begin(), sizes.end(), [](SPoint a, SPoint b) { return a.m_X * a.m_Y < b.m_X * b.m_Y; });
