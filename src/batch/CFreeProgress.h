@@ -19,12 +19,12 @@ public:
     /// @param stop becomes true when the program is asked to end.
     /// @param better hears of every packing, too, on a thread of the search.
     explicit CFreeProgress(
-        const CRelaxed<bool>& stop,
-        std::function<void(const SFreePacking&)> better = [](const SFreePacking&) {})
+        const CRelaxed<bool>& stop, std::function<void(const SFreePacking&, const SPackProgress&)> better =
+                                        [](const SFreePacking&, const SPackProgress&) {})
         : m_Stop(stop), m_Better(std::move(better)) {}
 
     void BetterPacking(const SFreePacking& packing, const SPackProgress& progress) override {
-        m_Better(packing);
+        m_Better(packing, progress);
         const std::lock_guard lock(m_Mutex);
         m_Improvements.push_back({progress.m_Seconds, progress.m_nSteps,
                                   packing.m_Grid.Length(packing.m_nHeight), progress.m_Density});
@@ -45,7 +45,7 @@ public:
 
 private:
     const CRelaxed<bool>& m_Stop;
-    std::function<void(const SFreePacking&)> m_Better;
+    std::function<void(const SFreePacking&, const SPackProgress&)> m_Better;
     mutable std::mutex m_Mutex;  ///< guards m_Improvements
     std::vector<SImprovement> m_Improvements;
 };

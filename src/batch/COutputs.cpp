@@ -47,6 +47,14 @@ std::vector<std::string> COutputs::Faults() const {
     return faults;
 }
 
+void COutputs::WriteEarly(const SPackOutcome& outcome) {
+    for (SOutput& output : m_Outputs) {
+        if (output.m_Request.m_pFormat->m_bOfRecord && output.m_File.IsReplaced()) {
+            (void)output.m_File.Write(output.m_Request.m_pFormat->m_pWrite(outcome));
+        }
+    }
+}
+
 std::vector<std::string> COutputs::Write(const SPackOutcome& outcome) {
     std::vector<std::string> faults;
     for (SOutput& output : m_Outputs) {

@@ -23,6 +23,11 @@ public:
     /// Why a file cannot be written, as far as that shows beforehand; one line for each.
     [[nodiscard]] std::vector<std::string> Faults() const;
 
+    /// Writes what is made from the record alone and can be written over and over: so it is there even where
+    /// the search never comes to its end. What cannot be written is told by Write.
+    /// @param outcome may be without a picture and a table.
+    void WriteEarly(const SPackOutcome& outcome);
+
     /// Writes all that can be written. Once.
     /// @return what could not, and why.
     [[nodiscard]] std::vector<std::string> Write(const SPackOutcome& outcome);

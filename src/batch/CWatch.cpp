@@ -1,6 +1,5 @@
 #include "batch/CWatch.h"
 
-#include <chrono>
 #include <filesystem>
 #include <utility>
 
@@ -12,8 +11,6 @@ namespace nestrix {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr std::chrono::seconds BETWEEN_PICTURES{1};
 
 std::string WriteFile(const std::string& path, const std::string& content) {
     CWholeFile file(path);
@@ -42,10 +39,6 @@ CWatch::CWatch(const std::string& path) {
     m_Fault = m_Fault.empty() ? FaultOf(m_Page) : m_Fault;
 }
 
-CWatch::~CWatch() {
-    (void)Finish();
-}
-
 std::string CWatch::FindReplaced(std::span<const std::string> files) const {
     for (const std::string& watched : {m_Picture, m_Page}) {
         for (const std::string& file : files) {
@@ -60,44 +53,19 @@ std::string CWatch::FindReplaced(std::span<const std::string> files) const {
 void CWatch::Begin() {
     if (IsWanted()) {
         m_Fault = WriteFile(m_Page, WatchPage(fs::path(m_Picture).filename()));
-        m_Thread = std::thread([this] { Run(); });
+        m_Updater.emplace();
     }
 }
 
 void CWatch::Offer(std::function<std::string()> draw) {
-    if (IsWanted()) {
-        const std::lock_guard lock(m_Mutex);
-        m_Draw = std::move(draw);
-        m_Wake.notify_one();
+    if (m_Updater) {
+        m_Updater->Offer([this, draw = std::move(draw)] { Write(draw); });
     }
 }
 
 std::string CWatch::Finish() {
-    if (m_Thread.joinable()) {
-        {
-            const std::lock_guard lock(m_Mutex);
-            m_bOver = true;
-            m_Wake.notify_one();
-        }
-        m_Thread.join();
-    }
+    m_Updater.reset();
     return m_Fault;
-}
-
-void CWatch::Run() {
-    std::unique_lock lock(m_Mutex);
-    while (true) {
-        m_Wake.wait(lock, [this] { return m_bOver || m_Draw; });
-        if (const std::function<std::string()> draw = std::exchange(m_Draw, nullptr)) {
-            lock.unlock();
-            Write(draw);
-            lock.lock();
-        }
-        if (m_bOver && !m_Draw) {
-            return;
-        }
-        m_Wake.wait_for(lock, BETWEEN_PICTURES, [this] { return m_bOver; });
-    }
 }
 
 void CWatch::Write(const std::function<std::string()>& draw) {

@@ -4,6 +4,7 @@
 
 #include "batch/CFreeProgress.h"
 #include "batch/CProgressLine.h"
+#include "batch/CUpdater.h"
 #include "batch/Complaints.h"
 #include "batch/ExitStatus.h"
 #include "batch/Findings.h"
@@ -38,6 +39,16 @@ SPackResult Search(const SPackTask& task, const std::vector<SPiece>& pieces, CFr
     return task.m_Packer.m_Search(pieces, strip, settings, progress);
 }
 
+SCutPlan PlanOf(const SPackTask& task, const std::vector<SPiece>& pieces, const SFreePacking& packing) {
+    return {pieces, task.m_Set.m_Drawn, packing, task.m_Set.m_Unit};
+}
+
+void WriteEarly(const SPackTask& task, const std::vector<SPiece>& pieces, const SFreePacking& packing,
+                const SPackProgress& progress) {
+    task.m_Outputs.WriteEarly(
+        {PlanOf(task, pieces, packing), {}, {}, RecordSoFar(task, pieces, packing, progress)});
+}
+
 /// The command that repeats the search to the last digit, however long it took; empty if none does.
 std::string CommandFor(const SPackTask& task, const SPackResult& result) {
     if (task.m_Packer.m_nRanks) {
@@ -52,10 +63,18 @@ std::string CommandFor(const SPackTask& task, const SPackResult& result) {
 
 int RunFree(const SPackTask& task) {
     const std::vector<SPiece> pieces = WithDemands(task.m_Set.m_Pieces, task.m_Options.m_Free);
-    CFreeProgress progress(task.m_Stop, [&](const SFreePacking& packing) {
+    std::optional<CUpdater> early;
+    if (task.m_Packer.m_nRanks) {
+        early.emplace();  // who started them may end all by force before the result is written
+    }
+    CFreeProgress progress(task.m_Stop, [&](const SFreePacking& packing, const SPackProgress& at) {
         task.m_Watch.Offer([&pieces, packing] { return DrawFreePackingSvg(pieces, packing); });
+        if (early) {
+            early->Offer([&task, &pieces, packing, at] { WriteEarly(task, pieces, packing, at); });
+        }
     });
     const SPackResult result = Search(task, pieces, progress);
+    early.reset();
     const std::string watchFault = task.m_Watch.Finish();
     for (const SFinding& finding : FindingsOf(result.m_Unfit, task.m_Set.m_Drawn)) {
         Complain(finding);
@@ -65,7 +84,7 @@ int RunFree(const SPackTask& task) {
     }
     const SSearchers searchers{task.m_nSeed, ThreadsOf(task.m_Options.m_Free), task.m_Packer.m_nRanks};
     std::fputs(ReportOf(pieces, searchers, result, CommandFor(task, result)).c_str(), stdout);
-    const SCutPlan plan{pieces, task.m_Set.m_Drawn, *result.m_Packing, task.m_Set.m_Unit};
+    const SCutPlan plan = PlanOf(task, pieces, *result.m_Packing);
     const SPackOutcome outcome{plan, WriteSvgPlan(plan), WriteCsv(progress.Improvements()),
                                RecordOf(task, pieces, result)};
     std::vector<std::string> faults = task.m_Outputs.Write(outcome);

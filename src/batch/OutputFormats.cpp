@@ -27,7 +27,7 @@ std::string WriteTable(const SPackOutcome& outcome) {
 }
 
 constexpr std::array<SOutputFormat, 4> FORMATS{{
-    {"--json", "the packing with all that certifies and repeats it", WriteRecord},
+    {"--json", "the packing with all that certifies and repeats it", WriteRecord, true},
     {"--svg", "the packing, to look at or to cut", WritePicture},
     {"--dxf", "the packing for a cutter", WriteDxf},
     {"--csv", nullptr, WriteTable},

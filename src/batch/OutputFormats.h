@@ -26,6 +26,7 @@ struct SOutputFormat {
     char const* m_pOption;
     char const* m_pHelp;  ///< null for the table: commands have different ones
     std::string (*m_pWrite)(const SPackOutcome& outcome);  ///< the whole content
+    bool m_bOfRecord = false;                              ///< made from the record alone
 };
 
 /// A file that a result is to be written to.

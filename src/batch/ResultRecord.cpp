@@ -45,6 +45,17 @@ SPackingRecord RecordOf(const SPackTask& task, const std::vector<SPiece>& pieces
     return record;
 }
 
+SPackingRecord RecordSoFar(const SPackTask& task, const std::vector<SPiece>& pieces,
+                           const SFreePacking& packing, const SPackProgress& progress) {
+    SPackResult result;
+    result.m_Packing = packing;
+    result.m_nSteps = progress.m_nSteps;
+    result.m_Seconds = progress.m_Seconds;
+    SPackingRecord record = RecordOf(task, pieces, result);
+    record.m_eEnd.reset();
+    return record;
+}
+
 SPackingRecord RecordOf(const SPackTask& task, const SDroppedResult& result) {
     SPackingRecord record = Begun(task, result.m_Seconds);
     record.m_nSteps = static_cast<uint64_t>(result.m_nGenerations);

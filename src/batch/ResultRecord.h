@@ -12,6 +12,10 @@ namespace nestrix {
 [[nodiscard]] SPackingRecord RecordOf(const SPackTask& task, const std::vector<SPiece>& pieces,
                                       const SPackResult& result);
 
+/// The same of a search that goes on: what ended it is not known.
+[[nodiscard]] SPackingRecord RecordSoFar(const SPackTask& task, const std::vector<SPiece>& pieces,
+                                         const SFreePacking& packing, const SPackProgress& progress);
+
 /// The same for a dropped search.
 struct SDroppedResult {
     const std::vector<CPolygon>& m_Polygons;  ///< one for every copy

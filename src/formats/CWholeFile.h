@@ -28,14 +28,17 @@ public:
     /// waits for a long search first. Empty when nothing speaks against it.
     [[nodiscard]] const std::string& Fault() const { return m_Fault; }
 
+    /// Whether the file is replaced, so that it can be written over and over.
+    [[nodiscard]] bool IsReplaced() const { return !m_Target.empty(); }
+
     /// Whether `path` names the file that would be replaced.
     [[nodiscard]] bool WouldReplace(const std::string& path) const;
 
     /// Whether both would replace the same file, be it there already or not.
     [[nodiscard]] bool IsSameAs(const CWholeFile& other) const;
 
-    /// A file that is replaced can be written over and over. Meanwhile the calling thread holds up the
-    /// signals that end programs, so that they leave nothing beside the file.
+    /// Once, unless the file is replaced. Meanwhile the calling thread holds up the signals that end
+    /// programs, so that they leave nothing beside the file.
     /// @return why it failed; empty on success.
     [[nodiscard]] std::string Write(std::string_view content);
 
