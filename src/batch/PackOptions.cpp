@@ -17,6 +17,8 @@ namespace {
 
 char const* const FREE_GROUP = "With --method free";
 char const* const DROP_GROUP = "With --method drop";
+char const* const RANKS_GROUP = "The strip and the search";
+char const* const HIDDEN_GROUP = "";  // as the library has it
 
 std::optional<EPackMethod> ReadMethod(std::string_view text) {
     if (text == "free") {
@@ -30,6 +32,21 @@ constexpr SValueKind<EPackMethod> METHOD{ReadMethod, "one of the methods: free, 
 /// What says when a search ends, how it begins and who watches: all that is different when it is repeated.
 constexpr std::array<std::string_view, 8> ENDS{"--time",     "--steps", "--target-height", "--target-density",
                                                "--patience", "--seed",  "--threads",       "--watch"};
+
+/// Options of one method only, or what ranks have in their place.
+void AddMethodOptions(CLI::App& app, SPackOptions& options, bool bRanks) {
+    if (!bRanks) {
+        AddFreeOptions(app, options.m_Free, FREE_GROUP);
+        AddDropOptions(app, options.m_Drop, DROP_GROUP);
+        return;
+    }
+    AddFreeOptions(app, options.m_Free, RANKS_GROUP);
+    app.get_option("--method")->group(HIDDEN_GROUP);  // there is no choice; who makes one is told so
+    app.get_option("--json")->description(
+        "the packing with all that certifies it; kept\nup to date while the search goes on");
+    app.get_option("--steps")->description("how many steps to search, those of all ranks together");
+    app.get_option("--threads")->description("how many threads search in each rank (1)");
+}
 
 void Describe(CLI::App& app, SPackOptions& options, const SPackHelp& help) {
     LayHelpOut(app, help.m_pFooter);
@@ -49,8 +66,7 @@ void Describe(CLI::App& app, SPackOptions& options, const SPackHelp& help) {
         app, "--watch", options.m_Watch,
         "keeps a picture up to date, FILE.svg or one in a\nfolder, and beside it a page that shows it live")
         ->group(RESULT_GROUP);
-    AddFreeOptions(app, options.m_Free, FREE_GROUP);
-    AddDropOptions(app, options.m_Drop, DROP_GROUP);
+    AddMethodOptions(app, options, help.m_bRanks);
 }
 
 /// Refuses options of the method that was not chosen: they would do nothing.

@@ -22,6 +22,7 @@ struct SPackHelp {
     char const* m_pFooter =
         "Ctrl-C, SIGTERM and SIGHUP end the search at once, and the best packing so far is the result; a "
         "second\none ends the program. Lengths are millimetres as soon as one input has a unit.";
+    bool m_bRanks = false;  ///< several processes search together
 };
 
 /// What the user asked for.

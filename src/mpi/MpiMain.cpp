@@ -18,10 +18,10 @@ namespace {
 
 constexpr SPackHelp HELP{
     "mpirun nestrix-mpi", "Packs pieces into a strip, as low as it can, with all processes that MPI starts.",
-    "Each rank searches on its own, with so many threads as --threads says (1), and now and then they tell\n"
-    "each other their best packings. Files are read and written by the first rank only. SIGTERM ends all, "
-    "and\n"
-    "the best packing so far is the result."};
+    "Each rank searches on its own, and now and then they tell each other their best packings, so that no\n"
+    "command repeats a search. Files are read and written by the first rank only. SIGTERM ends all, and the\n"
+    "best packing so far is the result. Lengths are millimetres as soon as one input has a unit.",
+    true};
 
 /// Only asks for an end.
 class CFollowerSink final : public CPackSink {
