@@ -25,6 +25,9 @@ public:
     /// A file that was read elsewhere.
     void Take(const std::string& path, SInputFile file);
 
+    /// What a file asks for that gives no pieces: it goes before what is read later.
+    void TakeStrip(const std::string& path, const SStripDemand& demand) { NoteStrip(path, demand); }
+
     /// The set. Once.
     [[nodiscard]] SInputSet Finish();
 

@@ -19,12 +19,30 @@ namespace nestrix {
 
 namespace {
 
+/// Pieces as nothing may lie in them.
+std::vector<SPiece> Closed(std::vector<SPiece> pieces) {
+    for (SPiece& piece : pieces) {
+        piece.m_Shape.m_Holes.clear();
+    }
+    return pieces;
+}
+
+SFreePacking StartOf(const SPackTask& task, const std::vector<SPiece>& pieces, const SFreeStrip& strip) {
+    const SFreePacking& packing = task.m_pFrom->m_Packing;
+    SFreePacking start = StartFrom(task.m_pFrom->m_Pieces, packing, pieces, strip);
+    const bool bKeepHolesEmpty = task.m_Options.m_Free.m_bKeepHolesEmpty;
+    for (const std::string& loss : FindLosses(packing, bKeepHolesEmpty ? Closed(pieces) : pieces, start)) {
+        Complain({task.m_Options.m_FromFile, 0, SFinding::ESeverity::ODD, loss});
+    }
+    return start;
+}
+
 SPackResult Search(const SPackTask& task, const std::vector<SPiece>& pieces, CFreeProgress& progress) {
     const SFreeOptions& options = task.m_Options.m_Free;
     const SFreeStrip strip = StripOf(options, task.m_Set.m_Strip);
     std::optional<SFreePacking> start;
     if (task.m_pFrom != nullptr) {
-        start = StartFrom(task.m_pFrom->m_Pieces, task.m_pFrom->m_Packing, pieces, strip);
+        start = StartOf(task, pieces, strip);
     }
     SPackSettings settings;
     settings.m_nSeed = task.m_nSeed;

@@ -13,6 +13,7 @@
 #include "batch/InstanceInput.h"
 #include "batch/PolygonInput.h"
 #include "batch/SPackTask.h"
+#include "batch/StartPacking.h"
 #include "packing/SStrip.h"
 
 namespace nestrix {
@@ -63,18 +64,25 @@ std::optional<SPackingRecord> ReadEarlier(const std::string& path) {
     return std::move(reading.m_Value);
 }
 
-/// The pieces of the job, then those of the command line; without either, those of the earlier packing.
+/// The pieces of the job, then those of the command line; without either, those of the earlier packing, which
+/// in any case says of the strip and the turns what nothing else says.
 SInputSet ReadPieces(const SPackOptions& options, const std::optional<SPackingRecord>& earlier) {
     CInputReader reader(options.m_Inputs.m_Reading);
+    const SFreeRecord* const pFrom = earlier ? &std::get<SFreeRecord>(earlier->m_Packing) : nullptr;
+    const bool bNamed = options.m_Job || !options.m_Inputs.m_Inputs.empty();
+    if (pFrom != nullptr) {
+        SInputFile file = PiecesOf(*earlier, *pFrom, options.m_FromFile);
+        bNamed ? reader.TakeStrip(options.m_FromFile, file.m_Strip)
+               : reader.Take(options.m_FromFile, std::move(file));
+    }
     if (options.m_Job) {
         reader.ReadJob(*options.m_Job);
     }
     reader.ReadWords(options.m_Inputs.m_Inputs);
-    if (earlier && !options.m_Job && options.m_Inputs.m_Inputs.empty()) {
-        reader.Take(options.m_FromFile,
-                    PiecesOf(*earlier, std::get<SFreeRecord>(earlier->m_Packing), options.m_FromFile));
-    }
     SInputSet set = reader.Finish();
+    if (pFrom != nullptr && !options.m_Job) {
+        set.m_Pieces = WithTurnsOf(pFrom->m_Pieces, std::move(set.m_Pieces));
+    }
     for (const std::string& file : {options.m_JobFile, options.m_FromFile}) {
         set.m_Files.insert(set.m_Files.end(), file.empty() ? 0 : 1, file);
     }

@@ -52,7 +52,8 @@ void Describe(CLI::App& app, SPackOptions& options, const SPackHelp& help) {
     LayHelpOut(app, help.m_pFooter);
     AddInputOptions(app, options.m_Inputs);
     AddFile(app, "--job", options.m_JobFile, "a job written down; these options win over it");
-    AddFile(app, "--from", options.m_FromFile, "a packing to search on from; its pieces, without INPUT");
+    AddFile(app, "--from", options.m_FromFile,
+            "a packing to go on from: its strip, turns, pieces by default");
     AddOption(app, "--method", options.m_eMethod, METHOD,
               "free (the default): pieces anywhere, without overlap;\n"
               "drop: the window's search, 400 units wide, whose\npieces fall from above")

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <optional>
 #include <span>
+#include <string>
+#include <vector>
 
 #include "packing/SFreePacking.h"
 
@@ -12,5 +13,15 @@ namespace nestrix {
 /// @param pieces that are to be packed now.
 [[nodiscard]] SFreePacking StartFrom(std::span<const SPiece> earlier, const SFreePacking& packing,
                                      std::span<const SPiece> pieces, const SFreeStrip& strip);
+
+/// What keeps a search from beginning with all of an earlier packing as it was, in words for a user.
+/// @param pieces that are to be packed now, without the holes that are to be kept empty.
+/// @param start what StartFrom made of it.
+[[nodiscard]] std::vector<std::string> FindLosses(const SFreePacking& packing, std::span<const SPiece> pieces,
+                                                  const SFreePacking& start);
+
+/// The turns of the earlier pieces, and whether they may be mirrored, for those with the same name and the
+/// same shape of which nothing else is said.
+[[nodiscard]] std::vector<SPiece> WithTurnsOf(std::span<const SPiece> earlier, std::vector<SPiece> pieces);
 
 }  // namespace nestrix

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "tests/batch/BatchProgram.h"
 #include "tests/support/CTemporaryFolder.h"
 #include "tests/support/TextFiles.h"
@@ -203,6 +205,25 @@ TEST(Best, IsCutWithItsCurvesOnceTheDrawingsAreNamedAgain) {
     EXPECT_EQ(RunBatchProgram("best 1.json --json best.json", run).m_nStatus, 0);
     EXPECT_EQ(RunBatchProgram(pack + "--steps 0 --from best.json --dxf 2.dxf", run).m_nStatus, 0);
     EXPECT_EQ(ReadFile(folder.PathOf("2.dxf")), ReadFile(folder.PathOf("1.dxf")));
+}
+
+TEST(Best, IsCutAsItIsWithoutTheOptionsThatItWasFoundWith) {
+    const CTemporaryFolder folder;
+    const std::string run = "cd " + folder.Path().native();
+    std::filesystem::create_directory(folder.PathOf("drawings"));
+    const std::string hook = folder.Write(
+        "drawings/hook.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="40mm" height="40mm"
+        viewBox="0 0 40 40"><path d="M0,0 h30 v8 h-20 a10,10 0 0 0 -10,10 z"/></svg>)");
+    std::filesystem::copy_file(hook, folder.PathOf("drawings/two.svg"));
+    const std::string options =
+        "--width 34 --spacing 1 --margin 1.5 --turns 30,210 --mirror --seed 1 --steps 300 ";
+    EXPECT_EQ(
+        RunBatchProgram("pack drawings/ " + options + "--quiet --json 1.json --dxf 1.dxf", run).m_nStatus, 0);
+    EXPECT_EQ(RunBatchProgram("best 1.json --json best.json", run).m_nStatus, 0);
+    const SBatchResult cut = RunBatchProgram("pack drawings/ --from best.json --steps 0 --dxf cut.dxf", run);
+    EXPECT_EQ(cut.m_nStatus, 0);
+    EXPECT_THAT(cut.m_Errors, Not(HasSubstr("warning")));
+    EXPECT_EQ(ReadFile(folder.PathOf("cut.dxf")), ReadFile(folder.PathOf("1.dxf")));
 }
 
 TEST(Best, IsSearchedOnFrom) {

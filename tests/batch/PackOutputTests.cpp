@@ -176,6 +176,52 @@ TEST(EarlierPacking, MayBeOfOtherPiecesInAnotherStrip) {
     EXPECT_EQ(other.ValueOf("Pieces: "), "25");
 }
 
+TEST(EarlierPacking, SaysWhatTheStripIsWhereNothingElseDoes) {
+    const CTemporaryFolder folder;
+    const std::string first = folder.PathOf("first.json");
+    const std::string concave = NESTRIX_SAMPLES "/concave";
+    ASSERT_EQ(
+        RunBatchProgram("pack " + concave + " --width 600 --spacing 2 --margin 3 --steps 9 --json " + first)
+            .m_nStatus,
+        0);
+    const auto stripWith = [&](const std::string& words) {
+        const std::string next = folder.PathOf("next.json");
+        EXPECT_EQ(
+            RunBatchProgram("pack " + words + " --steps 0 --from " + first + " --json " + next).m_nStatus, 0);
+        const std::string json = ReadFile(next);
+        const size_t nBegin = json.find("\"strip\"");
+        return json.substr(nBegin, json.find('\n', nBegin) - nBegin);
+    };
+    EXPECT_THAT(stripWith(concave), HasSubstr(R"("width": 600, "spacing": 2, "margin": 3)"));
+    EXPECT_THAT(stripWith(concave + " --width 700 --spacing 0"),
+                HasSubstr(R"("width": 700, "spacing": 0, "margin": 3)"));
+    const std::string job =
+        folder.Write("job.json", R"({"strip": {"margin": 4}, "pieces": [{"file": ")" + concave + R"("}]})");
+    EXPECT_THAT(stripWith("--job " + job), HasSubstr(R"("width": 600, "spacing": 2, "margin": 4)"));
+}
+
+TEST(EarlierPacking, OfWhichSomethingCannotBeKeptIsToldSo) {
+    const CTemporaryFolder folder;
+    const std::string one = folder.Write("one.json", R"({"strip": {"width": 30}, "pieces": [
+        {"name": "bar", "quantity": 2, "turns": [90], "outline": [[0,0],[20,0],[20,5],[0,5]],
+         "holes": [[[1,1],[4,1],[4,4],[1,4]]]}], "placements": [
+        {"piece": 0, "x": 5, "y": 0, "turn": 90}, {"piece": 0, "x": 11, "y": 0, "turn": 90}]})");
+    const auto warnings = [&](const std::string& words) {
+        const SBatchResult result = RunBatchProgram("pack --quiet --steps 0 --from " + one + " " + words);
+        EXPECT_EQ(result.m_nStatus, 0);
+        return result.m_Errors;
+    };
+    EXPECT_EQ(warnings(""), "");
+    EXPECT_EQ(warnings("--keep-holes-empty"), "");
+    EXPECT_THAT(warnings("--turns 0"),
+                HasSubstr("turned or mirrored as its piece does not allow (bar), and 1 more"));
+    EXPECT_THAT(warnings("--spacing 2"), HasSubstr("nearer than the spacing by 1 (bar, bar)\n"));
+    EXPECT_THAT(warnings("--margin 1"), HasSubstr("out of the strip or into its margin (bar)"));
+    const std::string other = warnings(NESTRIX_SAMPLES "/concave --width 400");
+    EXPECT_THAT(other, HasSubstr("warning: " + one + ": 2 pieces of it left out"));
+    EXPECT_THAT(other, HasSubstr("warning: " + one + ": 20 pieces to be packed not in it"));
+}
+
 TEST(EarlierPacking, ThatIsNoneIsRefused) {
     const CTemporaryFolder folder;
     EXPECT_EQ(RunBatchProgram("pack --from /no/such.json").m_nStatus, 2);
