@@ -6,7 +6,7 @@ install(TARGETS nestrix RUNTIME DESTINATION ${nestrix_program_folder} COMPONENT 
 install(FILES ${PROJECT_SOURCE_DIR}/src/app/Nestrix_wdr.xrc
     DESTINATION ${nestrix_data_folder} COMPONENT window)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples DESTINATION ${nestrix_data_folder} COMPONENT window
-    FILES_MATCHING PATTERN "*.pol")
+    FILES_MATCHING PATTERN "*.pol" PATTERN drawings EXCLUDE)
 
 # The font stays where the system has it. Below one prefix with it, the link leads there from any root.
 install(CODE "
