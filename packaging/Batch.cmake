@@ -13,8 +13,13 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/nestrix-batch.1.gz
 install(FILES nestrix-batch.bash RENAME nestrix-batch
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT batch)
 
+# The manuals, and all that they link to.
 file(GLOB nestrix_manuals CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/docs/manual.md ${PROJECT_SOURCE_DIR}/docs/formats.md
-    ${PROJECT_SOURCE_DIR}/docs/*.schema.json)
-install(FILES ${nestrix_manuals} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/nestrix-batch COMPONENT batch)
+    ${PROJECT_SOURCE_DIR}/docs/many-machines.md ${PROJECT_SOURCE_DIR}/docs/packing-freely.md
+    ${PROJECT_SOURCE_DIR}/docs/*.schema.json ${PROJECT_SOURCE_DIR}/docs/pack-seeds.sbatch)
+set(nestrix_manuals_folder ${CMAKE_INSTALL_DATADIR}/doc/nestrix-batch)
+install(FILES ${nestrix_manuals} DESTINATION ${nestrix_manuals_folder} COMPONENT batch)
+install(FILES ${PROJECT_SOURCE_DIR}/docs/images/free-packing.svg
+    DESTINATION ${nestrix_manuals_folder}/images COMPONENT batch)
 nestrix_papers(nestrix-batch batch)
