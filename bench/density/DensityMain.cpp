@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cinttypes>
 #include <cstdio>
 #include <map>
 #include <stdexcept>
@@ -23,6 +24,8 @@ const std::map<std::string, double> PUBLISHED{{"albano", 89.5}, {"blaz1", 84.7},
 struct SMeasuring {
     std::vector<std::string> m_Sets;
     double m_Seconds = 60.0;
+    uint64_t m_nSteps = 0;  ///< if not 0, instead of seconds
+    int m_nFirstSeed = 1;
     int m_nSeeds = 5;
     int m_nThreads = 1;
     bool m_bAnyTurn = false;
@@ -71,7 +74,11 @@ SRun Measure(const SInstance& instance, const SMeasuring& measuring, int nSeed) 
     SPackSettings settings;
     settings.m_nSeed = static_cast<uint64_t>(nSeed);
     settings.m_nThreads = measuring.m_nThreads;
-    settings.m_Limits.m_Seconds = measuring.m_Seconds;
+    if (measuring.m_nSteps > 0) {
+        settings.m_Limits.m_nSteps = measuring.m_nSteps;
+    } else {
+        settings.m_Limits.m_Seconds = measuring.m_Seconds;
+    }
     CGains gains;
     const SPackResult result = PackFreely(instance.m_Pieces, instance.m_Strip, settings, gains);
     return gains.Sum(result);
@@ -84,8 +91,13 @@ double MedianOf(std::vector<SRun> runs, double SRun::*pNumber) {
 }
 
 void PrintHead(const SMeasuring& measuring) {
-    std::printf("%.3g s, threads: %d, seeds: 1 to %d\n\n", measuring.m_Seconds, measuring.m_nThreads,
-                measuring.m_nSeeds);
+    if (measuring.m_nSteps > 0) {
+        std::printf("%" PRIu64 " steps", measuring.m_nSteps);
+    } else {
+        std::printf("%.3g s", measuring.m_Seconds);
+    }
+    std::printf(", threads: %d, seeds: %d to %d\n\n", measuring.m_nThreads, measuring.m_nFirstSeed,
+                measuring.m_nFirstSeed + measuring.m_nSeeds - 1);
     std::printf(
         "| set | least %% | median %% | greatest %% | published %% | difference | first s | 95 %% after s | "
         "steps/s |\n|---|---:|---:|---:|---:|---:|---:|---:|---:|\n");
@@ -117,8 +129,8 @@ void MeasureAll(const SMeasuring& measuring) {
             piece.m_Turns.m_bAny = piece.m_Turns.m_bAny || measuring.m_bAnyTurn;
         }
         std::vector<SRun> runs;
-        for (int nSeed = 1; nSeed <= measuring.m_nSeeds; ++nSeed) {
-            runs.push_back(Measure(instance, measuring, nSeed));
+        for (int i = 0; i < measuring.m_nSeeds; ++i) {
+            runs.push_back(Measure(instance, measuring, measuring.m_nFirstSeed + i));
         }
         PrintRow(instance.m_Name, runs);
         if (const auto published = PUBLISHED.find(instance.m_Name); published != PUBLISHED.end()) {
@@ -141,7 +153,11 @@ int main(int argc, char** argv) {
                    "letters-PIECES-SEED, blobs-PIECES-SEED, copies-PIECES-KINDS-VERTICES-SEED")
         ->required();
     app.add_option("--seconds", measuring.m_Seconds, "of each search")->capture_default_str();
-    app.add_option("--seeds", measuring.m_nSeeds, "how many seeds, from 1 on")->capture_default_str();
+    app.add_option(
+        "--steps", measuring.m_nSteps,
+        "of each search, all threads together, instead of seconds: the same packings at any speed");
+    app.add_option("--first-seed", measuring.m_nFirstSeed, "of each set")->capture_default_str();
+    app.add_option("--seeds", measuring.m_nSeeds, "how many seeds")->capture_default_str();
     app.add_option("--threads", measuring.m_nThreads, "of each search")->capture_default_str();
     app.add_flag("--any", measuring.m_bAnyTurn, "every piece may be turned by any angle");
     CLI11_PARSE(app, argc, argv);
