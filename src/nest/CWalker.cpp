@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 #include <utility>
 
 namespace nestrix {
@@ -47,19 +46,13 @@ const std::array<CWalker::SManner, 2> CWalker::MANNERS{
 
 CWalker::CWalker(const CPackProblem& problem, CPackingFinder& finder, CStepCounter& steps, CRandom& random,
                  size_t nFirst)
-    : m_Problem(problem),
-      m_Finder(finder),
+    : m_Finder(finder),
       m_Steps(steps),
       m_Random(random),
-      m_LargeFirst(problem.Items().size()),
+      m_Disturber(problem, random),
       m_Rise(std::min(HIGHEST_RISE, HIGHEST_RISE_BY_ITEM / static_cast<double>(problem.Items().size()))),
       m_LearntRise(m_Rise),
-      m_nFirst(nFirst) {
-    std::iota(m_LargeFirst.begin(), m_LargeFirst.end(), size_t{0});
-    std::stable_sort(m_LargeFirst.begin(), m_LargeFirst.end(), [&](size_t a, size_t b) {
-        return problem.AreaOf(problem.Items()[a]) > problem.AreaOf(problem.Items()[b]);
-    });
-}
+      m_nFirst(nFirst) {}
 
 void CWalker::Walk(const SSolution& best, const std::function<bool(const SSolution&)>& take) {
     const size_t nManner = LeastUsedManner();
@@ -69,7 +62,8 @@ void CWalker::Walk(const SSolution& best, const std::function<bool(const SSoluti
     int nVain = 0;
     while (nVain < manner.m_nLongest && !m_Steps.IsOver()) {
         const double share = DrawStep();
-        const std::vector<SPlace> places = nVain == 0 ? present.m_Places : Disturbed(present.m_Places);
+        const std::vector<SPlace> places =
+            nVain == 0 ? present.m_Places : m_Disturber.Disturbed(present.m_Places);
         const std::optional<SSolution> found = m_Finder.Find(
             places, present.m_Height * (1.0 - share), manner.m_Effort, present.m_Height * (1.0 - LEAST_GAIN));
         nVain = found && take(*found) ? 0 : nVain + 1;
@@ -110,21 +104,6 @@ bool CWalker::GoesOnFrom(const SManner& manner, const SSolution& present, const 
             std::clamp(m_LearntRise * (bMoves ? LESS : MORE), LEAST_LEARNT * m_Rise, MOST_LEARNT * m_Rise);
     }
     return bGoesOn;
-}
-
-/// Exchanges two large items of different pieces.
-std::vector<SPlace> CWalker::Disturbed(std::vector<SPlace> places) {
-    constexpr int TRIES = 50;
-    const size_t nLarge = std::min(m_LargeFirst.size(), std::max<size_t>(2, m_LargeFirst.size() / 2));
-    for (int i = 0; i < TRIES; ++i) {
-        const size_t a = m_LargeFirst[m_Random.Index(nLarge)];
-        const size_t b = m_LargeFirst[m_Random.Index(nLarge)];
-        if (m_Problem.Items()[a] != m_Problem.Items()[b]) {
-            std::swap(places[a].m_At, places[b].m_At);
-            break;
-        }
-    }
-    return places;
 }
 
 }  // namespace nestrix

@@ -4,6 +4,7 @@
 #include <functional>
 #include <vector>
 
+#include "nest/CDisturber.h"
 #include "nest/CPackingFinder.h"
 #include "nest/CRandom.h"
 #include "nest/CStepCounter.h"
@@ -11,9 +12,9 @@
 
 namespace nestrix {
 
-/// Walks from packing to packing: exchanges two large items of different pieces, looks for a packing a little
-/// lower than the present one, and goes on from what it finds, unless that is much higher. A walk ends when
-/// nothing better than the best has been found for long.
+/// Walks from packing to packing: disturbs the present one, looks for a packing a little lower than it, and
+/// goes on from what it finds, unless that is much higher. A walk ends when nothing better than the best has
+/// been found for long.
 ///
 /// There are two manners of walking, since neither is good for all pieces: many hasty attempts; and a few
 /// patient ones, from packings that may be farther from the best. They take turns, each for as many steps as
@@ -36,15 +37,13 @@ private:
     [[nodiscard]] double DrawStep();
     [[nodiscard]] size_t LeastUsedManner() const;
     [[nodiscard]] bool GoesOnFrom(const SManner& manner, const SSolution& present, const SSolution& found);
-    [[nodiscard]] std::vector<SPlace> Disturbed(std::vector<SPlace> places);
 
-    const CPackProblem& m_Problem;
     CPackingFinder& m_Finder;
     CStepCounter& m_Steps;
     CRandom& m_Random;
-    std::vector<size_t> m_LargeFirst;  ///< the items by area
-    double m_Rise;                     ///< how much higher, as a share, a packing may be to go on from
-    double m_LearntRise;               ///< the same, learnt from how often that was so
+    CDisturber m_Disturber;
+    double m_Rise;        ///< how much higher, as a share, a packing may be to go on from
+    double m_LearntRise;  ///< the same, learnt from how often that was so
     size_t m_nFirst;
     std::array<uint64_t, 2> m_StepsOf{};  ///< taken in each manner
 };

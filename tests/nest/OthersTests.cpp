@@ -52,7 +52,8 @@ SFreePacking Found(uint64_t nSeed, uint64_t nSteps) {
 }  // namespace
 
 TEST(PackingOfOthers, IsTheBestOnceTheThreadsMeetWhereItIsBetter) {
-    const SFreePacking gift = Found(2, CExchange::STEPS);
+    const SFreePacking gift = Found(2, 4 * CExchange::STEPS);
+    ASSERT_LT(gift.m_nHeight, Found(1, CExchange::STEPS + 1).m_nHeight);
     CGivingSink sink(gift);
     (void)PackFreely(support::MixedSet(), STRIP, SettingsOf(1, CExchange::STEPS + 1), sink);
     EXPECT_EQ(sink.Last(), gift);
