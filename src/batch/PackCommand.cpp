@@ -72,8 +72,11 @@ SInputSet ReadPieces(const SPackOptions& options, const std::optional<SPackingRe
     const bool bNamed = options.m_Job || !options.m_Inputs.m_Inputs.empty();
     if (pFrom != nullptr) {
         SInputFile file = PiecesOf(*earlier, *pFrom, options.m_FromFile);
-        bNamed ? reader.TakeStrip(options.m_FromFile, file.m_Strip)
-               : reader.Take(options.m_FromFile, std::move(file));
+        if (bNamed) {
+            reader.TakeStrip(options.m_FromFile, file.m_Strip);
+        } else {
+            reader.Take(options.m_FromFile, std::move(file));
+        }
     }
     if (options.m_Job) {
         reader.ReadJob(*options.m_Job);
