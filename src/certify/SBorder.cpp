@@ -44,10 +44,17 @@ bool RunTogether(const SBorderEdge& a, const SBorderEdge& b) {
     return bLong && SideOf(a.m_From, a.m_To, b.m_From) == 0 && SideOf(a.m_From, a.m_To, b.m_To) == 0;
 }
 
+/// Whether a point lies on an edge between its ends.
+bool IsWithin(const SBorderEdge& edge, SGridPoint point) {
+    return point != edge.m_From && point != edge.m_To && Contains(BoxOf(edge), point) &&
+           SideOf(edge.m_From, edge.m_To, point) == 0;
+}
+
 using CCuts = std::vector<std::pair<int, SGridPoint>>;
 
 /// Where edges that run over others are to be cut so that the parts either coincide or do not. Edges that run
-/// over others in the same direction are cut as well: one of the two may have a counterpart.
+/// over others in the same direction are cut as well: one of the two may have a counterpart. And where the
+/// end of one lies on another: beside such a point, the inside need not be on all of one side.
 CCuts FindCuts(const std::vector<SBorderEdge>& edges) {
     CCuts cuts;
     CEdgeSweep sweep;
@@ -60,6 +67,17 @@ CCuts FindCuts(const std::vector<SBorderEdge>& edges) {
         const SBorderEdge& b = edges[static_cast<size_t>(j)];
         if (RunTogether(a, b)) {
             cuts.insert(cuts.end(), {{i, b.m_From}, {i, b.m_To}, {j, a.m_From}, {j, a.m_To}});
+            return false;
+        }
+        for (const SGridPoint end : {a.m_From, a.m_To}) {
+            if (IsWithin(b, end)) {
+                cuts.emplace_back(j, end);
+            }
+        }
+        for (const SGridPoint end : {b.m_From, b.m_To}) {
+            if (IsWithin(a, end)) {
+                cuts.emplace_back(i, end);
+            }
         }
         return false;
     });

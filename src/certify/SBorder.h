@@ -20,7 +20,8 @@ struct SBorderEdge {
 }
 
 /// Where the inside of a shape ends: its outline walked counter-clockwise and its holes clockwise, without
-/// edges of no length and without seams.
+/// edges of no length and without seams. No point at which it touches itself lies between the ends of an
+/// edge: beside such a point the inside is not on all of one side.
 ///
 /// A point's winding number is how often the border goes round it, counter-clockwise less clockwise. The
 /// inside of the shape is where it is positive; in a sound shape it is 0 or 1 everywhere.

@@ -110,6 +110,17 @@ TEST(Touching, PiecesWhoseSidesMeetInCornersOnlyAreRefusedWhenTheirInsidesOverla
                 ElementsAre(IsViolation(EKind::OVERLAP, 0, 1)));
 }
 
+TEST(Touching, PiecesMayLieInEachOthersPinches) {
+    // Two triangles each, which touch where one's tip is on the other's side: four tips at one point.
+    const std::vector<SPiece> pieces{PieceOf({{0, 0}, {12, 0}, {12, 9}, {9, 9}, {12, 3}}),
+                                     PieceOf({{3, 9}, {0, 0}, {12, 0}, {12, 9}, {9, 0}})};
+    EXPECT_THAT(ViolationsOf(pieces, PackingAt(WIDE, pieces, {{0, 0}, {3, 3}})), IsEmpty());
+    for (const int64_t nY : {2, 4}) {
+        EXPECT_THAT(ViolationsOf(pieces, PackingAt(WIDE, pieces, {{0, 0}, {3, nY}})),
+                    ElementsAre(IsViolation(EKind::OVERLAP, 0, 1)));
+    }
+}
+
 TEST(Touching, ACutFromTheOutlineToAHoleIsNoBorder) {
     const std::vector<SPiece> pieces{PieceOf({{0, 0},
                                               {30, 0},
