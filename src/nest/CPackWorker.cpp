@@ -1,7 +1,5 @@
 #include "nest/CPackWorker.h"
 
-#include "nest/CPuzzleSolver.h"
-
 namespace nestrix {
 
 namespace {
@@ -16,61 +14,82 @@ constexpr double LAST_SQUEEZE = 0.002;
 
 CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
                          std::span<const SFreePlacement> first, CIncumbent& incumbent, CExchange& exchange,
-                         CStepLimit& limit, size_t nWorker, uint64_t nSeed)
+                         CStepLimit& limit, size_t nWorker, uint64_t nSeed, bool bGoesOn)
     : m_Problem(problem),
-      m_Fields(fields),
       m_Incumbent(incumbent),
       m_Random(nSeed),
-      m_pBest(std::make_shared<SSolution>(SolutionOf(problem, first))),
-      m_pShown(m_pBest),
+      m_pFirst(std::make_shared<SSolution>(SolutionOf(problem, first))),
+      m_pPresent(m_pFirst),
+      m_pBest(m_pFirst),
+      m_pShown(m_pFirst),
       m_Steps(limit, nWorker, CExchange::STEPS,
               [this, &exchange, nWorker] { m_pShown = exchange.Meet(nWorker, m_pBest); }),
       m_Finder(problem, fields, m_pBest->m_Places, m_Random, m_Steps),
+      m_Solver(problem, fields, m_Finder, m_Steps, [this](const SSolution& packing) { (void)Take(packing); }),
       m_Walker(problem, m_Finder, m_Steps, m_Random, nWorker),
       m_nWorker(nWorker),
-      m_nWorkers(limit.Workers()) {}
+      m_nWorkers(limit.Workers()),
+      m_Rounds(problem.Items().size(), m_nWorkers, bGoesOn) {}
 
 void CPackWorker::Run() {
-    CPuzzleSolver solver(m_Problem, m_Fields, m_Finder, m_Steps,
-                         [this](const SSolution& packing) { (void)Take(packing); });
     if (m_nWorker == 0) {  // all workers would find the same
-        solver.Solve();
+        m_Solver.Solve();
     }
-    Squeeze();
+    m_pFirst = m_pBest;
     while (!m_Steps.IsOver()) {
-        Learn();
-        if (solver.IsPuzzleLikely() && 2 * solver.Steps() <= m_Steps.Steps()) {
-            solver.Lower(m_pBest->m_Height);
-            continue;
+        switch (m_Rounds.Next(m_Steps.Steps())) {
+            case CRounds::EStep::BEGIN_AFRESH:
+                m_pPresent = m_pFirst;
+                Squeeze();
+                break;
+            case CRounds::EStep::STAY:
+                break;
+            case CRounds::EStep::GO_ON:
+                Learn();
+                m_pPresent = m_pBest;
+                break;
         }
-        // What it takes is another object: the walk's own beginning stays.
-        const std::shared_ptr<const SSolution> pBest = m_pBest;
-        m_Walker.Walk(*pBest, [this](const SSolution& packing) { return Take(packing); });
+        Improve();
     }
+    Learn();
+}
+
+void CPackWorker::Improve() {
+    if (m_Solver.IsPuzzleLikely() && 2 * m_Solver.Steps() <= m_Steps.Steps()) {
+        m_Solver.Lower(m_pBest->m_Height);
+        return;
+    }
+    // What it takes is another object: the walk's own beginning stays.
+    const std::shared_ptr<const SSolution> pPresent = m_pPresent;
+    m_Walker.Walk(*pPresent, [this](const SSolution& packing) { return Take(packing); });
 }
 
 void CPackWorker::Squeeze() {
     for (double share = FIRST_SQUEEZE; share >= LAST_SQUEEZE && !m_Steps.IsOver();) {
-        const double height = m_pBest->m_Height;
-        const std::optional<SSolution> found =
-            m_Finder.Find(m_pBest->m_Places, height * (1.0 - share), BEGINNING, height * (1.0 - LEAST_GAIN));
+        const double height = m_pPresent->m_Height;
+        const std::optional<SSolution> found = m_Finder.Find(m_pPresent->m_Places, height * (1.0 - share),
+                                                             BEGINNING, height * (1.0 - LEAST_GAIN));
         if (!found || !Take(*found)) {
             share /= 2.0;
         }
     }
 }
 
-/// Keeps a packing if it is the best.
+/// Keeps a packing if it is the best of the present run.
 /// @return whether it is.
 bool CPackWorker::Take(const SSolution& found) {
-    if (found.m_Height >= m_pBest->m_Height) {
+    if (found.m_Height >= m_pPresent->m_Height) {
         return false;
+    }
+    if (found.m_Height >= m_pBest->m_Height) {
+        m_pPresent = std::make_shared<SSolution>(found);
+        return true;
     }
     const SFreePacking packing = PackingOf(m_Problem, found);
     if (!m_Incumbent.Offer(packing, m_Steps.Steps() * m_nWorkers)) {
         return false;
     }
-    m_pBest = std::make_shared<SSolution>(found);
+    m_pPresent = m_pBest = std::make_shared<SSolution>(found);
     if (m_Incumbent.IsLowEnough(packing)) {
         m_Steps.Finish();
     }

@@ -6,21 +6,25 @@
 #include "nest/CExchange.h"
 #include "nest/CIncumbent.h"
 #include "nest/CPackingFinder.h"
+#include "nest/CPuzzleSolver.h"
 #include "nest/CRandom.h"
+#include "nest/CRounds.h"
 #include "nest/CStepCounter.h"
 #include "nest/CWalker.h"
 #include "nest/Places.h"
 
 namespace nestrix {
 
-/// One thread of a search. The first of all tries to fit the pieces together like a puzzle. Then makes the
-/// strip lower in large steps, as long as that succeeds. Then walks from packing to packing.
+/// One thread of a search. The first of all tries to fit the pieces together like a puzzle. Then each makes
+/// the strip lower in large steps, as long as that succeeds, and then walks from packing to packing.
+/// It does so several times, and goes on from the best (see CRounds).
 class CPackWorker {
 public:
     /// @param first a valid packing: a placement for each item.
+    /// @param bGoesOn whether that is worth going on from: then nothing begins afresh.
     CPackWorker(const CPackProblem& problem, CFieldTable& fields, std::span<const SFreePlacement> first,
-                CIncumbent& incumbent, CExchange& exchange, CStepLimit& limit, size_t nWorker,
-                uint64_t nSeed);
+                CIncumbent& incumbent, CExchange& exchange, CStepLimit& limit, size_t nWorker, uint64_t nSeed,
+                bool bGoesOn);
 
     /// Returns when the steps are used up.
     void Run();
@@ -29,21 +33,25 @@ public:
     [[nodiscard]] SFreePacking Best() const { return PackingOf(m_Problem, *m_pBest); }
 
 private:
+    void Improve();
     void Squeeze();
     bool Take(const SSolution& found);
     void Learn();
 
     const CPackProblem& m_Problem;
-    CFieldTable& m_Fields;
     CIncumbent& m_Incumbent;
     CRandom m_Random;
-    std::shared_ptr<const SSolution> m_pBest;   ///< its own, or one learnt from others
-    std::shared_ptr<const SSolution> m_pShown;  ///< the best of all workers when they last met
+    std::shared_ptr<const SSolution> m_pFirst;    ///< where each run begins
+    std::shared_ptr<const SSolution> m_pPresent;  ///< the best of the present run
+    std::shared_ptr<const SSolution> m_pBest;     ///< its own, or one learnt from others
+    std::shared_ptr<const SSolution> m_pShown;    ///< the best of all workers when they last met
     CStepCounter m_Steps;
     CPackingFinder m_Finder;
+    CPuzzleSolver m_Solver;
     CWalker m_Walker;
     size_t m_nWorker;
     size_t m_nWorkers;
+    CRounds m_Rounds;
 };
 
 }  // namespace nestrix

@@ -27,6 +27,7 @@ public:
             m_pSharedFields = std::make_unique<CFieldTable>(problem);
         }
         m_nSeed = settings.m_nSeed;
+        m_bGoesOn = settings.m_pStart != nullptr;
     }
 
     /// @return the best packing of all workers.
@@ -62,7 +63,8 @@ private:
                 pOwnFields = std::make_unique<CFieldTable>(m_Problem);
             }
             CPackWorker worker(m_Problem, m_pSharedFields ? *m_pSharedFields : *pOwnFields, first,
-                               m_Incumbent, m_Exchange, m_Limit, nWorker, m_nSeed * m_nWorkers + nWorker);
+                               m_Incumbent, m_Exchange, m_Limit, nWorker, m_nSeed * m_nWorkers + nWorker,
+                               m_bGoesOn);
             worker.Run();
             m_Results[nWorker] = worker.Best();
         } catch (...) {  // memory that is not there: the others end, too, and the caller hears of it
@@ -89,6 +91,7 @@ private:
     CPackSink& m_Sink;
     size_t m_nWorkers;
     uint64_t m_nSeed = 0;
+    bool m_bGoesOn = false;
     std::unique_ptr<CFieldTable> m_pSharedFields;
     CExchange m_Exchange;
     CStepLimit m_Limit;

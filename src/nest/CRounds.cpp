@@ -1,0 +1,40 @@
+#include "nest/CRounds.h"
+
+namespace nestrix {
+
+namespace {
+
+// Both were measured over instances and seeds: docs/packing-freely.md.
+
+constexpr size_t RUNS = 4;                        ///< of all workers in a round
+constexpr uint64_t FIRST_STEPS_BY_ITEM = 20'000;  ///< of each run in the first round
+
+}  // namespace
+
+CRounds::CRounds(size_t nItems, size_t nWorkers, bool bGoesOn)
+    : m_nRunSteps(bGoesOn ? 0 : FIRST_STEPS_BY_ITEM * nItems),
+      m_nRuns(bGoesOn ? 1 : (RUNS + nWorkers - 1) / nWorkers),
+      m_bGoesOn(bGoesOn) {}
+
+CRounds::EStep CRounds::Next(uint64_t nSteps) {
+    if (m_nGoesOn > 0 && !m_bGoesOn && nSteps - m_nGoesOn >= m_nGoesOn - m_nBegin) {
+        m_nRunSteps *= 2;
+        m_nBegun = 0;
+        m_nBegin = nSteps;
+        m_nGoesOn = 0;
+    }
+    if (m_nGoesOn > 0) {
+        return EStep::GO_ON;
+    }
+    if (nSteps - m_nBegin < m_nBegun * m_nRunSteps) {
+        return EStep::STAY;
+    }
+    if (m_nBegun < m_nRuns) {
+        ++m_nBegun;
+        return EStep::BEGIN_AFRESH;
+    }
+    m_nGoesOn = nSteps;
+    return EStep::GO_ON;
+}
+
+}  // namespace nestrix
