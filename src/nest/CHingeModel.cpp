@@ -37,10 +37,13 @@ bool CHingeModel::Enter(const SHinge& hinge, SPoint from, double tolerance) {
     return true;
 }
 
-double CHingeModel::ValueAt(SPoint move) const {
+double CHingeModel::ValueAt(SPoint move, double limit) const {
     double value = 0.0;
     for (const SHinge& hinge : m_Hinges) {
         value += hinge.m_Weight * std::max(0.0, hinge.m_Depth - Dot(hinge.m_Out, move));
+        if (value > limit) {
+            break;
+        }
     }
     return value;
 }
@@ -65,7 +68,7 @@ SPoint CHingeModel::FindBest(SPoint move) const {
               std::abs(other.m_Y - crossing.m_Y) <= ROUNDING)) {
             return;
         }
-        const double value = ValueAt(other);
+        const double value = ValueAt(other, best);
         if (value < best * 0.99999 - 1e-3 || (value <= best && Dot(other, other) < Dot(move, move))) {
             best = value;
             move = other;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <vector>
 
@@ -29,7 +30,8 @@ public:
     /// @return whether that changed anything.
     bool Enter(const SHinge& hinge, SPoint from, double tolerance);
 
-    [[nodiscard]] double ValueAt(SPoint move) const;
+    /// @param limit where the value is more than this, some number from here on to the exact one is returned.
+    [[nodiscard]] double ValueAt(SPoint move, double limit = HUGE_VAL) const;
 
     /// The move with the least value, `move` itself if no other is better. Of equal ones the shortest.
     [[nodiscard]] SPoint FindBest(SPoint move) const;

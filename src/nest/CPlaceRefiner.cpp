@@ -8,9 +8,9 @@ namespace {
 
 // Shares of an item's size, the square root of its area.
 constexpr double FIRST_STEP_SHARE = 0.2;  ///< of the descent
-constexpr double LAST_STEP_SHARE = 0.002;
-constexpr double POLISH_SHARE = 0.3;    ///< how far the last polish may move
-constexpr double VICINITY_SHARE = 0.4;  ///< farther off, neighbours are gathered anew
+constexpr double LAST_STEP_SHARE = 0.03;  ///< the polish goes on from there
+constexpr double POLISH_SHARE = 0.3;      ///< how far that may move
+constexpr double VICINITY_SHARE = 0.4;    ///< farther off, neighbours are gathered anew
 
 constexpr int MOST_POLISHES = 8;
 

@@ -36,13 +36,14 @@ constexpr double SAME_HEIGHT = 1e-5;
 struct CWalker::SManner {
     SEffort m_Effort;            ///< of an attempt
     int m_nLongest = 0;          ///< so many attempts in a row without a better packing than the best
+    double m_Share = 0.0;        ///< of all steps
     bool m_bLearnsRise = false;  ///< from how often it goes on
 };
 
 // Some pieces find to lower packings sooner by many attempts, others by patience with each.
 const std::array<CWalker::SManner, 2> CWalker::MANNERS{
-    {{.m_Effort = {{20, 1}}, .m_nLongest = 100},
-     {.m_Effort = {{200, 2}}, .m_nLongest = 12, .m_bLearnsRise = true}}};
+    {{.m_Effort = {{20, 1}}, .m_nLongest = 100, .m_Share = 0.8},
+     {.m_Effort = {{200, 2}}, .m_nLongest = 12, .m_Share = 0.2, .m_bLearnsRise = true}}};
 
 CWalker::CWalker(const CPackProblem& problem, CPackingFinder& finder, CStepCounter& steps, CRandom& random,
                  size_t nFirst)
@@ -55,7 +56,7 @@ CWalker::CWalker(const CPackProblem& problem, CPackingFinder& finder, CStepCount
       m_nFirst(nFirst) {}
 
 void CWalker::Walk(const SSolution& best, const std::function<bool(const SSolution&)>& take) {
-    const size_t nManner = LeastUsedManner();
+    const size_t nManner = NextManner();
     const SManner& manner = MANNERS[nManner];
     const uint64_t nBefore = m_Steps.Steps();
     SSolution present = best;
@@ -81,11 +82,15 @@ double CWalker::DrawStep() {
     return SHORTEST_STEP + (longest - SHORTEST_STEP) * share * m_Random.Share();
 }
 
-size_t CWalker::LeastUsedManner() const {
+/// The manner that has taken least of its share.
+size_t CWalker::NextManner() const {
+    const auto taken = [this](size_t nManner) {
+        return static_cast<double>(m_StepsOf[nManner]) / MANNERS[nManner].m_Share;
+    };
     size_t nLeast = m_nFirst % MANNERS.size();
     for (size_t i = 1; i < MANNERS.size(); ++i) {
         const size_t nManner = (m_nFirst + i) % MANNERS.size();
-        if (m_StepsOf[nManner] < m_StepsOf[nLeast]) {
+        if (taken(nManner) < taken(nLeast)) {
             nLeast = nManner;
         }
     }

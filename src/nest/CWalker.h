@@ -16,9 +16,8 @@ namespace nestrix {
 /// goes on from what it finds, unless that is much higher. A walk ends when nothing better than the best has
 /// been found for long.
 ///
-/// There are two manners of walking, since neither is good for all pieces: many hasty attempts; and a few
-/// patient ones, from packings that may be farther from the best. They take turns, each for as many steps as
-/// the other.
+/// There are two manners of walking, since neither is good for all pieces: many hasty attempts, for most of
+/// the steps; and a few patient ones, from packings that may be farther from the best.
 class CWalker {
 public:
     /// @param nFirst the manner to begin with, from 0: workers begin with different ones.
@@ -35,7 +34,7 @@ private:
     static const std::array<SManner, 2> MANNERS;
 
     [[nodiscard]] double DrawStep();
-    [[nodiscard]] size_t LeastUsedManner() const;
+    [[nodiscard]] size_t NextManner() const;
     [[nodiscard]] bool GoesOnFrom(const SManner& manner, const SSolution& present, const SSolution& found);
 
     CPackingFinder& m_Finder;
