@@ -50,25 +50,19 @@ function(nestrix_library name)
     target_precompile_headers(${name} REUSE_FROM nestrix_standard_headers)
 endfunction()
 
-# What is compiled soon rather than well: the tests.
+# The same of what has templates that take long to be compiled well. Where the programs are not at their fastest
+# anyway, it is compiled soon.
 add_library(nestrix_soon_options INTERFACE)
-target_compile_options(nestrix_soon_options INTERFACE -O0)
+target_compile_options(nestrix_soon_options INTERFACE $<$<NOT:$<CONFIG:Release>>:-O0>)
 target_link_libraries(nestrix_soon_options INTERFACE nestrix_options)
 nestrix_common_headers(nestrix_soon_headers HEADERS ${NESTRIX_STANDARD_HEADERS} LIBRARIES nestrix_soon_options)
-
-# And a static library of what has templates that take long to be compiled well, where the programs are not at their
-# fastest anyway.
 function(nestrix_soon_library name)
-    if(CMAKE_BUILD_TYPE STREQUAL "Release")
-        nestrix_library(${name} ${ARGN})
-    else()
-        nestrix_window_library(${name} ${ARGN})
-        target_link_libraries(${name} PRIVATE nestrix_soon_options)
-        target_precompile_headers(${name} REUSE_FROM nestrix_soon_headers)
-    endif()
+    nestrix_window_library(${name} ${ARGN})
+    target_link_libraries(${name} PRIVATE nestrix_soon_options)
+    target_precompile_headers(${name} REUSE_FROM nestrix_soon_headers)
 endfunction()
 
-# A static library of what includes the toolkit, whose macros do not suit those headers.
+# The same of what includes the toolkit, whose macros do not suit those headers.
 function(nestrix_window_library name)
     add_library(${name} STATIC ${ARGN})
     target_link_libraries(${name} PRIVATE nestrix_options)
