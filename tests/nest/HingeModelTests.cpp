@@ -44,13 +44,13 @@ TEST(HingeModel, YieldsToTheHeavierOfTwoOppositeHinges) {
     EXPECT_EQ(model.FindBest({}), (SPoint{-5, 0}));
 }
 
-TEST(HingeModel, TellsAValueAboveTheLimitNoLowerThanThat) {
+TEST(HingeModel, TellsOfAValueAboveTheLimitSomethingAboveIt) {
     CHingeModel model(ROOM);
     for (uint32_t nOther = 0; nOther < 4; ++nOther) {
         (void)model.Enter({nOther, 5.0, {1.0, 0.0}, 1.0}, {}, 0.1);
     }
     EXPECT_EQ(model.ValueAt({}, 20.0), 20.0) << "not above it";
-    for (const double limit : {0.0, 7.0, 19.0}) {
+    for (const double limit : {0.0, 5.0, 7.0, 19.0}) {
         EXPECT_GT(model.ValueAt({}, limit), limit);
         EXPECT_LE(model.ValueAt({}, limit), 20.0);
     }
