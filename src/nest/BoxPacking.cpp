@@ -69,7 +69,7 @@ std::vector<SFreePlacement> PackBoxes(const CPackProblem& problem, const std::ve
     const SGridStrip& strip = problem.Strip();
     const auto heightOf = [&problem](size_t nItem) {
         int64_t nHeight = std::numeric_limits<int64_t>::max();
-        for (const size_t nVersion : problem.VersionsOf(problem.Items()[nItem])) {
+        for (const size_t nVersion : problem.MainVersionsOf(problem.Items()[nItem])) {
             nHeight = std::min(nHeight, problem.Versions()[nVersion].m_Box.Height());
         }
         return nHeight;
@@ -87,7 +87,7 @@ std::vector<SFreePlacement> PackBoxes(const CPackProblem& problem, const std::ve
         int64_t nBestTop = std::numeric_limits<int64_t>::max();
         size_t nBest = 0;
         SGridPoint corner;
-        for (const size_t nVersion : problem.VersionsOf(problem.Items()[items[i]])) {
+        for (const size_t nVersion : problem.MainVersionsOf(problem.Items()[items[i]])) {
             const SGridBox& box = problem.Versions()[nVersion].m_Box;
             const auto spot = skyline.FindLowest(box.Width() + strip.m_nSpacing);
             if (spot.m_nY + box.Height() < nBestTop) {

@@ -65,7 +65,7 @@ void CCornerFitter::Grow(SBranch& branch, size_t nBranch) {
         m_EmptyArea = branch.m_Layout.EmptyAreaBelow(corner->m_At.m_Y);
         for (size_t nPiece = 0; nPiece < m_Problem.Pieces().size(); ++nPiece) {
             if (branch.m_Layout.LeftOf(nPiece) > 0) {
-                for (const size_t nVersion : m_Problem.VersionsOf(nPiece)) {
+                for (const size_t nVersion : m_Problem.MainVersionsOf(nPiece)) {
                     TryCorners(branch, nBranch, *corner, nVersion, nPiece);
                 }
             }
@@ -139,7 +139,7 @@ CCornerFitter::SFit CCornerFitter::Finished(const SBranch& branch) const {
     }
     for (size_t nPiece = 0; nPiece < m_Problem.Pieces().size(); ++nPiece) {
         for (int i = branch.m_Layout.LeftOf(nPiece); i > 0; --i) {
-            const size_t nVersion = m_Problem.VersionsOf(nPiece).front();
+            const size_t nVersion = m_Problem.MainVersionsOf(nPiece).front();
             const SPlaneBox& box = m_CornerProblem.ShapeOf(nVersion).m_Box;
             const SPoint corner{m_CornerProblem.Room().m_Low.m_X, top};
             placed.push_back({nPiece, {corner - box.m_Low, nVersion}});

@@ -68,7 +68,7 @@ void CDisturber::MoveToAnother(std::vector<SPlace>& places) {
     }
     const size_t a = m_Random.Index(places.size());
     const size_t b = (a + 1 + m_Random.Index(places.size() - 1)) % places.size();
-    const std::vector<size_t>& versions = m_Problem.VersionsOf(m_Problem.Items()[a]);
+    const std::vector<size_t>& versions = m_Problem.MainVersionsOf(m_Problem.Items()[a]);
     const double half = m_ItemSize / 2;
     const SPoint aside{m_Random.Between(-half, half), m_Random.Between(-half, half)};
     places[a] = {places[b].m_At + aside, versions[m_Random.Index(versions.size())]};

@@ -10,7 +10,7 @@ namespace nestrix {
 
 /// Disturbs packings a little, so that a search from there finds others. In equal parts: two large items
 /// change places, wherever they lie; two of any size do that are near each other; or one item goes to about
-/// where another lies, in any of its versions.
+/// where another lies, in any of its main versions.
 class CDisturber {
 public:
     CDisturber(const CPackProblem& problem, CRandom& random);

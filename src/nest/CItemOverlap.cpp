@@ -36,8 +36,7 @@ double CItemOverlap::SizeOfItem() const {
 }
 
 const std::vector<size_t>& CItemOverlap::VersionsOfItem() const {
-    const CPackProblem& problem = m_Layout.Problem();
-    return problem.VersionsOf(problem.Items()[m_nItem]);
+    return m_Layout.VersionsOf(m_nItem);
 }
 
 double CItemOverlap::ValueAt(const SPlace& place, double limit) const {

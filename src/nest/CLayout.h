@@ -23,6 +23,13 @@ public:
 
     void Move(size_t nItem, const SPlace& place);
 
+    /// From now on items are tried in all their versions, or in the main ones only.
+    void TryAllVersions(bool bAll) { m_bAllVersions = bAll; }
+    [[nodiscard]] const std::vector<size_t>& VersionsOf(size_t nItem) const {
+        const size_t nPiece = m_Problem.Items()[nItem];
+        return m_bAllVersions ? m_Problem.VersionsOf(nPiece) : m_Problem.MainVersionsOf(nPiece);
+    }
+
     [[nodiscard]] size_t Count() const { return m_Places.size(); }
     [[nodiscard]] double Height() const { return m_Height; }
     [[nodiscard]] const std::vector<SPlace>& Places() const { return m_Places; }
@@ -71,6 +78,7 @@ private:
     const CPackProblem& m_Problem;
     CFieldTable& m_Fields;
     std::vector<SPlace> m_Places;
+    bool m_bAllVersions = false;
     double m_Height = 0.0;
     std::vector<SPlaneBox> m_Boxes;  ///< of each version, enlarged by what single precision may lose
     std::vector<SPlaneBox> m_Rooms;  ///< of each version

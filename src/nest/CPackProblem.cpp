@@ -7,7 +7,6 @@
 #include "certify/Certify.h"
 #include "nest/ConvexParts.h"
 #include "nest/Simplify.h"
-#include "nest/TurnsToTry.h"
 
 namespace nestrix {
 
@@ -149,22 +148,28 @@ CPackProblem::CPackProblem(std::span<const SPiece> pieces, const SFreeStrip& str
       m_Strip(strip),
       m_Grid(GridFor(strip.m_Width)),
       m_GridStrip(OnGrid(strip, m_Grid)),
-      m_Slack(static_cast<double>(m_GridStrip.m_nWidth) * 0x1p-22) {
+      m_Slack(static_cast<double>(m_GridStrip.m_nWidth) * 0x1p-22),
+      m_bUseHoles(bUseHoles),
+      m_eBase(FindBase(pieces, m_Grid)) {
     for (size_t nPiece = 0; nPiece < pieces.size(); ++nPiece) {
-        AddPiece(nPiece, bUseHoles, pStart);
+        AddPiece(nPiece, pStart);
+        m_MainVersionsOf.push_back(FindMainVersions(nPiece));
     }
 }
 
-void CPackProblem::AddPiece(size_t nPiece, bool bUseHoles, const SFreePacking* pStart) {
+void CPackProblem::AddPiece(size_t nPiece, const SFreePacking* pStart) {
     const SPiece& piece = m_Pieces[nPiece];
     m_VersionsOf.emplace_back();
     m_Areas.push_back(0.0);
     if (piece.m_nQuantity <= 0) {
         return;
     }
-    AddVersions(nPiece, false, bUseHoles, pStart);
+    AddVersions(nPiece, false, m_eBase, pStart);
     if (piece.m_bMirrored) {
-        AddVersions(nPiece, true, bUseHoles, pStart);
+        AddVersions(nPiece, true, m_eBase, pStart);
+    }
+    if (m_VersionsOf[nPiece].empty()) {  // none of those fits; one of these does
+        AddVersions(nPiece, false, EBase::LONGEST_SIDE, pStart);
     }
     // On the grid, so that it does not depend on where the piece was drawn.
     m_Areas[nPiece] = GridAreaOf(Cleaned(OnGrid(piece.m_Shape, m_Grid)));
@@ -172,15 +177,15 @@ void CPackProblem::AddPiece(size_t nPiece, bool bUseHoles, const SFreePacking* p
     m_TotalArea += m_Areas[nPiece] * piece.m_nQuantity;
 }
 
-void CPackProblem::AddVersions(size_t nPiece, bool bMirrored, bool bUseHoles, const SFreePacking* pStart) {
+void CPackProblem::AddVersions(size_t nPiece, bool bMirrored, EBase eBase, const SFreePacking* pStart) {
     const SPiece& piece = m_Pieces[nPiece];
     SGridShape drawn = OnGrid(piece.m_Shape, m_Grid);
-    if (!bUseHoles) {
+    if (!m_bUseHoles) {
         drawn.m_Holes.clear();
     }
     const SGridPoint middle = MiddleOf(BoxOf(drawn.m_Outline));
     const int64_t nRoom = m_GridStrip.m_nWidth - 2 * m_GridStrip.m_nMargin;
-    STurnsToTry turns = FindTurnsToTry(piece, bMirrored, m_Grid, nRoom);
+    STurnsToTry turns = FindTurnsToTry(piece, bMirrored, m_Grid, nRoom, eBase);
     if (pStart != nullptr && piece.m_Turns.m_bAny) {
         AddEarlierTurns(*pStart, static_cast<int>(nPiece), bMirrored, turns);
     }
@@ -215,6 +220,15 @@ void CPackProblem::AddVersion(size_t nPiece, SVersion version, bool bInAnyCase) 
     }
 }
 
+std::vector<size_t> CPackProblem::FindMainVersions(size_t nPiece) const {
+    const std::vector<size_t>& all = m_VersionsOf[nPiece];
+    std::vector<size_t> main;
+    std::copy_if(all.begin(), all.end(), std::back_inserter(main), [this](size_t nVersion) {
+        return std::fmod(m_Turns[m_Versions[nVersion].m_nTurn], 90.0) == 0.0;
+    });
+    return m_Pieces[nPiece].m_Turns.m_bAny && !main.empty() ? main : all;
+}
+
 size_t CPackProblem::FindFigure(const SGridShape& shape) {
     const auto isSame = [&](const SFigure& figure) {
         return figure.m_Shape.m_Outline == shape.m_Outline && figure.m_Shape.m_Holes == shape.m_Holes;
@@ -247,6 +261,11 @@ std::optional<size_t> CPackProblem::FindVersion(size_t nPiece, double degrees, b
     return std::nullopt;
 }
 
+bool CPackProblem::HasAnyTurn() const {
+    return std::any_of(m_Items.begin(), m_Items.end(),
+                       [this](size_t nPiece) { return m_Pieces[nPiece].m_Turns.m_bAny; });
+}
+
 int64_t CPackProblem::LeastHeight() const {
     const double width = static_cast<double>(m_GridStrip.m_nWidth - 2 * m_GridStrip.m_nMargin);
     double area = 0.0;
@@ -256,7 +275,9 @@ int64_t CPackProblem::LeastHeight() const {
         for (const size_t nVersion : m_VersionsOf[nPiece]) {
             nLowest = std::min(nLowest, m_Versions[nVersion].m_Box.Height());
         }
-        nTallest = std::max(nTallest, nLowest);
+        if (!m_Pieces[nPiece].m_Turns.m_bAny) {  // in a turn that was not tried it may lie lower
+            nTallest = std::max(nTallest, nLowest);
+        }
         area += m_Figures[m_Versions[m_VersionsOf[nPiece].front()].m_nFigure].m_Area;
     }
     return m_GridStrip.m_nMargin + std::max(nTallest, static_cast<int64_t>(area / width));

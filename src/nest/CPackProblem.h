@@ -7,6 +7,7 @@
 
 #include "nest/ForbiddenRegion.h"
 #include "nest/GridGeometry.h"
+#include "nest/TurnsToTry.h"
 #include "packing/SFreePacking.h"
 
 namespace nestrix {
@@ -44,6 +45,9 @@ public:
     [[nodiscard]] std::span<const SPiece> Pieces() const { return m_Pieces; }
     [[nodiscard]] const SGrid& Grid() const { return m_Grid; }
     [[nodiscard]] const SGridStrip& Strip() const { return m_GridStrip; }
+    [[nodiscard]] bool UsesHoles() const { return m_bUseHoles; }
+    /// Whether any of the items may be turned by any angle.
+    [[nodiscard]] bool HasAnyTurn() const;
 
     [[nodiscard]] const std::vector<SFigure>& Figures() const { return m_Figures; }
     [[nodiscard]] const std::vector<SVersion>& Versions() const { return m_Versions; }
@@ -54,6 +58,11 @@ public:
 
     /// The versions that a piece may be laid in, those that fit the strip.
     [[nodiscard]] const std::vector<size_t>& VersionsOf(size_t nPiece) const { return m_VersionsOf[nPiece]; }
+    /// Those of them that differ by quarter turns from the first, where the piece may be turned by any angle
+    /// and lies in one of them; else all.
+    [[nodiscard]] const std::vector<size_t>& MainVersionsOf(size_t nPiece) const {
+        return m_MainVersionsOf[nPiece];
+    }
     /// The version of a piece in exactly this turn, however it is written; nothing if it is not among those
     /// to be tried.
     [[nodiscard]] std::optional<size_t> FindVersion(size_t nPiece, double degrees, bool bMirrored) const;
@@ -76,10 +85,11 @@ public:
     [[nodiscard]] double Slack() const { return m_Slack; }
 
 private:
-    void AddPiece(size_t nPiece, bool bUseHoles, const SFreePacking* pStart);
-    void AddVersions(size_t nPiece, bool bMirrored, bool bUseHoles, const SFreePacking* pStart);
+    void AddPiece(size_t nPiece, const SFreePacking* pStart);
+    void AddVersions(size_t nPiece, bool bMirrored, EBase eBase, const SFreePacking* pStart);
     /// @param bInAnyCase even if it looks like one that is known.
     void AddVersion(size_t nPiece, SVersion version, bool bInAnyCase);
+    [[nodiscard]] std::vector<size_t> FindMainVersions(size_t nPiece) const;
     [[nodiscard]] size_t FindFigure(const SGridShape& shape);
     [[nodiscard]] size_t FindTurn(double degrees);
 
@@ -88,10 +98,13 @@ private:
     SGrid m_Grid;
     SGridStrip m_GridStrip;
     double m_Slack = 0.0;
+    bool m_bUseHoles;
+    EBase m_eBase;
     std::vector<SFigure> m_Figures;
     std::vector<SVersion> m_Versions;
     std::vector<double> m_Turns;
     std::vector<std::vector<size_t>> m_VersionsOf;
+    std::vector<std::vector<size_t>> m_MainVersionsOf;
     std::vector<double> m_Areas;
     std::vector<size_t> m_Items;
     double m_TotalArea = 0.0;

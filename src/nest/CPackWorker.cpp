@@ -10,6 +10,16 @@ namespace {
 constexpr double FIRST_SQUEEZE = 0.1;
 constexpr double LAST_SQUEEZE = 0.002;
 
+/// One run, or walk, in so many tries all turns.
+constexpr size_t RUNS_OF_MAIN_TURNS = 4;
+
+/// Turning begins after so many steps: before, each packing is soon followed by a lower one.
+constexpr uint64_t STEPS_WITHOUT_TURNS = 1'000;
+
+/// A program of turns takes as long as so many steps; for each of those four others are taken.
+constexpr uint64_t STEPS_OF_TURN = 160;
+constexpr uint64_t STEPS_BESIDE_TURNS = 4;
+
 }  // namespace
 
 CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
@@ -29,7 +39,13 @@ CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
       m_Walker(problem, m_Finder, m_Steps, m_Random, nWorker),
       m_nWorker(nWorker),
       m_nWorkers(limit.Workers()),
-      m_Rounds(problem.Items().size(), m_nWorkers, bGoesOn) {}
+      m_nRuns(nWorker),
+      m_nNextTurn(STEPS_WITHOUT_TURNS),
+      m_Rounds(problem.Items().size(), m_nWorkers, bGoesOn) {
+    if (problem.HasAnyTurn()) {
+        m_Turner.emplace(problem, m_Steps);
+    }
+}
 
 void CPackWorker::Run() {
     if (m_nWorker == 0) {  // all workers would find the same
@@ -39,19 +55,28 @@ void CPackWorker::Run() {
     while (!m_Steps.IsOver()) {
         switch (m_Rounds.Next(m_Steps.Steps())) {
             case CRounds::EStep::BEGIN_AFRESH:
+                BeginRun();
                 m_pPresent = m_pFirst;
                 Squeeze();
                 break;
             case CRounds::EStep::STAY:
                 break;
             case CRounds::EStep::GO_ON:
+                BeginRun();
                 Learn();
                 m_pPresent = m_pBest;
                 break;
         }
         Improve();
+        TurnIfDue();
     }
     Learn();
+}
+
+/// Most pieces lie best beside others that are turned by quarters against them: few runs try more turns.
+void CPackWorker::BeginRun() {
+    ++m_nRuns;
+    m_Finder.TryAllVersions(m_nRuns % RUNS_OF_MAIN_TURNS == 0);
 }
 
 void CPackWorker::Improve() {
@@ -75,9 +100,16 @@ void CPackWorker::Squeeze() {
     }
 }
 
+bool CPackWorker::Take(const SSolution& found) {
+    const bool bKept = Keep(found);
+    m_bToTurn = m_bToTurn || bKept;
+    TurnIfDue();
+    return bKept;
+}
+
 /// Keeps a packing if it is the best of the present run.
 /// @return whether it is.
-bool CPackWorker::Take(const SSolution& found) {
+bool CPackWorker::Keep(const SSolution& found) {
     if (found.m_Height >= m_pPresent->m_Height) {
         return false;
     }
@@ -94,6 +126,30 @@ bool CPackWorker::Take(const SSolution& found) {
         m_Steps.Finish();
     }
     return true;
+}
+
+/// Lowers the best of the present run by turning, if that is new and was not done too often.
+void CPackWorker::TurnIfDue() {
+    if (!m_Turner || !m_bToTurn || m_Steps.Steps() < m_nNextTurn) {
+        return;
+    }
+    m_bToTurn = false;
+    const uint64_t nBefore = m_Steps.Steps();
+    const std::optional<SFreePacking> lower =
+        m_Turner->Lower(PackingOf(m_Problem, *m_pPresent), Best().m_nHeight);
+    m_nNextTurn = m_Steps.Steps() + (m_Steps.Steps() - nBefore) * STEPS_OF_TURN * STEPS_BESIDE_TURNS;
+    if (lower && lower->m_nHeight < Best().m_nHeight &&
+        m_Incumbent.Offer(*lower, m_Steps.Steps() * m_nWorkers)) {
+        m_Turned = lower;
+        if (m_Incumbent.IsLowEnough(*lower)) {
+            m_Steps.Finish();
+        }
+    }
+}
+
+SFreePacking CPackWorker::Best() const {
+    SFreePacking best = PackingOf(m_Problem, *m_pBest);
+    return m_Turned && m_Turned->m_nHeight < best.m_nHeight ? *m_Turned : best;
 }
 
 /// Takes over what another worker showed, if it is better.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <span>
 
 #include "nest/CExchange.h"
@@ -10,6 +11,7 @@
 #include "nest/CRandom.h"
 #include "nest/CRounds.h"
 #include "nest/CStepCounter.h"
+#include "nest/CTurner.h"
 #include "nest/CWalker.h"
 #include "nest/Places.h"
 
@@ -17,7 +19,9 @@ namespace nestrix {
 
 /// One thread of a search. The first of all tries to fit the pieces together like a puzzle. Then each makes
 /// the strip lower in large steps, as long as that succeeds, and then walks from packing to packing.
-/// It does so several times, and goes on from the best (see CRounds).
+/// It does so several times, and goes on from the best (see CRounds). Where pieces may be turned by any
+/// angle, it also lowers what it finds by turning: what comes of that is handed out, and the search goes on
+/// in its own turns.
 class CPackWorker {
 public:
     /// @param first a valid packing: a placement for each item.
@@ -30,12 +34,15 @@ public:
     void Run();
 
     /// The best packing that it knows, certified.
-    [[nodiscard]] SFreePacking Best() const { return PackingOf(m_Problem, *m_pBest); }
+    [[nodiscard]] SFreePacking Best() const;
 
 private:
     void Improve();
+    void BeginRun();
     void Squeeze();
     bool Take(const SSolution& found);
+    bool Keep(const SSolution& found);
+    void TurnIfDue();
     void Learn();
 
     const CPackProblem& m_Problem;
@@ -51,7 +58,12 @@ private:
     CWalker m_Walker;
     size_t m_nWorker;
     size_t m_nWorkers;
+    size_t m_nRuns;  ///< afresh, or walks that went on from the best; workers count from different numbers
+    uint64_t m_nNextTurn;  ///< not before so many steps
     CRounds m_Rounds;
+    std::optional<CTurner> m_Turner;       ///< where pieces may be turned by any angle
+    std::optional<SFreePacking> m_Turned;  ///< the lowest that it found
+    bool m_bToTurn = false;                ///< the best of the present run
 };
 
 }  // namespace nestrix

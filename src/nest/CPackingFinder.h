@@ -32,6 +32,9 @@ public:
     CPackingFinder(const CPackProblem& problem, CFieldTable& fields, std::span<const SPlace> places,
                    CRandom& random, CStepCounter& steps);
 
+    /// From now on items are tried in all their versions, or in the main ones only.
+    void TryAllVersions(bool bAll) { m_Layout.TryAllVersions(bAll); }
+
     /// @param places where to begin; what sticks out of the strip is put back.
     /// @param height of the strip to separate in.
     /// @param lowEnough the height below which the first packing found is taken.

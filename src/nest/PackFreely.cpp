@@ -7,6 +7,7 @@
 
 #include "nest/CPackWorker.h"
 #include "nest/FirstPacking.h"
+#include "nest/SinglePacking.h"
 
 namespace nestrix {
 
@@ -112,11 +113,11 @@ SPackResult PackFreely(std::span<const SPiece> pieces, const SFreeStrip& strip, 
     }
     const CPackProblem problem(pieces, strip, settings.m_bUseHoles, settings.m_pStart);
     CIncumbent incumbent(problem, settings.m_Limits, sink);
-    // By its box, in its lowest turn, a single piece lies as low as it can, wherever it lay earlier.
+    // A single piece has nothing to be packed with, wherever it lay earlier.
     const bool bSearch = problem.Items().size() >= 2;
     const std::vector<SFreePlacement> first =
-        FindFirstPacking(problem, bSearch ? settings.m_pStart : nullptr);
-    result.m_Packing = problem.PackingOf(first);
+        bSearch ? FindFirstPacking(problem, settings.m_pStart) : std::vector<SFreePlacement>{};
+    result.m_Packing = problem.Items().size() == 1 ? PackSingle(problem) : problem.PackingOf(first);
     (void)incumbent.Offer(*result.m_Packing, 0);
     result.m_eEnd = bSearch ? incumbent.Reason() : EPackEnd::NOTHING_TO_GAIN;
     if (bSearch && !incumbent.IsLowEnough(*result.m_Packing)) {

@@ -13,7 +13,6 @@ namespace {
 /// Where a piece may be turned by any angle, these steps are tried, in degrees.
 constexpr double STEP_OF_ANY = 15.0;
 
-/// Angles are written down in millionths of a degree, so that no library's last bit shows.
 double Rounded(double degrees) {
     return std::round(degrees * 1e6) / 1e6;
 }
@@ -59,19 +58,52 @@ double NarrowestTurn(const SGridShape& shape, const CGridRing& hull) {
     return narrowest;
 }
 
+/// Whether a side that is not short runs along an axis.
+bool HasLevelSide(const SGridShape& shape) {
+    constexpr double NOT_SHORT = 0.25;  ///< of the box's longer side
+    const CGridRing& outline = shape.m_Outline;
+    const SGridBox box = BoxOf(outline);
+    const double least = NOT_SHORT * static_cast<double>(std::max(box.Width(), box.Height()));
+    for (size_t i = 0; i < outline.size(); ++i) {
+        const SGridPoint a = outline[i];
+        const SGridPoint b = outline[(i + 1) % outline.size()];
+        if ((a.m_nX == b.m_nX || a.m_nY == b.m_nY) && LengthOf(a, b) >= least) {
+            return true;
+        }
+    }
+    return false;
+}
+
 }  // namespace
+
+EBase FindBase(std::span<const SPiece> pieces, const SGrid& grid) {
+    size_t nPieces = 0;
+    size_t nLevel = 0;
+    for (const SPiece& piece : pieces) {
+        if (piece.m_Turns.m_bAny && piece.m_nQuantity > 0) {
+            ++nPieces;
+            nLevel += HasLevelSide(OnGrid(piece.m_Shape, grid)) ? 1 : 0;
+        }
+    }
+    return 2 * nLevel >= nPieces ? EBase::DRAWING : EBase::LONGEST_SIDE;
+}
 
 double NormalisedTurn(double degrees) {
     const double rest = std::fmod(degrees, 360.0);
     return rest < 0.0 ? rest + 360.0 : rest + 0.0;
 }
 
-double STurnsToTry::DegreesOf(double step) const {
-    // What is listed stays as it is.
-    return m_Base == 0.0 ? NormalisedTurn(step) : NormalisedTurn(Rounded(NormalisedTurn(m_Base + step)));
+double TurnAsWritten(double degrees) {
+    return NormalisedTurn(Rounded(NormalisedTurn(degrees)));
 }
 
-STurnsToTry FindTurnsToTry(const SPiece& piece, bool bMirrored, const SGrid& grid, int64_t nRoom) {
+double STurnsToTry::DegreesOf(double step) const {
+    // What is listed stays as it is.
+    return m_Base == 0.0 ? NormalisedTurn(step) : TurnAsWritten(m_Base + step);
+}
+
+STurnsToTry FindTurnsToTry(const SPiece& piece, bool bMirrored, const SGrid& grid, int64_t nRoom,
+                           EBase eBase) {
     STurnsToTry turns;
     if (!piece.m_Turns.m_bAny) {
         for (const double degrees : piece.m_Turns.m_Degrees) {
@@ -86,7 +118,7 @@ STurnsToTry FindTurnsToTry(const SPiece& piece, bool bMirrored, const SGrid& gri
     }
     const SGridShape shape = Laid(OnGrid(piece.m_Shape, grid), 0.0, bMirrored);
     const CGridRing hull = HullOf(shape.m_Outline);
-    turns.m_Base = TurnOfLongestSide(hull);
+    turns.m_Base = eBase == EBase::DRAWING ? 0.0 : TurnOfLongestSide(hull);
     const bool bFits = std::any_of(turns.m_Steps.begin(), turns.m_Steps.end(), [&](double step) {
         return BoxOf(Laid(shape, turns.m_Base + step, false).m_Outline).Width() <= nRoom;
     });

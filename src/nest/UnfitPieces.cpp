@@ -89,7 +89,7 @@ std::string FaultOfSize(const SPiece& piece, const SFreeStrip& strip, const SGri
         if (bMirrored && !piece.m_bMirrored) {
             continue;
         }
-        const STurnsToTry turns = FindTurnsToTry(piece, bMirrored, grid, nRoom);
+        const STurnsToTry turns = FindTurnsToTry(piece, bMirrored, grid, nRoom, EBase::LONGEST_SIDE);
         for (const double step : turns.m_Steps) {
             const SGridShape laid = Laid(shape, turns.DegreesOf(step), bMirrored);
             const int64_t nWidth = BoxOf(laid.m_Outline).Width();

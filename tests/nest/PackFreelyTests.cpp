@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <ctime>
 
+#include "nest/CPackProblem.h"
 #include "tests/nest/CPackingLog.h"
 #include "tests/support/FreePieces.h"
 #include "tests/support/UnderSanitizer.h"
@@ -138,6 +141,37 @@ TEST(PackFreely, LaysPiecesMirroredAndAtAnyAngle) {
     pieces[0].m_bMirrored = true;
     pieces[1].m_Turns.m_bAny = true;
     (void)PackAndExamine(pieces, {50.0, 0.5, 0.0}, StepSettings(1000));
+}
+
+/// A convex piece is lowest on one of its sides (Freeman and Shapira 1975): this one on its second longest,
+/// which in no turn that is tried lies along the floor.
+TEST(PackFreely, LaysASinglePieceAsLowAsAnyTurnAllows) {
+    SPiece sliver = support::PieceOf({{0, 0}, {12, 2}, {32, 6}, {10, 6}});
+    sliver.m_Turns.m_bAny = true;
+    const SPackResult result = PackAndExamine({&sliver, 1}, {50.0, 0.0, 0.0}, StepSettings(1000));
+    EXPECT_NEAR(HeightOf(result), 52.0 / std::sqrt(148.0), 1e-3);
+    EXPECT_EQ(result.m_eEnd, EPackEnd::NOTHING_TO_GAIN);
+}
+
+TEST(PackFreely, TurnsPiecesOfAnyAngleOutOfTheTurnsThatItTries) {
+    std::vector<SPiece> pieces{Copies(support::RegularPiece(7, 10.0), 2),
+                               Copies(support::RightTriangle(20, 10), 2),
+                               Copies(support::Star(5, 5.0, 10.0), 2)};
+    for (SPiece& piece : pieces) {
+        piece.m_Turns.m_bAny = true;
+    }
+    const SFreeStrip strip{50.0, 0.5, 0.5};
+    SPackSettings settings = StepSettings(3000);
+    const SPackResult result = PackAndExamine(pieces, strip, settings);
+    const CPackProblem problem(pieces, strip, true);
+    const std::vector<SFreePlacement>& placed = result.m_Packing->m_Placed;
+    EXPECT_TRUE(std::any_of(placed.begin(), placed.end(), [&](const SFreePlacement& placement) {
+        return !problem.FindVersion(static_cast<size_t>(placement.m_nPiece), placement.m_Degrees, false);
+    }));
+    settings.m_Limits.m_TargetHeight = HeightOf(result) * 1.0001;
+    const SPackResult sooner = PackAndExamine(pieces, strip, settings);
+    EXPECT_EQ(sooner.m_eEnd, EPackEnd::TARGET);
+    EXPECT_LT(sooner.m_nSteps, result.m_nSteps);
 }
 
 TEST(PackFreely, NamesUnfitPiecesAndSearchesNothing) {

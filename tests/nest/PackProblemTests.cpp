@@ -140,6 +140,14 @@ TEST(PackProblem, PlacesAnItemWhereItsReferencePointIsPut) {
     EXPECT_EQ(packing.m_nHeight, box.m_High.m_nY);
 }
 
+/// In none of the turns that are tried this piece lies as low as on its second longest side.
+TEST(PackProblem, TakesNoTurnThatIsTriedForTheLowestOfAnyAngle) {
+    SPiece sliver = support::PieceOf({{0, 0}, {12, 2}, {32, 6}, {10, 6}});
+    sliver.m_Turns.m_bAny = true;
+    const CPackProblem problem({&sliver, 1}, {50.0, 0.0, 0.0}, true);
+    EXPECT_LT(problem.Grid().Length(problem.LeastHeight()), 52.0 / std::sqrt(148.0));
+}
+
 }  // namespace
 
 }  // namespace nestrix

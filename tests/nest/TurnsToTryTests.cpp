@@ -17,8 +17,8 @@ using testing::ElementsAre;
 const SGrid GRID{-5};
 constexpr int64_t WIDE = 100'000'000;
 
-STurnsToTry TurnsOf(const SPiece& piece, int64_t nRoom = WIDE) {
-    return FindTurnsToTry(piece, false, GRID, nRoom);
+STurnsToTry TurnsOf(const SPiece& piece, int64_t nRoom = WIDE, EBase eBase = EBase::LONGEST_SIDE) {
+    return FindTurnsToTry(piece, false, GRID, nRoom, eBase);
 }
 
 SPiece AnyAngle(SPiece piece) {
@@ -59,6 +59,23 @@ TEST(TurnsToTry, OfAnyAngleLayTheLongestSideAlongTheFloor) {
     const double degrees = turns.DegreesOf(turns.m_Steps[0]);
     EXPECT_NEAR(static_cast<double>(WidthOf(piece, degrees)) * 1e-5, 50.0, 1e-4);
     EXPECT_NEAR(static_cast<double>(WidthOf(piece, degrees + 90.0)) * 1e-5, 10.0, 1e-4);
+}
+
+TEST(TurnsToTry, OfAnyAngleAreCountedFromTheDrawingIfAskedFor) {
+    const SPiece piece = AnyAngle(support::PieceOf({{0, 0}, {40, 30}, {34, 38}, {-6, 8}}));
+    const STurnsToTry turns = TurnsOf(piece, WIDE, EBase::DRAWING);
+    EXPECT_EQ(turns.DegreesOf(turns.m_Steps[0]), 0.0);
+    EXPECT_EQ(turns.DegreesOf(turns.m_Steps[1]), 15.0);
+}
+
+TEST(TurnsToTry, OfAnyAngleAreCountedFromTheDrawingWhereHalfOfThePiecesAreDrawnAlongTheAxes) {
+    const SPiece level = AnyAngle(support::RightTriangle(20, 15));
+    const SPiece askew = AnyAngle(support::PieceOf({{0, 0}, {40, 30}, {34, 38}, {-6, 8}}));
+    const SPiece stub = AnyAngle(support::PieceOf({{0, 0}, {5, 0}, {40, 30}, {-6, 8}}));
+    const SPiece fixed = support::Box(10, 20);
+    EXPECT_EQ(FindBase(std::vector{level, askew}, GRID), EBase::DRAWING);
+    EXPECT_EQ(FindBase(std::vector{level, askew, stub}, GRID), EBase::LONGEST_SIDE);
+    EXPECT_EQ(FindBase(std::vector{fixed, askew}, GRID), EBase::LONGEST_SIDE);
 }
 
 TEST(TurnsToTry, OfAnyAngleAreSpreadEvenlyAndWrittenInMillionthsOfADegree) {
