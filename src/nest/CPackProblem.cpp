@@ -6,6 +6,7 @@
 
 #include "certify/Certify.h"
 #include "nest/ConvexParts.h"
+#include "nest/SameLooks.h"
 #include "nest/Simplify.h"
 
 namespace nestrix {
@@ -23,9 +24,6 @@ constexpr double MOST_SIMPLIFIED_SHARE = 0.012;
 /// ragged outlines are simplified further, and those with deep gaps stand for their hulls.
 constexpr size_t MOST_POINTS = 100;
 constexpr double MOST_RAGGED_SHARE = 0.2;
-
-/// Two turns of one piece look the same when no point differs by more, in units: what rounding does.
-constexpr int64_t SAME_POINT = 2;
 
 void Move(SGridShape& shape, SGridPoint by) {
     const auto moveRing = [by](CGridRing& ring) {
@@ -80,39 +78,6 @@ double GridAreaOf(const SGridShape& shape) {
         area += TwiceArea(hole);
     }
     return static_cast<double>(area) / 2.0;
-}
-
-bool AreNear(SGridPoint a, SGridPoint b) {
-    return std::abs(a.m_nX - b.m_nX) <= SAME_POINT && std::abs(a.m_nY - b.m_nY) <= SAME_POINT;
-}
-
-bool LookTheSame(const CGridRing& a, SGridPoint lowA, const CGridRing& b, SGridPoint lowB) {
-    if (a.size() != b.size()) {
-        return false;
-    }
-    for (size_t nShift = 0; nShift < a.size(); ++nShift) {
-        size_t i = 0;
-        while (i < a.size() && AreNear(a[i] - lowA, b[(i + nShift) % b.size()] - lowB)) {
-            ++i;
-        }
-        if (i == a.size()) {
-            return true;
-        }
-    }
-    return a.empty();
-}
-
-/// Whether one can be moved onto the other.
-bool LookTheSame(const SVersion& a, const SVersion& b) {
-    if (a.m_Shape.m_Holes.size() != b.m_Shape.m_Holes.size() ||
-        !LookTheSame(a.m_Shape.m_Outline, a.m_Box.m_Low, b.m_Shape.m_Outline, b.m_Box.m_Low)) {
-        return false;
-    }
-    return std::all_of(a.m_Shape.m_Holes.begin(), a.m_Shape.m_Holes.end(), [&](const CGridRing& hole) {
-        return std::any_of(b.m_Shape.m_Holes.begin(), b.m_Shape.m_Holes.end(), [&](const CGridRing& other) {
-            return LookTheSame(hole, a.m_Box.m_Low, other, b.m_Box.m_Low);
-        });
-    });
 }
 
 /// Whether an earlier packing, if there is one, laid a piece like this.

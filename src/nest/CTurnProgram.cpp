@@ -60,8 +60,8 @@ CTurnProgram::CTurnProgram(const CPackProblem& problem, CExactParts& parts, std:
     CRows rows;
     for (const size_t nItem : items) {
         AddStrip(rows, nItem);
+        AddNeighbours(rows, nItem);
     }
-    AddNeighbours(rows);
     rows.AddTo(*m_pSolver);
 }
 
@@ -138,14 +138,12 @@ void CTurnProgram::AddStrip(CRows& rows, size_t nItem) const {
     }
 }
 
-void CTurnProgram::AddNeighbours(CRows& rows) const {
+void CTurnProgram::AddNeighbours(CRows& rows, size_t nItem) const {
     const double far = m_Far + static_cast<double>(m_Problem.Strip().m_nSpacing);
-    for (size_t i = 0; i < m_Items.size(); ++i) {
-        for (size_t k = i + 1; k < m_Items.size(); ++k) {
-            const bool bMove = m_Items[i].m_nColumn != FIXED || m_Items[k].m_nColumn != FIXED;
-            if (bMove && GapOf(m_Items[i].m_Box, m_Items[k].m_Box) < far) {
-                AddParts(rows, i, k);
-            }
+    for (size_t nOther = 0; nOther < m_Items.size(); ++nOther) {
+        const bool bNew = nOther > nItem || m_Items[nOther].m_nColumn == FIXED;
+        if (bNew && GapOf(m_Items[nItem].m_Box, m_Items[nOther].m_Box) < far) {
+            AddParts(rows, nItem, nOther);
         }
     }
 }

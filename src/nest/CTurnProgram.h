@@ -64,7 +64,7 @@ private:
     void MeasureItems();
     void AddColumns(std::span<const size_t> items, const std::vector<bool>& mayTurn);
     void AddStrip(CRows& rows, size_t nItem) const;
-    void AddNeighbours(CRows& rows) const;
+    void AddNeighbours(CRows& rows, size_t nItem) const;
     void AddParts(CRows& rows, size_t nFirst, size_t nSecond) const;
     void KeepApart(CRows& rows, const SNeighbours& parts) const;
     void KeepApart(CRows& rows, const SNeighbours& parts, SPoint first, SPoint second, bool bTurnsWithFirst,

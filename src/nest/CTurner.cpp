@@ -114,7 +114,7 @@ std::optional<SFreePacking> CTurner::Lower(const SFreePacking& packing, int64_t 
     double turn = FIRST_TURN;
     int nLittleGains = 0;
     for (int i = 0; turn >= LEAST_TURN && nLittleGains < LITTLE_GAINS; ++i) {
-        if (IsHopeless(*pItems, i, nKnown) || !m_Steps.Take()) {
+        if (m_Steps.IsOver() || IsHopeless(*pItems, i, nKnown)) {
             break;
         }
         std::unique_ptr<CLaidItems> pNext = Turn(*pItems, turn);
@@ -137,13 +137,17 @@ bool CTurner::IsHopeless(const CLaidItems& items, int nPrograms, int64_t nKnown)
 }
 
 /// Where all items would move and turn, if that were linear.
-CTurner::SMotion CTurner::FindMotion(const CLaidItems& items, double turn) const {
+/// @return nothing where there is no step left for it.
+std::optional<CTurner::SMotion> CTurner::FindMotion(const CLaidItems& items, double turn) const {
     SMotion motion{items.Places(), {}};
     for (const SFreePlacement& placement : items.Packing().m_Placed) {
         motion.m_Degrees.push_back(placement.m_Degrees);
     }
     CExactParts parts(items.Problem());
     for (const std::vector<size_t>& block : BlocksOf(items.Places())) {
+        if (!m_Steps.Take()) {
+            return std::nullopt;
+        }
         CTurnProgram program(items.Problem(), parts, motion.m_Places, block, m_MayTurn,
                              {MOVE_REACH * m_ItemSize, turn * m_ItemSize});
         const std::optional<std::vector<CTurnProgram::STurned>> turned = program.Solve();
@@ -159,10 +163,13 @@ CTurner::SMotion CTurner::FindMotion(const CLaidItems& items, double turn) const
 
 /// @return a lower packing, or nothing.
 std::unique_ptr<CTurner::CLaidItems> CTurner::Turn(const CLaidItems& items, double turn) const {
-    const SMotion motion = FindMotion(items, turn);
+    const std::optional<SMotion> motion = FindMotion(items, turn);
+    if (!motion) {
+        return nullptr;
+    }
     SFreePacking turned = items.Packing();
     for (size_t i = 0; i < turned.m_Placed.size(); ++i) {
-        turned.m_Placed[i].m_Degrees = motion.m_Degrees[i];
+        turned.m_Placed[i].m_Degrees = motion->m_Degrees[i];
     }
     auto pNext = std::make_unique<CLaidItems>(m_Problem, std::move(turned));
     if (!pNext->CanLie()) {
@@ -170,7 +177,7 @@ std::unique_ptr<CTurner::CLaidItems> CTurner::Turn(const CLaidItems& items, doub
     }
     std::vector<SPlace> places = pNext->Places();
     for (size_t i = 0; i < places.size(); ++i) {
-        places[i].m_At = motion.m_Places[i].m_At;
+        places[i].m_At = motion->m_Places[i].m_At;
     }
     const bool bLaid = Compact(*pNext, std::move(places));
     const auto height = static_cast<double>(items.Packing().m_nHeight);

@@ -18,7 +18,8 @@ class CTurner {
 public:
     CTurner(const CPackProblem& problem, CStepCounter& steps);
 
-    /// Takes a step for each program. Gives up early what does not come near a height.
+    /// Takes a step for each program, of which many items have several at a time. Gives up early what does
+    /// not come near a height.
     /// @param packing valid.
     /// @param nKnown a height that has been reached.
     /// @return a lower packing, valid, in any turns; nothing where none was found.
@@ -33,7 +34,7 @@ private:
         std::vector<double> m_Degrees;
     };
 
-    [[nodiscard]] SMotion FindMotion(const CLaidItems& items, double turn) const;
+    [[nodiscard]] std::optional<SMotion> FindMotion(const CLaidItems& items, double turn) const;
     [[nodiscard]] std::unique_ptr<CLaidItems> Turn(const CLaidItems& items, double turn) const;
     [[nodiscard]] bool Compact(CLaidItems& items, std::vector<SPlace> places) const;
     [[nodiscard]] bool IsHopeless(const CLaidItems& items, int nPrograms, int64_t nKnown) const;

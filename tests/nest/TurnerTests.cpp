@@ -134,7 +134,7 @@ TEST_F(Turner, LowersMoreThanFourHundredItems) {
         lying.push_back({0, i % 2 == 0 ? 3.0 : 357.0, {5.5 + 11.0 * (i % 24), 5.5 + 11.0 * (i / 24)}});
     }
     const std::optional<SFreePacking> lowered =
-        Lowered({AtAnyAngle(Copies(SQUARE, 408))}, {264.0, 0.0, 0.0}, lying, 8);
+        Lowered({AtAnyAngle(Copies(SQUARE, 408))}, {264.0, 0.0, 0.0}, lying, 24);
     EXPECT_LT(HeightOf(lowered), 17 * 11.0 - 2.0);
 }
 
