@@ -20,6 +20,7 @@ file(GLOB nestrix_manuals CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/docs/*.schema.json ${PROJECT_SOURCE_DIR}/docs/pack-seeds.sbatch)
 set(nestrix_manuals_folder ${CMAKE_INSTALL_DATADIR}/doc/nestrix-batch)
 install(FILES ${nestrix_manuals} DESTINATION ${nestrix_manuals_folder} COMPONENT batch)
-install(FILES ${PROJECT_SOURCE_DIR}/docs/images/free-packing.svg
+install(FILES ${PROJECT_SOURCE_DIR}/docs/images/any-angle.svg
+              ${PROJECT_SOURCE_DIR}/docs/images/free-packing.svg
     DESTINATION ${nestrix_manuals_folder}/images COMPONENT batch)
 nestrix_papers(nestrix-batch batch)
