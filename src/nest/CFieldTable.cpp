@@ -9,6 +9,10 @@ namespace {
 /// Fields take some ten thousand bytes each: so many, less than a gigabyte.
 constexpr size_t MOST_FIELDS = 30'000;
 
+/// Where not all fit, a field has the choice of so many entries: two that are both in use, and have one
+/// entry only, would push out each other for ever.
+constexpr size_t ENTRIES_TO_CHOOSE = 8;
+
 /// Of so many versions, each two have a short cut to their field: 16 bytes a pair.
 constexpr size_t MOST_SHORT_CUT = 2'000;
 
@@ -104,18 +108,36 @@ CFieldTable::SWay CFieldTable::FindWay(size_t nMoves, size_t nStays) {
 }
 
 const CPairField& CFieldTable::FieldOf(const SRelation& relation) {
-    const SEntry* const pEntry = EntryOf(relation).load(std::memory_order_acquire);
-    return pEntry != nullptr && pEntry->m_nKey == relation.m_nKey ? pEntry->m_Field : MakeField(relation);
+    std::atomic<const SEntry*>& place = EntryOf(relation);
+    const SEntry* const pEntry = place.load(std::memory_order_acquire);
+    return pEntry != nullptr && pEntry->m_nKey == relation.m_nKey ? pEntry->m_Field
+                                                                  : MakeField(relation, place);
 }
 
-const CPairField& CFieldTable::MakeField(const SRelation& relation) {
+std::atomic<const CFieldTable::SEntry*>& CFieldTable::EntryOf(const SRelation& relation) {
+    if (m_bFitsAll) {
+        return m_Entries[relation.m_nKey];
+    }
+    const size_t nFirst = relation.m_nKey % m_Entries.size();
+    const auto entry = [&](size_t i) -> std::atomic<const SEntry*>& {
+        return m_Entries[(nFirst + i) % m_Entries.size()];
+    };
+    for (size_t i = 0; i < ENTRIES_TO_CHOOSE; ++i) {
+        const SEntry* const pEntry = entry(i).load(std::memory_order_relaxed);
+        if (pEntry == nullptr || pEntry->m_nKey == relation.m_nKey) {
+            return entry(i);
+        }
+    }
+    return entry(m_nPushedOut++ % ENTRIES_TO_CHOOSE);
+}
+
+const CPairField& CFieldTable::MakeField(const SRelation& relation, std::atomic<const SEntry*>& place) {
     const double outward = static_cast<double>(m_Problem.Strip().m_nSpacing) - m_Problem.Slack();
     auto pEntry = std::make_unique<const SEntry>(
         SEntry{relation.m_nKey, CPairField(m_Problem.Figures()[relation.m_nStays].m_Parts,
                                            Turned(m_Problem.Figures()[relation.m_nMoves].m_Parts,
                                                   m_DifferenceDegrees[relation.m_nDifference]),
                                            outward)});
-    std::atomic<const SEntry*>& place = EntryOf(relation);
     if (!m_bFitsAll) {
         m_Replaced.emplace_back(place.exchange(pEntry.get()));
         return pEntry.release()->m_Field;

@@ -105,10 +105,9 @@ private:
     }
 
     [[nodiscard]] const CPairField& FieldOf(const SRelation& relation);
-    [[nodiscard]] std::atomic<const SEntry*>& EntryOf(const SRelation& relation) {
-        return m_Entries[m_bFitsAll ? relation.m_nKey : relation.m_nKey % m_Entries.size()];
-    }
-    const CPairField& MakeField(const SRelation& relation);
+    /// Where the relation's field is, or is to come.
+    [[nodiscard]] std::atomic<const SEntry*>& EntryOf(const SRelation& relation);
+    const CPairField& MakeField(const SRelation& relation, std::atomic<const SEntry*>& place);
 
     const CPackProblem& m_Problem;
     bool m_bFitsAll;
@@ -120,6 +119,7 @@ private:
     std::vector<uint32_t> m_Differences;      ///< of turns i and k at i * m_nTurns + k
     std::vector<std::atomic<const SEntry*>> m_Entries;
     std::vector<std::unique_ptr<const SEntry>> m_Replaced;  ///< where not all fit, which is in one thread
+    size_t m_nPushedOut = 0;                                ///< how many those were so far
 };
 
 }  // namespace nestrix

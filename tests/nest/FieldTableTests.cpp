@@ -170,13 +170,17 @@ TEST(FieldTable, OfTooManyVersionsForShortCutsHasTheDepthsOfOneWithThem) {
     EXPECT_GT(nDeep, RandomCases(1000) / 4);
 }
 
-TEST(FieldTable, ThatCannotHoldAllFieldsGivesTheSameDepths) {
-    // Each figure in its own turn, all differences of which are different: far too many fields.
+/// Each figure in its own turn, all differences of which are different.
+std::vector<SPiece> SetOfFarTooManyFields() {
     std::vector<SPiece> pieces;
     for (int i = 0; i < 40; ++i) {
         pieces.push_back(support::Copies(support::LetterL(20 + 0.1 * i), 1, {0.0, 1.0 + 0.37 * i}));
     }
-    CFieldScene scene(5, std::move(pieces));
+    return pieces;
+}
+
+TEST(FieldTable, ThatCannotHoldAllFieldsGivesTheSameDepths) {
+    CFieldScene scene(5, SetOfFarTooManyFields());
     ASSERT_FALSE(CFieldTable::FitsAll(scene.Problem()));
     for (int i = 0; i < RandomCases(1000); ++i) {
         const size_t nMoves = scene.DrawVersion();
@@ -186,6 +190,26 @@ TEST(FieldTable, ThatCannotHoldAllFieldsGivesTheSameDepths) {
         const CPairField field = FieldOf(scene.Problem(), nMoves, nStays);
         ASSERT_NEAR(depth, field.DepthAt(at), ROUNDING + 1e-6 * depth);
     }
+}
+
+TEST(FieldTable, ThatCannotHoldAllFieldsKeepsTheFewInUse) {
+    CFieldScene scene(5, SetOfFarTooManyFields());
+    ASSERT_FALSE(CFieldTable::FitsAll(scene.Problem()));
+    const size_t nVersions = scene.Problem().Versions().size();
+    std::vector<const CPairField*> fields;
+    for (size_t nMoves = 0; nMoves < nVersions; ++nMoves) {
+        for (size_t nStays = 0; nStays < nMoves; ++nStays) {
+            fields.push_back(scene.Table().WayOf(nMoves, nStays).m_pField);
+        }
+    }
+    size_t nMade = 0;
+    size_t i = 0;
+    for (size_t nMoves = 0; nMoves < nVersions; ++nMoves) {
+        for (size_t nStays = 0; nStays < nMoves; ++nStays) {
+            nMade += scene.Table().WayOf(nMoves, nStays).m_pField != fields[i++] ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(nMade, 0U);
 }
 
 }  // namespace
