@@ -37,6 +37,7 @@ CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
       m_Finder(problem, fields, m_pBest->m_Places, m_Random, m_Steps),
       m_Solver(problem, fields, m_Finder, m_Steps, [this](const SSolution& packing) { (void)Take(packing); }),
       m_Walker(problem, m_Finder, m_Steps, m_Random, nWorker),
+      m_Explorer(problem, m_Finder, m_Random),
       m_nWorker(nWorker),
       m_nWorkers(limit.Workers()),
       m_nRuns(nWorker),
@@ -86,7 +87,19 @@ void CPackWorker::Improve() {
     }
     // What it takes is another object: the walk's own beginning stays.
     const std::shared_ptr<const SSolution> pPresent = m_pPresent;
-    m_Walker.Walk(*pPresent, [this](const SSolution& packing) { return Take(packing); });
+    const auto take = [this](const SSolution& packing) { return Take(packing); };
+    const uint64_t nBefore = m_Steps.Steps();
+    const bool bLate = m_Rounds.IsLate(nBefore);
+    const bool bExplores = bLate && m_nExploredMore <= 0;
+    if (bExplores) {
+        m_Explorer.Explore(*pPresent, take);
+    } else {
+        m_Walker.Walk(*pPresent, take);
+    }
+    if (bLate) {
+        const auto nSteps = static_cast<int64_t>(m_Steps.Steps() - nBefore);
+        m_nExploredMore += bExplores ? nSteps : -nSteps;
+    }
 }
 
 void CPackWorker::Squeeze() {

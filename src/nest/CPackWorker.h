@@ -5,6 +5,7 @@
 #include <span>
 
 #include "nest/CExchange.h"
+#include "nest/CExplorer.h"
 #include "nest/CIncumbent.h"
 #include "nest/CPackingFinder.h"
 #include "nest/CPuzzleSolver.h"
@@ -19,9 +20,9 @@ namespace nestrix {
 
 /// One thread of a search. The first of all tries to fit the pieces together like a puzzle. Then each makes
 /// the strip lower in large steps, as long as that succeeds, and then walks from packing to packing.
-/// It does so several times, and goes on from the best (see CRounds). Where pieces may be turned by any
-/// angle, it also lowers what it finds by turning: what comes of that is handed out, and the search goes on
-/// in its own turns.
+/// Later it also explores layouts that overlap, for half of the steps. It does so several times, and goes on
+/// from the best (see CRounds). Where pieces may be turned by any angle, it also lowers what it finds by
+/// turning: what comes of that is handed out, and the search goes on in its own turns.
 class CPackWorker {
 public:
     /// @param first a valid packing: a placement for each item.
@@ -56,11 +57,13 @@ private:
     CPackingFinder m_Finder;
     CPuzzleSolver m_Solver;
     CWalker m_Walker;
+    CExplorer m_Explorer;
     size_t m_nWorker;
     size_t m_nWorkers;
     size_t m_nRuns;  ///< afresh, or walks that went on from the best; workers count from different numbers
     uint64_t m_nNextTurn;  ///< not before so many steps
     CRounds m_Rounds;
+    int64_t m_nExploredMore = 0;           ///< steps, than it walked late in runs
     std::optional<CTurner> m_Turner;       ///< where pieces may be turned by any angle
     std::optional<SFreePacking> m_Turned;  ///< the lowest that it found
     bool m_bToTurn = false;                ///< the best of the present run

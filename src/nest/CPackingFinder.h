@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "nest/CCompactor.h"
+#include "nest/CFailures.h"
 #include "nest/CLayout.h"
 #include "nest/CSeparator.h"
 
@@ -42,6 +43,10 @@ public:
     /// overlaps, there are no others.
     [[nodiscard]] std::optional<SSolution> Find(std::span<const SPlace> places, double height,
                                                 const SEffort& effort, double lowEnough);
+
+    /// What the last search left if it found nothing low enough: of all layouts that it came through, the
+    /// one that overlapped least.
+    [[nodiscard]] SFailure Failure() { return {m_Separator.MeasureOverlap(), m_Layout.Places()}; }
 
 private:
     void Compact();

@@ -62,15 +62,15 @@ TEST(ItemMover, MovesOneOfManyItemsJustSo) {
 }
 
 /// Each two figures in each of 120 turns against each other: 120 fields for each of 276 pairs, of which the
-/// table holds 250, so that the first pairs and the last ones push out each other.
+/// table holds 250, so that the last pairs push out the first ones.
 std::vector<SPiece> SetOfTooManyFields() {
     std::vector<SPiece> pieces;
     for (int i = 0; i < 23; ++i) {
         pieces.push_back(support::Copies(support::LetterL(20.0 + 0.1 * i), 1, {0.0, 180.0}));
     }
-    pieces[10].m_Turns.m_Degrees.clear();
+    pieces[2].m_Turns.m_Degrees.clear();
     for (int i = 0; i < 120; ++i) {
-        pieces[10].m_Turns.m_Degrees.push_back(3.0 * i);
+        pieces[2].m_Turns.m_Degrees.push_back(3.0 * i);
     }
     return pieces;
 }
@@ -79,13 +79,16 @@ TEST(ItemMover, MovesItemsWhoseFieldsPushOutEachOther) {
     CMoveScene scene(SetOfTooManyFields(), STRIP, 50.0, 3);
     ASSERT_FALSE(CFieldTable::FitsAll(scene.Layout().Problem()));
     CFieldTable& fields = scene.Layout().Fields();
-    const auto fieldOf = [&](size_t nItem, size_t nOther) {
-        return fields.WayOf(scene.VersionsOf(nItem).front(), scene.VersionsOf(nOther).front()).m_pField;
+    const auto fieldOf = [&](size_t nItem, size_t nOther, size_t nTurn) {
+        return fields.WayOf(scene.VersionsOf(nItem).front(), scene.VersionsOf(nOther)[nTurn]).m_pField;
     };
-    const CPairField* const pField = fieldOf(0, 2);
-    ASSERT_EQ(fieldOf(0, 2), pField);
-    (void)fieldOf(0, 22);
-    ASSERT_NE(fieldOf(0, 2), pField) << "pushed out";
+    const CPairField* const pField = fieldOf(0, 2, 0);
+    for (size_t nTurn = 1; nTurn < 8; ++nTurn) {
+        (void)fieldOf(0, 2, nTurn);
+    }
+    ASSERT_EQ(fieldOf(0, 2, 0), pField);
+    (void)fieldOf(0, 22, 0);
+    ASSERT_NE(fieldOf(0, 2, 0), pField) << "pushed out";
     EXPECT_GT(CountGains(scene, RandomCases(300)), 20);
 }
 

@@ -63,6 +63,16 @@ TEST_F(PackingFinder, LeavesNothingOfOneSearchForTheNext) {
     EXPECT_FALSE(Find(12.0));
 }
 
+TEST_F(PackingFinder, TellsWhatIsLeftWhereItFindsNothing) {
+    ASSERT_FALSE(Find(12.0));
+    const SFailure failure = m_Finder.Failure();
+    EXPECT_LE(HeightOf(m_Problem, failure.m_Places), Units(12.0));
+    EXPECT_GT(failure.m_Overlap, 0.0);
+    CLayout layout(m_Problem, m_Fields, failure.m_Places);
+    layout.Assign(failure.m_Places, Units(12.0));
+    EXPECT_EQ(failure.m_Overlap, CSeparator(layout, m_Random, m_Steps).MeasureOverlap());
+}
+
 TEST_F(PackingFinder, EndsAtOnceWithAPackingThatIsLowEnough) {
     ASSERT_TRUE(Find(19.9));
     const uint64_t nPatient = m_Steps.Steps();

@@ -33,8 +33,19 @@ TEST(Rounds, BeginAfreshFourTimesAndGoOnForAsLong) {
     EXPECT_EQ(Course({10, 1, false}, 100'000, 16), "AsAsAsAsgggggggg");
 }
 
-TEST(Rounds, AreEachTwiceAsLongAsTheLast) {
-    EXPECT_EQ(Course({10, 1, false}, 200'000, 8 + 16 + 4), "AAAAggggAsAsAsAsggggggggAsss");
+TEST(Rounds, HaveRunsTwiceAsLongAsTheLastUpToALimit) {
+    EXPECT_EQ(Course({10, 1, false}, 200'000, 8 + 12 + 20 + 8),
+              "AAAAggggAsAsAsAsggggAsssAsssAsssAsssggggAsssAsss");
+}
+
+TEST(Rounds, AreLateWhenARunHasTakenTheStepsOfAFirstOne) {
+    CRounds rounds(10, 1, false);
+    EXPECT_EQ(rounds.Next(0), EStep::BEGIN_AFRESH);
+    EXPECT_FALSE(rounds.IsLate(199'999));
+    EXPECT_TRUE(rounds.IsLate(200'000));
+    EXPECT_EQ(rounds.Next(200'000), EStep::BEGIN_AFRESH);
+    EXPECT_FALSE(rounds.IsLate(399'999));
+    EXPECT_TRUE(rounds.IsLate(1'000'000));
 }
 
 TEST(Rounds, AreSharedByTheWorkers) {
@@ -48,7 +59,7 @@ TEST(Rounds, AreLongerWithMoreItems) {
 }
 
 TEST(Rounds, DoNotLoseARunToALongWalk) {
-    EXPECT_EQ(Course({10, 1, false}, 500'000, 9), "AAAAggggA");
+    EXPECT_EQ(Course({10, 1, false}, 500'000, 9), "AAAAggAAA");
 }
 
 TEST(Rounds, BeginOnceWhereThereIsAPackingToGoOnFrom) {
