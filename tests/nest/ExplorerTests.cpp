@@ -51,14 +51,14 @@ protected:
 };
 
 TEST_F(Explorer, FillsTheSheet) {
-    for (uint64_t nSeed = 1; nSeed <= 5; ++nSeed) {
+    for (uint64_t nSeed = 1; nSeed <= 3; ++nSeed) {
         m_Random = CRandom(nSeed);
-        EXPECT_LT(m_Problem.Grid().Length(1) * Lowest(30).m_Height, SIDE * (1.0 + LEAST_GAIN));
+        EXPECT_LT(m_Problem.Grid().Length(1) * Lowest(20).m_Height, SIDE * (1.0 + LEAST_GAIN));
     }
 }
 
 TEST_F(Explorer, FindsNothingBelowAFullSheet) {
-    const SSolution full = Lowest(30);
+    const SSolution full = Lowest(20);
     for (int i = 0; i < 3; ++i) {
         const std::optional<SSolution> found = Explore(full);
         EXPECT_FALSE(found && found->m_Height < full.m_Height);
@@ -66,7 +66,7 @@ TEST_F(Explorer, FindsNothingBelowAFullSheet) {
 }
 
 TEST_F(Explorer, BeginsAtWhatIsLeftOfAFailure) {
-    const SSolution full = Lowest(30);
+    const SSolution full = Lowest(20);
     SSolution elsewhere = full;
     std::ranges::reverse(elsewhere.m_Places);
     std::vector<double> left;
@@ -83,7 +83,7 @@ TEST_F(Explorer, BeginsAtWhatIsLeftOfAFailure) {
 TEST_F(Explorer, BeginsAtAnotherBestAsIfNothingHadFailed) {
     m_Random = CRandom(7);
     const std::optional<SSolution> fresh = Explore(m_First);
-    (void)Explore(Lowest(30));
+    (void)Explore(Lowest(20));
     m_Random = CRandom(7);
     const std::optional<SSolution> after = Explore(m_First);
     ASSERT_TRUE(fresh && after);
