@@ -42,7 +42,8 @@ CPackWorker::CPackWorker(const CPackProblem& problem, CFieldTable& fields,
       m_nWorkers(limit.Workers()),
       m_nRuns(nWorker),
       m_nNextTurn(STEPS_WITHOUT_TURNS),
-      m_Rounds(problem.Items().size(), m_nWorkers, bGoesOn) {
+      m_Schedule(problem.Items().size(), m_nWorkers, bGoesOn),
+      m_Breeder(problem, m_Finder, m_Random) {
     if (problem.HasAnyTurn()) {
         m_Turner.emplace(problem, m_Steps);
     }
@@ -54,18 +55,23 @@ void CPackWorker::Run() {
     }
     m_pFirst = m_pBest;
     while (!m_Steps.IsOver()) {
-        switch (m_Rounds.Next(m_Steps.Steps())) {
-            case CRounds::EStep::BEGIN_AFRESH:
-                BeginRun();
-                m_pPresent = m_pFirst;
-                Squeeze();
+        switch (m_Schedule.Next(m_Steps.Steps(), m_pPresent->m_Height)) {
+            case CSchedule::EStep::BEGIN_AFRESH:
+                EndRun();
+                BeginRun(std::nullopt);
                 break;
-            case CRounds::EStep::STAY:
+            case CSchedule::EStep::STAY:
                 break;
-            case CRounds::EStep::GO_ON:
-                BeginRun();
+            case CSchedule::EStep::GO_ON:
+                TryOtherTurns();
                 Learn();
                 m_pPresent = m_pBest;
+                break;
+            case CSchedule::EStep::BREED:
+                EndRun();
+                Learn();
+                m_Breeder.Enter(*m_pBest);
+                BeginRun(m_Breeder.Breed());
                 break;
         }
         Improve();
@@ -74,8 +80,24 @@ void CPackWorker::Run() {
     Learn();
 }
 
+/// @param from where to begin if not afresh.
+void CPackWorker::BeginRun(const std::optional<SSolution>& from) {
+    TryOtherTurns();
+    m_pPresent = m_pFirst;
+    if (from) {
+        (void)Take(*from);
+    }
+    Squeeze();
+}
+
+void CPackWorker::EndRun() {
+    if (m_pPresent != m_pFirst) {
+        m_Breeder.Enter(*m_pPresent);
+    }
+}
+
 /// Most pieces lie best beside others that are turned by quarters against them: few runs try more turns.
-void CPackWorker::BeginRun() {
+void CPackWorker::TryOtherTurns() {
     ++m_nRuns;
     m_Finder.TryAllVersions(m_nRuns % RUNS_OF_MAIN_TURNS == 0);
 }
@@ -89,7 +111,7 @@ void CPackWorker::Improve() {
     const std::shared_ptr<const SSolution> pPresent = m_pPresent;
     const auto take = [this](const SSolution& packing) { return Take(packing); };
     const uint64_t nBefore = m_Steps.Steps();
-    const bool bLate = m_Rounds.IsLate(nBefore);
+    const bool bLate = m_Schedule.IsLate(nBefore);
     const bool bExplores = bLate && m_nExploredMore <= 0;
     if (bExplores) {
         m_Explorer.Explore(*pPresent, take);

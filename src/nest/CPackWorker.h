@@ -4,13 +4,14 @@
 #include <optional>
 #include <span>
 
+#include "nest/CBreeder.h"
 #include "nest/CExchange.h"
 #include "nest/CExplorer.h"
 #include "nest/CIncumbent.h"
 #include "nest/CPackingFinder.h"
 #include "nest/CPuzzleSolver.h"
 #include "nest/CRandom.h"
-#include "nest/CRounds.h"
+#include "nest/CSchedule.h"
 #include "nest/CStepCounter.h"
 #include "nest/CTurner.h"
 #include "nest/CWalker.h"
@@ -20,9 +21,9 @@ namespace nestrix {
 
 /// One thread of a search. The first of all tries to fit the pieces together like a puzzle. Then each makes
 /// the strip lower in large steps, as long as that succeeds, and then walks from packing to packing.
-/// Later it also explores layouts that overlap, for half of the steps. It does so several times, and goes on
-/// from the best (see CRounds). Where pieces may be turned by any angle, it also lowers what it finds by
-/// turning: what comes of that is handed out, and the search goes on in its own turns.
+/// Later it also explores layouts that overlap, for half of the steps. It does so again and again, afresh or
+/// with two packings crossed (see CSchedule). Where pieces may be turned by any angle, it also lowers what it
+/// finds by turning: what comes of that is handed out, and the search goes on in its own turns.
 class CPackWorker {
 public:
     /// @param first a valid packing: a placement for each item.
@@ -39,7 +40,9 @@ public:
 
 private:
     void Improve();
-    void BeginRun();
+    void BeginRun(const std::optional<SSolution>& from);
+    void EndRun();
+    void TryOtherTurns();
     void Squeeze();
     bool Take(const SSolution& found);
     bool Keep(const SSolution& found);
@@ -62,7 +65,8 @@ private:
     size_t m_nWorkers;
     size_t m_nRuns;  ///< afresh, or walks that went on from the best; workers count from different numbers
     uint64_t m_nNextTurn;  ///< not before so many steps
-    CRounds m_Rounds;
+    CSchedule m_Schedule;
+    CBreeder m_Breeder;
     int64_t m_nExploredMore = 0;           ///< steps, than it walked late in runs
     std::optional<CTurner> m_Turner;       ///< where pieces may be turned by any angle
     std::optional<SFreePacking> m_Turned;  ///< the lowest that it found
