@@ -15,7 +15,7 @@ namespace nestrix {
 
 namespace {
 
-char const* const FOOTER =
+char const* const BEST_FOOTER =
     "The first valid packing says what the job is; what is not valid, or of another job, is refused.\n"
     "Exit status: 0 all were compared; 1 one was refused, or the best could not be written; 2 bad options\n"
     "or a file that is no packing. The best of the others is written all the same.";
@@ -28,7 +28,7 @@ struct SBestOptions {
 std::optional<int> Parse(const std::vector<std::string>& words, SBestOptions& options) {
     CLI::App app("Certifies packings of one job, tells them by height, and writes the best.",
                  "nestrix-batch best");
-    LayHelpOut(app, FOOTER);
+    LayHelpOut(app, BEST_FOOTER);
     AddFiles(app, "PACKING", options.m_Files, "packings as JSON, this program's or others'")->required();
     AddOutputOptions(app, "a table with a line for each packing", options.m_Outputs);
     return ParseWords(app, words);

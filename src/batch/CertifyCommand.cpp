@@ -15,13 +15,13 @@ namespace nestrix {
 
 namespace {
 
-char const* const FOOTER =
+char const* const CERTIFY_FOOTER =
     "Exit status: 0 all packings are valid; 1 one of them is not; 2 bad options or a file that is no "
     "packing.";
 
 std::optional<int> Parse(const std::vector<std::string>& words, std::vector<std::string>& files) {
     CLI::App app("Tells whether packings are valid, in exact arithmetic.", "nestrix-batch certify");
-    LayHelpOut(app, FOOTER);
+    LayHelpOut(app, CERTIFY_FOOTER);
     AddFiles(app, "PACKING", files, "packings as JSON, this program's or others'")->required();
     return ParseWords(app, words);
 }

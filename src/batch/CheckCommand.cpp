@@ -15,7 +15,7 @@ namespace nestrix {
 
 namespace {
 
-char const* const FOOTER =
+char const* const CHECK_FOOTER =
     "Each line is \"file:line: message\". Exit status: 0 nothing is wrong; 1 something is wrong or odd;\n"
     "2 bad options.";
 
@@ -27,7 +27,7 @@ struct SCheckOptions {
 
 std::optional<int> Parse(const std::vector<std::string>& words, SCheckOptions& options) {
     CLI::App app("Tells what is wrong or odd about pieces.", "nestrix-batch check");
-    LayHelpOut(app, FOOTER);
+    LayHelpOut(app, CHECK_FOOTER);
     AddInputOptions(app, options.m_Inputs);
     app.add_flag("--quiet", options.m_bQuiet, "nothing about what is right");
     AddStripOptions(app, options.m_Strip, "What they must fit");

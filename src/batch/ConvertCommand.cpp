@@ -23,7 +23,7 @@ namespace nestrix {
 
 namespace {
 
-char const* const FOOTER =
+char const* const CONVERT_FOOTER =
     "Formats: pol (a file for each piece), svg, dxf, json (a packing instance in the published form, with\n"
     "quantities and turns). Into a folder there is a file for each input file.";
 
@@ -107,7 +107,7 @@ const STargetFormat* FormatOf(const SConvertOptions& options) {
 
 std::optional<int> Parse(const std::vector<std::string>& words, SConvertOptions& options) {
     CLI::App app("Writes pieces in another format.", "nestrix-batch convert");
-    LayHelpOut(app, FOOTER);
+    LayHelpOut(app, CONVERT_FOOTER);
     AddInputOptions(app, options.m_Inputs);
     AddFile(app, "--to", options.m_To, "FILE.pol, FILE.svg, FILE.dxf, FILE.json, or a folder")->required();
     app.add_option("--format", options.m_Format, "of files in a folder: pol, svg, dxf or json")

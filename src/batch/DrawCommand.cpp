@@ -22,7 +22,7 @@ namespace nestrix {
 
 namespace {
 
-char const* const FOOTER =
+char const* const DRAW_FOOTER =
     "Pieces are drawn with their lower profiles (front) in red and their upper ones (back) in blue, on one\n"
     "sheet, or in a folder one sheet for each file; each packing is a picture of its own.";
 
@@ -41,7 +41,7 @@ std::string ExtensionFor(const SDrawOptions& options, const CTargets& targets) {
 
 std::optional<int> Parse(const std::vector<std::string>& words, SDrawOptions& options) {
     CLI::App app("Draws pieces with their profiles, or packings, as SVG or PNG.", "nestrix-batch draw");
-    LayHelpOut(app, FOOTER);
+    LayHelpOut(app, DRAW_FOOTER);
     AddInputOptions(app, options.m_Inputs);
     AddFile(app, "--to", options.m_To, "FILE.svg, FILE.png, or a folder")->required();
     app.add_option("--format", options.m_Format, "of files in a folder: svg (the default) or png")
